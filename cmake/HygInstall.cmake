@@ -1,0 +1,22 @@
+# Installation: executables and the product's data side by side, as the program expects to find them.
+set(HYG_INSTALL_ROOT lib/hygrion)
+set(HYG_DATA DB_materials DB_climate DB_templates examples)
+foreach(data IN LISTS HYG_DATA)
+  if(EXISTS "${CMAKE_SOURCE_DIR}/${data}")
+    add_custom_target(data_${data} ALL
+      COMMAND ${CMAKE_COMMAND} -E copy_directory "${CMAKE_SOURCE_DIR}/${data}" "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${data}")
+    install(DIRECTORY ${data} DESTINATION ${HYG_INSTALL_ROOT})
+  endif()
+endforeach()
+install(FILES README.md LICENSE CHANGELOG.md DESTINATION share/doc/hygrion)
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME hygrion)
+set(CPACK_PACKAGE_CONTACT "Hygrion maintainers <maintainers@hygrion.example>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${PROJECT_DESCRIPTION}")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_DEBIAN_PACKAGE_SECTION science)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+include(CPack)

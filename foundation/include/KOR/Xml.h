@@ -1,0 +1,103 @@
+#pragma once
+
+#include <KOR/Exception.h>
+
+#include <tinyxml.h>
+
+#include <functional>
+#include <initializer_list>
+#include <optional>
+#include <string>
+#include <string_view>
+
+/// What all readers and writers of XML share. Input is hostile until checked; TinyXML sees only what passed.
+namespace KOR::xml {
+
+/// Bounds within which TinyXML is safe: it recurses per level and is quadratic in depth and attributes.
+inline constexpr std::size_t MAX_FILE_SIZE = 64u << 20;
+inline constexpr std::size_t MAX_DEPTH = 100;
+inline constexpr std::size_t MAX_ATTRIBUTES = 256;
+
+/// Refuses what TinyXML must not see: invalid UTF-8, NUL characters, a document type definition, more than one root,
+/// too deep, too many attributes, unterminated tags and comments, more than MAX_FILE_SIZE bytes.
+/// Throws "Error in XML file, line %1: ..." ("[KOR::xml::check]").
+void check(std::string_view content);
+
+/// The line (from 1) and the reason of a failed parse.
+struct ParseError {
+    int line = 0;
+    std::string description;
+};
+
+/// Checks and parses \p content. On failure nothing is in \p document and the error is returned.
+std::optional<ParseError> parse(const std::string & content, TiXmlDocument & document);
+
+/// The offset just behind the end tag of the first element \p name below the root (0 when there is none within
+/// \p content), found without parsing the rest. For reading the head of a large file.
+std::size_t endOfSection(std::string_view content, std::string_view name);
+
+/// The document as text, with declaration, indented by two blanks, character references intact.
+std::string print(const TiXmlDocument & document);
+
+/// "Error in XML file, line 14: " and the message.
+std::string withLine(const TiXmlElement & element, std::string_view message);
+
+/// The element's text, trimmed; empty if there is none.
+std::string text(const TiXmlElement & element);
+
+/// The attribute's value or nothing.
+std::optional<std::string> attribute(const TiXmlElement & element, const char * name);
+
+/// Sets an attribute to a UTF-8 text of any content.
+void setAttribute(TiXmlElement & element, const std::string & name, std::string_view value);
+/// Appends \<name\>text\</name\> and returns it.
+TiXmlElement & appendText(TiXmlElement & parent, const std::string & name, std::string_view text);
+TiXmlElement & appendElement(TiXmlElement & parent, const std::string & name);
+void appendComment(TiXmlElement & parent, const std::string & text);
+
+/// The texts of one element's reader, the system's own. An empty one is not used.
+struct ElementTexts {
+    std::string_view where;       ///< function identifier of the reader
+    std::string_view missingAttr; ///< %1 = the attribute
+    std::string_view unknownTag;  ///< %1 = the child's name
+    std::string_view wrapping;    ///< chained above every fault in the element
+};
+
+/// Reads one element: its attributes, its text, its children by name. Faults carry the element's line.
+class ElementReader {
+public:
+    struct Child {
+        std::string_view name;
+        std::function<void(const TiXmlElement &)> read;
+    };
+
+    ElementReader(const TiXmlElement & element, const ElementTexts & texts) : m_element(element), m_texts(texts) {}
+
+    const TiXmlElement & element() const { return m_element; }
+    /// The attribute's value. Throws missingAttr.
+    std::string attribute(const char * name) const;
+    /// The element's text, trimmed.
+    std::string text() const { return xml::text(m_element); }
+    /// Hands each child element to the row of its name. Throws unknownTag for a child that has no row.
+    void children(std::initializer_list<Child> rows) const;
+    /// Throws the message with the element's line and the reader's identifier.
+    [[noreturn]] void fail(std::string message) const { fail(m_element, std::move(message)); }
+    [[noreturn]] void fail(const TiXmlElement & at, const std::string & message) const;
+
+private:
+    const TiXmlElement & m_element;
+    const ElementTexts & m_texts;
+};
+
+/// Runs \p body with a reader for the element; chains the element's wrapping text above every fault.
+template <typename Body> void readElement(const TiXmlElement & element, const ElementTexts & texts, Body && body) {
+    try {
+        body(ElementReader(element, texts));
+    } catch (const Exception & ex) {
+        if (texts.wrapping.empty())
+            throw;
+        throw Exception(ex, std::string(texts.wrapping), std::string(texts.where));
+    }
+}
+
+} // namespace KOR::xml
