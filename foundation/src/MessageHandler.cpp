@@ -28,7 +28,7 @@ std::string timeStamp() {
     const std::time_t now = std::time(nullptr);
     std::tm local{};
     if (localtime_r(&now, &local) == nullptr)
-        return "????-??-?? ??:??:??";
+        return "(no local time)";
     std::array<char, 32> buffer{};
     const std::size_t length = std::strftime(buffer.data(), buffer.size(), "%Y-%m-%d %H:%M:%S", &local);
     return {buffer.data(), length};

@@ -14,12 +14,17 @@ namespace KOR {
 std::string formatText(std::string_view pattern, std::initializer_list<std::string> arguments);
 
 namespace detail {
-inline std::string argument(std::string_view text) { return std::string(text); }
-inline std::string argument(const char * text) { return text; }
-inline std::string argument(const std::string & text) { return text; }
+inline std::string argument(std::string_view text) {
+    return std::string(text);
+}
+inline std::string argument(const char * text) {
+    return text;
+}
+inline std::string argument(const std::string & text) {
+    return text;
+}
 template <typename Number>
-    requires std::is_arithmetic_v<Number>
-std::string argument(Number value) {
+requires std::is_arithmetic_v<Number> std::string argument(Number value) {
     return toString(value);
 }
 } // namespace detail

@@ -17,8 +17,7 @@ std::string toString(double value);
 std::string toString(double value, int digits);
 
 template <typename Integer>
-    requires std::is_integral_v<Integer>
-std::string toString(Integer value) {
+requires std::is_integral_v<Integer> std::string toString(Integer value) {
     return std::to_string(value);
 }
 
@@ -27,8 +26,7 @@ std::optional<double> parseDouble(std::string_view text);
 
 /// An integer that fills the whole text (blanks around it are skipped) and fits the type, else nothing.
 template <typename Integer>
-    requires std::is_integral_v<Integer>
-std::optional<Integer> parseInteger(std::string_view text) {
+requires std::is_integral_v<Integer> std::optional<Integer> parseInteger(std::string_view text) {
     const std::size_t first = text.find_first_not_of(" \t\r\n");
     if (first == std::string_view::npos)
         return std::nullopt;

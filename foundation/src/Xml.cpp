@@ -1,0 +1,125 @@
+#include <KOR/Xml.h>
+
+#include "XmlScanner.h"
+
+#include <KOR/Strings.h>
+
+#include <algorithm>
+
+namespace KOR::xml {
+
+namespace {
+
+/// TinyXML's printer passes "&#x" through as if it were a character reference. The ampersand of such a text is held
+/// by this private-use character until the document is printed.
+constexpr std::string_view REFERENCE_START = "&#x";
+constexpr std::string_view HELD_AMPERSAND = "\xEF\x9F\xBF"; // U+F7FF
+constexpr std::string_view HELD_START = "\xEF\x9F\xBF#x";
+
+std::string held(std::string_view text) {
+    return replaced(std::string(text), REFERENCE_START, HELD_START);
+}
+
+} // namespace
+
+void check(std::string_view content) {
+    if (const auto error = Scanner(content).scan())
+        throw Exception(KOR::text("Error in XML file, line %1: %2", error->line, error->description),
+                        "[KOR::xml::check]");
+}
+
+std::optional<ParseError> parse(const std::string & content, TiXmlDocument & document) {
+    static const bool keepsWhiteSpace = [] {
+        TiXmlBase::SetCondenseWhiteSpace(false);
+        return true;
+    }();
+    static_cast<void>(keepsWhiteSpace);
+    document.Clear();
+    document.ClearError();
+    if (auto error = Scanner(content).scan())
+        return error;
+    document.Parse(content.c_str(), nullptr, TIXML_ENCODING_UTF8);
+    if (!document.Error())
+        return std::nullopt;
+    ParseError error{document.ErrorRow(), document.ErrorDesc()};
+    document.Clear();
+    return error;
+}
+
+std::size_t endOfSection(std::string_view content, std::string_view name) {
+    std::size_t end = 0;
+    Scanner(content).scan([&](const Scanner::Tag & tag) {
+        if (tag.depth == 1 && tag.isEnd && tag.name == name)
+            end = tag.end;
+        return end == 0;
+    });
+    return end;
+}
+
+std::string print(const TiXmlDocument & document) {
+    TiXmlPrinter printer;
+    printer.SetIndent("  ");
+    document.Accept(&printer);
+    return replaced(printer.Str(), HELD_AMPERSAND, "&amp;");
+}
+
+std::string withLine(const TiXmlElement & element, std::string_view message) {
+    return KOR::text("Error in XML file, line %1: %2", element.Row(), message);
+}
+
+std::string text(const TiXmlElement & element) {
+    std::string whole;
+    for (const TiXmlNode * node = element.FirstChild(); node != nullptr; node = node->NextSibling())
+        if (const TiXmlText * part = node->ToText())
+            whole += part->ValueStr();
+    return std::string(trimmed(whole));
+}
+
+std::optional<std::string> attribute(const TiXmlElement & element, const char * name) {
+    if (const std::string * value = element.Attribute(std::string(name)))
+        return *value;
+    return std::nullopt;
+}
+
+void setAttribute(TiXmlElement & element, const std::string & name, std::string_view value) {
+    element.SetAttribute(name, held(value));
+}
+
+TiXmlElement & appendElement(TiXmlElement & parent, const std::string & name) {
+    // LinkEndChild takes ownership.
+    return *parent.LinkEndChild(new TiXmlElement(name))->ToElement();
+}
+
+TiXmlElement & appendText(TiXmlElement & parent, const std::string & name, std::string_view text) {
+    TiXmlElement & element = appendElement(parent, name);
+    if (!text.empty())
+        element.LinkEndChild(new TiXmlText(held(text)));
+    return element;
+}
+
+void appendComment(TiXmlElement & parent, const std::string & text) {
+    parent.LinkEndChild(new TiXmlComment((' ' + text + ' ').c_str()));
+}
+
+std::string ElementReader::attribute(const char * name) const {
+    if (auto value = xml::attribute(m_element, name))
+        return *value;
+    fail(KOR::text(m_texts.missingAttr, name));
+}
+
+void ElementReader::children(std::initializer_list<Child> rows) const {
+    for (const TiXmlElement * child = m_element.FirstChildElement(); child != nullptr;
+         child = child->NextSiblingElement()) {
+        const auto row = std::find_if(rows.begin(), rows.end(),
+                                      [child](const Child & known) { return known.name == child->ValueStr(); });
+        if (row == rows.end())
+            fail(*child, KOR::text(m_texts.unknownTag, child->ValueStr()));
+        row->read(*child);
+    }
+}
+
+void ElementReader::fail(const TiXmlElement & at, const std::string & message) const {
+    throw Exception(withLine(at, message), std::string(m_texts.where));
+}
+
+} // namespace KOR::xml

@@ -1,0 +1,219 @@
+#include "XmlScanner.h"
+
+#include <KOR/Strings.h>
+
+#include <algorithm>
+#include <charconv>
+
+namespace KOR::xml {
+
+namespace {
+
+bool isNameStart(char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || (static_cast<unsigned char>(c) & 0x80) != 0;
+}
+
+bool isNameCharacter(char c) {
+    return isNameStart(c) || (c >= '0' && c <= '9') || c == '-' || c == '.' || c == ':';
+}
+
+bool isBlank(char c) {
+    return c == ' ' || c == '\t' || c == '\n' || c == '\r';
+}
+
+} // namespace
+
+std::optional<ParseError> Scanner::scan(const Visitor & visitor) {
+    const auto lineAt = [this](std::size_t offset) {
+        offset = std::min(offset, m_content.size());
+        return 1 + static_cast<int>(std::count(m_content.data(), m_content.data() + offset, '\n'));
+    };
+    try {
+        if (m_content.size() > MAX_FILE_SIZE)
+            fail(KOR::text("The file is larger than %1 MiB.", MAX_FILE_SIZE >> 20));
+        if (const std::size_t nul = m_content.find('\0'); nul != std::string_view::npos) {
+            m_at = nul;
+            fail("The file holds a NUL character, it is not a text file in UTF-8.");
+        }
+        if (!visitor) // a head that is cut anywhere may end inside a character
+            if (const std::size_t valid = validUtf8Length(m_content); valid != m_content.size()) {
+                m_at = valid;
+                fail("The file holds bytes that are not UTF-8, it is damaged or in another encoding.");
+            }
+        if (startsWith("\xEF\xBB\xBF"))
+            m_at = 3;
+        if (startsWith("<?"))
+            readDeclaration();
+        while (m_at < m_content.size())
+            if (!step(visitor))
+                return std::nullopt;
+        if (!m_open.empty())
+            fail(KOR::text("The file ends inside of element '%1'.", m_open.back()));
+        if (!m_hasRoot)
+            fail("The file has no root element.");
+    } catch (const Exception & ex) {
+        return ParseError{lineAt(m_at), ex.message()};
+    }
+    return std::nullopt;
+}
+
+bool Scanner::step(const Visitor & visitor) {
+    if (m_content[m_at] != '<') {
+        readText();
+        return true;
+    }
+    if (startsWith("<!--"))
+        skipComment();
+    else if (startsWith("<![CDATA["))
+        skipCharacterData();
+    else if (startsWith("<!"))
+        fail("Document type definitions are not accepted.");
+    else if (startsWith("<?"))
+        fail("Processing instructions are not accepted.");
+    else if (startsWith("</"))
+        return readEndTag(visitor);
+    else
+        return readStartTag(visitor);
+    return true;
+}
+
+void Scanner::readDeclaration() {
+    const std::size_t start = m_at;
+    skipPast("?>", "The XML declaration is not closed.");
+    const std::string_view declaration = m_content.substr(start, m_at - start);
+    if (!declaration.starts_with("<?xml ") || std::count(declaration.begin(), declaration.end(), '>') != 1)
+        fail("The XML declaration is malformed.");
+    const std::size_t encoding = declaration.find("encoding");
+    if (encoding == std::string_view::npos)
+        return;
+    const std::string name = lowered(declaration.substr(encoding));
+    if (name.find("utf-8") == std::string::npos && name.find("ascii") == std::string::npos)
+        fail("The file declares an encoding other than UTF-8.");
+}
+
+void Scanner::skipComment() {
+    m_at += 4;
+    skipPast("-->", "A comment is not closed.");
+}
+
+void Scanner::skipCharacterData() {
+    if (m_open.empty())
+        fail("Character data outside of the root element.");
+    m_at += 9;
+    skipPast("]]>", "A CDATA section is not closed.");
+}
+
+void Scanner::readText() {
+    const std::size_t end = std::min(m_content.find('<', m_at), m_content.size());
+    if (m_open.empty()) {
+        for (; m_at < end; ++m_at)
+            if (!isBlank(m_content[m_at]))
+                fail("Text outside of the root element.");
+        return;
+    }
+    for (std::size_t at = m_content.find('&', m_at); at < end; at = m_content.find('&', at + 1))
+        checkReference(at);
+    m_at = end;
+}
+
+bool Scanner::readEndTag(const Visitor & visitor) {
+    m_at += 2;
+    const std::string_view name = readName();
+    skipBlanks();
+    if (!startsWith(">"))
+        fail(KOR::text("The end tag of element '%1' is not closed.", name));
+    ++m_at;
+    if (m_open.empty() || m_open.back() != name)
+        fail(KOR::text("The end tag '%1' does not match the start tag '%2'.", name,
+                       m_open.empty() ? std::string_view() : m_open.back()));
+    m_open.pop_back();
+    return !visitor || visitor({name, m_open.size(), true, m_at});
+}
+
+bool Scanner::readStartTag(const Visitor & visitor) {
+    const std::size_t start = m_at++;
+    const std::string_view name = readName();
+    if (m_open.empty() && m_hasRoot) {
+        m_at = start;
+        fail(KOR::text("A second root element '%1'.", name));
+    }
+    m_hasRoot = true;
+    for (std::size_t attributes = 0;; ++attributes) {
+        skipBlanks();
+        if (startsWith(">") || startsWith("/>"))
+            break;
+        if (attributes == MAX_ATTRIBUTES)
+            fail(KOR::text("Element '%1' has more than %2 attributes.", name, MAX_ATTRIBUTES));
+        readAttribute();
+    }
+    const bool isEmpty = m_content[m_at] == '/';
+    m_at += isEmpty ? 2 : 1;
+    const std::size_t depth = m_open.size();
+    if (depth == MAX_DEPTH)
+        fail(KOR::text("Elements are nested deeper than %1 levels.", MAX_DEPTH));
+    if (visitor && !visitor({name, depth, false, m_at}))
+        return false;
+    if (!isEmpty)
+        m_open.push_back(name);
+    else if (visitor)
+        return visitor({name, depth, true, m_at});
+    return true;
+}
+
+void Scanner::readAttribute() {
+    const std::string_view name = readName();
+    skipBlanks();
+    if (!startsWith("="))
+        fail(KOR::text("Attribute '%1' has no value.", name));
+    ++m_at;
+    skipBlanks();
+    if (!startsWith("\"") && !startsWith("'"))
+        fail(KOR::text("The value of attribute '%1' is not quoted.", name));
+    const std::size_t end = m_content.find(m_content[m_at], m_at + 1);
+    if (end == std::string_view::npos)
+        fail(KOR::text("The value of attribute '%1' is not closed.", name));
+    for (std::size_t at = m_content.find('&', m_at); at < end; at = m_content.find('&', at + 1))
+        checkReference(at);
+    m_at = end + 1;
+}
+
+void Scanner::checkReference(std::size_t at) const {
+    const std::string_view rest = m_content.substr(at + 1, 12);
+    for (const std::string_view known : {"amp;", "lt;", "gt;", "quot;", "apos;"})
+        if (rest.starts_with(known))
+            return;
+    const bool isHex = rest.starts_with("#x");
+    const std::string_view digits = rest.substr(std::min<std::size_t>(isHex ? 2 : 1, rest.size()));
+    unsigned long code = 0;
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), code, isHex ? 16 : 10);
+    if (!rest.starts_with('#') || error != std::errc{} || end == digits.data() + digits.size() || *end != ';' ||
+        code == 0 || code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF))
+        fail(KOR::text("Malformed character reference '&%1'.", rest.substr(0, validUtf8Length(rest))));
+}
+
+std::string_view Scanner::readName() {
+    const std::size_t start = m_at;
+    if (m_at >= m_content.size() || !isNameStart(m_content[m_at]))
+        fail("A name is missing or malformed.");
+    while (m_at < m_content.size() && isNameCharacter(m_content[m_at]))
+        ++m_at;
+    return m_content.substr(start, m_at - start);
+}
+
+void Scanner::skipBlanks() {
+    while (m_at < m_content.size() && isBlank(m_content[m_at]))
+        ++m_at;
+}
+
+void Scanner::skipPast(std::string_view mark, const char * description) {
+    const std::size_t found = m_content.find(mark, m_at);
+    if (found == std::string_view::npos)
+        fail(description);
+    m_at = found + mark.size();
+}
+
+void Scanner::fail(std::string description) const {
+    throw Exception(std::move(description), "[KOR::xml::Scanner]");
+}
+
+} // namespace KOR::xml
