@@ -23,10 +23,10 @@ std::size_t Version::read(std::istream & in, std::span<const Magic> magics) {
         *this = fromWord(read_binary<std::uint32_t>(in));
         return found;
     }
-    std::array<char, 8> versionText{};
+    std::array<char, TEXT_LENGTH> versionText{};
     in.read(versionText.data(), versionText.size());
     const std::string_view given(versionText.data(), static_cast<std::size_t>(in.gcount()));
-    if (given.size() != versionText.size() || !parse(given))
+    if (!parse(given))
         throw Exception(KOR::text("Invalid version number '%1' in file header.", given), "[Version::read]");
     return found;
 }
@@ -40,17 +40,24 @@ void Version::write(std::ostream & out, const Magic & magic) const {
 }
 
 std::string Version::text() const {
-    std::string padded = std::to_string(major) + '.' + std::to_string(minor);
-    padded.resize(std::max<std::size_t>(padded.size(), 8), ' ');
-    return padded;
+    const auto digits = [](unsigned int number) {
+        std::string three = std::to_string(number);
+        return std::string(3 - three.size(), '0') + three;
+    };
+    return ' ' + digits(major) + '.' + digits(minor);
 }
 
 bool Version::parse(std::string_view given) {
-    const auto parts = split(trimmed(given), '.');
-    if (parts.size() != 2)
+    if (given.size() != TEXT_LENGTH)
         return false;
-    const auto majorNumber = parseInteger<std::uint8_t>(parts[0]);
-    const auto minorNumber = parseInteger<std::uint8_t>(parts[1]);
+    const auto number = [&given](std::size_t at) -> std::optional<std::uint8_t> {
+        const std::string_view digits = given.substr(at, 3);
+        if (digits.find_first_not_of("0123456789") != std::string_view::npos)
+            return std::nullopt;
+        return parseInteger<std::uint8_t>(digits);
+    };
+    const auto majorNumber = number(1);
+    const auto minorNumber = number(5);
     if (!majorNumber || !minorNumber)
         return false;
     major = *majorNumber;

@@ -9,7 +9,7 @@
 namespace KOR {
 
 /// The version in the head of a container file: four magic bytes, "RLZ!", the version.
-/// Binary files hold a 32-bit word (major in the low byte, minor in the next), text files eight characters "   6.1  ".
+/// Binary files hold a 32-bit word (major in the low byte, minor in the next), text files eight characters " 006.001".
 struct Version {
     std::uint8_t major = 0;
     std::uint8_t minor = 0;
@@ -28,9 +28,10 @@ struct Version {
     static Version fromWord(std::uint32_t word) {
         return {static_cast<std::uint8_t>(word & 0xFF), static_cast<std::uint8_t>((word >> 8) & 0xFF)};
     }
-    /// Eight characters, "6.1" padded with blanks.
+    static constexpr std::size_t TEXT_LENGTH = 8;
+    /// " 006.001": two fields of four characters, each a mark and three digits.
     std::string text() const;
-    /// Major and minor number of "6.1"; false if the text is none.
+    /// Reads the last three characters of each field; false (and unchanged) if they are no numbers.
     bool parse(std::string_view text);
 
     friend auto operator<=>(const Version &, const Version &) = default;
