@@ -111,8 +111,7 @@ void Scanner::readText() {
                 fail("Text outside of the root element.");
         return;
     }
-    for (std::size_t at = m_content.find('&', m_at); at < end; at = m_content.find('&', at + 1))
-        checkReference(at);
+    checkReferences(m_at, end);
     m_at = end;
 }
 
@@ -172,9 +171,15 @@ void Scanner::readAttribute() {
     const std::size_t end = m_content.find(m_content[m_at], m_at + 1);
     if (end == std::string_view::npos)
         fail(KOR::text("The value of attribute '%1' is not closed.", name));
-    for (std::size_t at = m_content.find('&', m_at); at < end; at = m_content.find('&', at + 1))
-        checkReference(at);
+    checkReferences(m_at, end);
     m_at = end + 1;
+}
+
+void Scanner::checkReferences(std::size_t start, std::size_t end) const {
+    // Searched within the text only: a search that runs on to the next '&' of the file costs time quadratic in its size.
+    const std::string_view part = m_content.substr(start, end - start);
+    for (std::size_t at = part.find('&'); at != std::string_view::npos; at = part.find('&', at + 1))
+        checkReference(start + at);
 }
 
 void Scanner::checkReference(std::size_t at) const {

@@ -34,6 +34,7 @@ private:
     void skipCharacterData();
     void readText();
     void readAttribute();
+    void checkReferences(std::size_t start, std::size_t end) const;
     void checkReference(std::size_t at) const;
     std::string_view readName();
     void skipBlanks();
