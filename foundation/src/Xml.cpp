@@ -16,6 +16,8 @@ constexpr std::string_view REFERENCE_START = "&#x";
 constexpr std::string_view HELD_AMPERSAND = "\xEF\x9F\xBF"; // U+F7FF
 constexpr std::string_view HELD_START = "\xEF\x9F\xBF#x";
 
+constexpr std::string_view LINE_PREFIX = "Error in XML file, line ";
+
 std::string held(std::string_view text) {
     return replaced(std::string(text), REFERENCE_START, HELD_START);
 }
@@ -67,6 +69,23 @@ std::string withLine(const TiXmlElement & element, std::string_view message) {
     return KOR::text("Error in XML file, line %1: %2", element.Row(), message);
 }
 
+Exception located(const TiXmlElement & element, const Exception & failure) {
+    if (failure.cause().starts_with(LINE_PREFIX))
+        return failure;
+    const auto & chain = failure.chain();
+    Exception result(withLine(element, failure.cause()), chain.front().where);
+    for (std::size_t i = 1; i < chain.size(); ++i)
+        result = Exception(result, chain[i].message, chain[i].where);
+    return result;
+}
+
+void throwWrapped(const TiXmlElement & element, const ElementTexts & texts, const Exception & failure) {
+    const Exception cause = located(element, failure);
+    if (texts.wrapping.empty())
+        throw cause;
+    throw Exception(cause, std::string(texts.wrapping), std::string(texts.where));
+}
+
 std::string text(const TiXmlElement & element) {
     std::string whole;
     for (const TiXmlNode * node = element.FirstChild(); node != nullptr; node = node->NextSibling())
@@ -114,7 +133,21 @@ void ElementReader::children(std::initializer_list<Child> rows) const {
                                       [child](const Child & known) { return known.name == child->ValueStr(); });
         if (row == rows.end())
             fail(*child, KOR::text(m_texts.unknownTag, child->ValueStr()));
-        row->read(*child);
+        readChild(*child, *row);
+    }
+}
+
+void ElementReader::readChild(const TiXmlElement & child, const Child & row) const {
+    try {
+        row.read(child);
+    } catch (const Exception & ex) {
+        const Exception cause = located(child, ex);
+        const std::string where(m_texts.where);
+        if (!m_texts.inChildCause.empty() && !ex.message().empty())
+            throw Exception(cause, KOR::text(m_texts.inChildCause, cause.message(), row.name), where);
+        if (!m_texts.inChild.empty())
+            throw Exception(cause, KOR::text(m_texts.inChild, row.name), where);
+        throw cause;
     }
 }
 

@@ -42,6 +42,9 @@ std::string print(const TiXmlDocument & document);
 /// "Error in XML file, line 14: " and the message.
 std::string withLine(const TiXmlElement & element, std::string_view message);
 
+/// The failure with the element's line in its innermost message, unless that names a line already.
+Exception located(const TiXmlElement & element, const Exception & failure);
+
 /// The element's text, trimmed; empty if there is none.
 std::string text(const TiXmlElement & element);
 
@@ -57,10 +60,12 @@ void appendComment(TiXmlElement & parent, const std::string & text);
 
 /// The texts of one element's reader, the system's own. An empty one is not used.
 struct ElementTexts {
-    std::string_view where;       ///< function identifier of the reader
-    std::string_view missingAttr; ///< %1 = the attribute
-    std::string_view unknownTag;  ///< %1 = the child's name
-    std::string_view wrapping;    ///< chained above every fault in the element
+    std::string_view where;             ///< function identifier of the reader
+    std::string_view missingAttr;       ///< %1 = the attribute
+    std::string_view unknownTag;        ///< %1 = the child's name
+    std::string_view wrapping;          ///< chained above every fault in the element
+    std::string_view inChild = {};      ///< chained above every fault in a child; %1 = the child's name
+    std::string_view inChildCause = {}; ///< the same with the cause in front; %1 = its message, %2 = the child's name
 };
 
 /// Reads one element: its attributes, its text, its children by name. Faults carry the element's line.
@@ -78,25 +83,29 @@ public:
     std::string attribute(const char * name) const;
     /// The element's text, trimmed.
     std::string text() const { return xml::text(m_element); }
-    /// Hands each child element to the row of its name. Throws unknownTag for a child that has no row.
+    /// Hands each child element to the row of its name; chains inChild above what fails there.
+    /// Throws unknownTag for a child that has no row.
     void children(std::initializer_list<Child> rows) const;
     /// Throws the message with the element's line and the reader's identifier.
     [[noreturn]] void fail(std::string message) const { fail(m_element, std::move(message)); }
     [[noreturn]] void fail(const TiXmlElement & at, const std::string & message) const;
 
 private:
+    void readChild(const TiXmlElement & child, const Child & row) const;
+
     const TiXmlElement & m_element;
     const ElementTexts & m_texts;
 };
 
-/// Runs \p body with a reader for the element; chains the element's wrapping text above every fault.
+/// Throws the failure of an element's reader: located, with the element's wrapping text chained above.
+[[noreturn]] void throwWrapped(const TiXmlElement & element, const ElementTexts & texts, const Exception & failure);
+
+/// Runs \p body with a reader for the element; a fault gets the element's line and its wrapping text.
 template <typename Body> void readElement(const TiXmlElement & element, const ElementTexts & texts, Body && body) {
     try {
         body(ElementReader(element, texts));
     } catch (const Exception & ex) {
-        if (texts.wrapping.empty())
-            throw;
-        throw Exception(ex, std::string(texts.wrapping), std::string(texts.where));
+        throwWrapped(element, texts, ex);
     }
 }
 

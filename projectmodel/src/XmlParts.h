@@ -1,0 +1,109 @@
+#pragma once
+
+#include <HYGRION/KeywordList.h>
+#include <HYGRION/NamedSet.h>
+
+#include <KOR/Exception.h>
+#include <KOR/Xml.h>
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+#include <vector>
+
+/// What the readers and writers of the project's elements share beyond KOR::xml.
+namespace HYGRION::xml {
+
+using KOR::xml::appendElement;
+using KOR::xml::appendText;
+using KOR::xml::ElementReader;
+using KOR::xml::ElementTexts;
+using KOR::xml::readElement;
+using KOR::xml::setAttribute;
+
+/// The enumerator of a keyword. Throws \p message (the keyword list's own when empty) with the identifier \p where.
+template <typename Enum>
+Enum keyword(const TiXmlElement & at, std::string_view word, std::string_view message = {},
+             std::string_view where = {}) {
+    try {
+        return KeywordList::Enumeration<Enum>(word);
+    } catch (const KOR::Exception & ex) {
+        const KOR::Exception cause = KOR::xml::located(at, ex);
+        if (message.empty())
+            throw cause;
+        throw KOR::Exception(cause, KOR::text(message, word), std::string(where));
+    }
+}
+
+/// The enumerator of a required attribute.
+template <typename Enum> Enum keywordAttribute(const ElementReader & reader, const char * name) {
+    return keyword<Enum>(reader.element(), reader.attribute(name));
+}
+
+/// The enumerator of an element's text. Throws as keyword.
+template <typename Enum>
+Enum keywordText(const TiXmlElement & element, std::string_view message = {}, std::string_view where = {}) {
+    return keyword<Enum>(element, KOR::xml::text(element), message, where);
+}
+
+template <typename Enum> void appendKeyword(TiXmlElement & parent, const std::string & name, Enum value) {
+    appendText(parent, name, KeywordList::Keyword(value));
+}
+
+/// Refuses a second definition with the same identification name, in linear time.
+class UniqueNames {
+public:
+    void insert(const TiXmlElement & element, const std::string & name) {
+        if (!m_names.insert(name).second)
+            throw KOR::Exception(KOR::xml::withLine(element, KOR::text("Duplicate identification name '%1' in %2.",
+                                                                       name, element.Parent()->ValueStr())),
+                                 "[UniqueNames::insert]");
+    }
+
+private:
+    std::unordered_set<std::string> m_names;
+};
+
+/// Reads the children \p tag of a list element into \p items, each by its readXML.
+/// Throws "Error reading entry %1: %2 Please check line: %3." (entry number from 1, cause, line).
+template <typename Item>
+void readList(const TiXmlElement & element, std::string_view tag, std::vector<Item> & items, std::string_view where) {
+    UniqueNames names;
+    std::size_t number = 0;
+    for (const TiXmlElement * child = element.FirstChildElement(); child != nullptr;
+         child = child->NextSiblingElement()) {
+        ++number;
+        try {
+            if (child->ValueStr() != tag)
+                throw KOR::Exception(KOR::xml::withLine(*child, KOR::text("Expected element '%1' in '%2', found '%3'.",
+                                                                          tag, element.ValueStr(), child->ValueStr())),
+                                     std::string(where));
+            Item item;
+            item.readXML(*child);
+            if constexpr (requires { item.m_name; })
+                names.insert(*child, item.m_name);
+            items.push_back(std::move(item));
+        } catch (const KOR::Exception & failure) {
+            const KOR::Exception cause = KOR::xml::located(*child, failure);
+            throw KOR::Exception(cause,
+                                 cause.message().empty()
+                                     ? KOR::text("Error reading entry %1! Please check line: %2.", number, child->Row())
+                                     : KOR::text("Error reading entry %1: %2 Please check line: %3.", number,
+                                                 cause.message(), child->Row()),
+                                 std::string(where));
+        }
+    }
+}
+
+/// Appends a list element with all items; nothing for an empty list.
+template <typename Item>
+void writeList(TiXmlElement & parent, const std::string & listName, const std::vector<Item> & items) {
+    if (items.empty())
+        return;
+    TiXmlElement & list = appendElement(parent, listName);
+    for (const Item & item : items)
+        item.writeXML(list);
+}
+
+} // namespace HYGRION::xml
