@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QColor>
 #include <QMap>
 #include <QString>
@@ -21,7 +22,7 @@ namespace QtExt {
 /// own members in its constructor.
 class Settings {
 public:
-    using Target = std::variant<QString *, QStringList *, unsigned int *, int *, bool *, QColor *>;
+    using Target = std::variant<QString *, QStringList *, QByteArray *, unsigned int *, int *, bool *, QColor *>;
 
     struct Row {
         QString key;
