@@ -14,9 +14,10 @@ const KeywordCategory * KeywordTable::find(std::string_view category) const {
 
 std::string_view KeywordTable::raw(std::string_view category, int index, Column column) const {
     const KeywordCategory * found = find(category);
-    if (found == nullptr || index < 0 || static_cast<std::size_t>(index) >= found->rows.size())
-        return KEYWORD_ERROR_STRING;
-    return found->rows[static_cast<std::size_t>(index)].*column;
+    for (std::size_t row = 0; found != nullptr && row < found->rows.size(); ++row)
+        if (found->index(row) == index)
+            return found->rows[row].*column;
+    return KEYWORD_ERROR_STRING;
 }
 
 std::string KeywordTable::Keyword(std::string_view category, int index) const {
@@ -24,7 +25,7 @@ std::string KeywordTable::Keyword(std::string_view category, int index) const {
     if (found == KEYWORD_ERROR_STRING)
         throw Exception(text("Cannot determine keyword for enumeration type '%1' and index '%2'.", category, index),
                         "[KeywordList::Keyword]");
-    return std::string(found.substr(0, found.find(' ')));
+    return std::string(found.substr(0, found.find_first_of(" \t")));
 }
 
 std::string_view KeywordTable::Description(std::string_view category, int index) const {
@@ -49,11 +50,11 @@ std::optional<int> KeywordTable::match(const KeywordCategory & category, std::st
     for (std::size_t i = 0; i < category.rows.size(); ++i) {
         std::string_view rest = category.rows[i].words;
         for (std::size_t j = 0; !rest.empty(); ++j) {
-            const std::string_view word = rest.substr(0, rest.find(' '));
+            const std::string_view word = rest.substr(0, rest.find_first_of(" \t"));
             if (word == keyword) {
                 if (deprecated != nullptr)
                     *deprecated = j != 0;
-                return static_cast<int>(i);
+                return category.index(i);
             }
             rest.remove_prefix(std::min(word.size() + 1, rest.size()));
         }
@@ -79,7 +80,7 @@ int KeywordTable::MaxIndex(std::string_view category) const {
     const KeywordCategory * found = find(category);
     if (found == nullptr)
         throw Exception(text("Invalid enumeration type '%1'.", category), "[KeywordList::MaxIndex]");
-    return static_cast<int>(found->rows.size()) - 1;
+    return found->rows.empty() ? -1 : found->index(found->rows.size() - 1);
 }
 
 } // namespace KOR

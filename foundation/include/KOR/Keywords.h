@@ -14,10 +14,25 @@ struct KeywordRow {
     std::string_view unit;        ///< default unit, empty if none
 };
 
-/// All entries of one enumeration, in index order from 0.
+/// How the entries of an enumeration are numbered.
+enum class KeywordIndexing {
+    FROM_ZERO, ///< 0, 1, 2, ...
+    FROM_ONE,  ///< 1, 2, 3, ...
+    BITS       ///< 1, 2, 4, ...
+};
+
+/// All entries of one enumeration, in index order.
 struct KeywordCategory {
     std::string_view name; ///< "Class::type_t"
     std::span<const KeywordRow> rows;
+    KeywordIndexing indexing = KeywordIndexing::FROM_ZERO;
+
+    /// The index of a row.
+    constexpr int index(std::size_t row) const {
+        return indexing == KeywordIndexing::BITS       ? 1 << row
+               : indexing == KeywordIndexing::FROM_ONE ? static_cast<int>(row) + 1
+                                                       : static_cast<int>(row);
+    }
 };
 
 inline constexpr std::string_view KEYWORD_ERROR_STRING = "KEYWORD_ERROR_STRING: Invalid type index";
@@ -40,6 +55,7 @@ public:
     /// \param deprecated set to whether the match was an alternative word; may be nullptr
     int Enumeration(std::string_view category, std::string_view keyword, bool * deprecated = nullptr) const;
     bool KeywordExists(std::string_view category, std::string_view keyword) const;
+    /// The highest valid index; the last bit's value of a bit set.
     int MaxIndex(std::string_view category) const;
 
 private:
