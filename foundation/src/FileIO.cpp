@@ -1,6 +1,7 @@
 #include <KOR/FileIO.h>
 
 #include <KOR/Exception.h>
+#include <KOR/InputFile.h>
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -52,28 +53,19 @@ private:
 };
 
 std::string readOpen(const std::string & path, std::size_t size, bool wholeFile) {
-    const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-    struct stat status {};
-    if (!file.isOpen() || ::fstat(file.get(), &status) != 0)
-        throw Exception(text("Cannot open file '%1': %2", path, reason()), "[KOR::readFile]");
-    if (!S_ISREG(status.st_mode))
-        throw Exception(text("'%1' is not a regular file.", path), "[KOR::readFile]");
-    const auto length = static_cast<std::uintmax_t>(status.st_size);
+    InputFile file;
+    if (!file.open(path))
+        throw Exception(errno == EINVAL ? text("'%1' is not a regular file.", path)
+                                        : text("Cannot open file '%1': %2", path, reason()),
+                        "[KOR::readFile]");
+    const std::uint64_t length = file.size();
     if (wholeFile && length > size)
         throw Exception(text("File '%1' is larger than %2 MiB.", path, size >> 20), "[KOR::readFile]");
-    std::string content(static_cast<std::size_t>(std::min<std::uintmax_t>(length, size)), '\0');
-    std::size_t done = 0;
-    while (done < content.size()) {
-        const ssize_t got = ::read(file.get(), content.data() + done, content.size() - done);
-        if (got < 0 && errno == EINTR)
-            continue;
-        if (got < 0)
-            throw Exception(text("Cannot read file '%1': %2", path, reason()), "[KOR::readFile]");
-        if (got == 0)
-            break; // the file was cut meanwhile
-        done += static_cast<std::size_t>(got);
-    }
-    content.resize(done);
+    std::string content(static_cast<std::size_t>(std::min<std::uint64_t>(length, size)), '\0');
+    errno = 0;
+    content.resize(file.readAt(0, content)); // shorter if the file was cut meanwhile
+    if (errno != 0)
+        throw Exception(text("Cannot read file '%1': %2", path, reason()), "[KOR::readFile]");
     return content;
 }
 

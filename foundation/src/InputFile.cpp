@@ -1,0 +1,58 @@
+#include <KOR/InputFile.h>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <utility>
+
+namespace KOR {
+
+InputFile::~InputFile() {
+    close();
+}
+
+InputFile & InputFile::operator=(InputFile && other) noexcept {
+    std::swap(m_fd, other.m_fd);
+    return *this;
+}
+
+bool InputFile::open(const std::string & path) {
+    close();
+    // Without O_NONBLOCK a pipe would be waited for.
+    m_fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    struct stat status {};
+    if (m_fd >= 0 && (::fstat(m_fd, &status) != 0 || !S_ISREG(status.st_mode))) {
+        close();
+        errno = EINVAL;
+    }
+    return isOpen();
+}
+
+void InputFile::close() {
+    if (m_fd >= 0)
+        ::close(m_fd);
+    m_fd = -1;
+}
+
+std::uint64_t InputFile::size() const {
+    struct stat status {};
+    return ::fstat(m_fd, &status) == 0 ? static_cast<std::uint64_t>(status.st_size) : 0;
+}
+
+std::size_t InputFile::readAt(std::uint64_t offset, std::span<char> buffer) const {
+    std::size_t done = 0;
+    while (done < buffer.size()) {
+        const ssize_t got =
+            ::pread(m_fd, buffer.data() + done, buffer.size() - done, static_cast<off_t>(offset + done));
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got <= 0)
+            return got < 0 ? 0 : done;
+        done += static_cast<std::size_t>(got);
+    }
+    return done;
+}
+
+} // namespace KOR
