@@ -8,25 +8,25 @@
 
 namespace KOR {
 
-/// An opaque colour for display, in HTML notation "#rrggbb".
+/// A display colour, eight bits a channel.
 struct Color {
     std::uint8_t red = 0;
     std::uint8_t green = 0;
     std::uint8_t blue = 0;
+    std::uint8_t alpha = 255; ///< 255 is opaque
 
-    /// Reads "#rrggbb" or "#rgb" with digits of either case; nothing for any other text.
+    /// Reads "#rrggbb", "#rgb", "#aarrggbb" or one of the sixteen basic HTML names; case and blanks around do not matter.
+    /// Nothing for any other text.
     static std::optional<Color> fromHtml(std::string_view text);
-    /// "#rrggbb", lower case.
+    /// "#rrggbb", or "#aarrggbb" if the colour is not opaque; lower case.
     std::string html() const;
 
-    /// 0x00rrggbb
-    std::uint32_t rgb() const {
-        return static_cast<std::uint32_t>(red) << 16 | static_cast<std::uint32_t>(green) << 8 | blue;
-    }
-    static Color fromRgb(std::uint32_t rgb) {
-        return {static_cast<std::uint8_t>(rgb >> 16), static_cast<std::uint8_t>(rgb >> 8),
-                static_cast<std::uint8_t>(rgb)};
-    }
+    /// 0x00rrggbb, opaque
+    static Color fromRgb(std::uint32_t rgb) { return fromArgb(0xFF000000 | rgb); }
+    std::uint32_t rgb() const { return argb() & 0x00FFFFFF; }
+    /// 0xaarrggbb
+    static Color fromArgb(std::uint32_t argb);
+    std::uint32_t argb() const;
 
     friend auto operator<=>(const Color &, const Color &) = default;
 };
