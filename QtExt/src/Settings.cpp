@@ -254,8 +254,18 @@ void Settings::rememberAnswer(const QString & dialogId, int answer) {
 }
 
 #if __has_include(<KOR/ArgParser.h>)
-void Settings::addOptions(KOR::ArgParser &) {}
-void Settings::applyCommandLine(const KOR::ArgParser &) {}
+void Settings::addOptions(KOR::ArgParser & parser) {
+    parser.addFlag(0, "no-splash", "Disables splash screen.");
+    parser.addOption(0, "lang", "Specify the program language using a 2 character language ID.", "en;de;it;...", "en");
+}
+
+void Settings::applyCommandLine(const KOR::ArgParser & parser) {
+    m_noSplash = parser.flag("no-splash");
+    if (parser.hasOption("lang"))
+        setLangIdOfRun(QString::fromStdString(parser.option("lang")));
+    if (parser.args().size() > 1)
+        m_initialProjectFile = QString::fromStdString(parser.args()[1]);
+}
 #else
 void Settings::addOptions(KOR::ArgParser &) {}
 void Settings::applyCommandLine(const KOR::ArgParser &) {}
