@@ -1,10 +1,8 @@
 #include <QtExt/Settings.h>
 
+#include <KOR/ArgParser.h>
 #include <KOR/Exception.h>
 #include <KOR/MessageHandler.h>
-#if __has_include(<KOR/ArgParser.h>)
-#include <KOR/ArgParser.h>
-#endif
 
 #include <QDir>
 #include <QFile>
@@ -253,7 +251,6 @@ void Settings::rememberAnswer(const QString & dialogId, int answer) {
     m_rememberedAnswers[dialogId] = {true, answer};
 }
 
-#if __has_include(<KOR/ArgParser.h>)
 void Settings::addOptions(KOR::ArgParser & parser) {
     parser.addFlag(0, "no-splash", "Disables splash screen.");
     parser.addOption(0, "lang", "Specify the program language using a 2 character language ID.", "en;de;it;...", "en");
@@ -266,9 +263,5 @@ void Settings::applyCommandLine(const KOR::ArgParser & parser) {
     if (parser.args().size() > 1)
         m_initialProjectFile = QString::fromStdString(parser.args()[1]);
 }
-#else
-void Settings::addOptions(KOR::ArgParser &) {}
-void Settings::applyCommandLine(const KOR::ArgParser &) {}
-#endif
 
 } // namespace QtExt

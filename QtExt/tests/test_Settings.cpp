@@ -1,5 +1,6 @@
 #include <QtExt/Settings.h>
 
+#include <KOR/ArgParser.h>
 #include <KOR/Exception.h>
 
 #include <QDir>
@@ -87,6 +88,34 @@ TEST_F(SettingsTest, LanguageOfTheRunIsNeverStored) {
     EXPECT_EQ(settings.langId(), "en");
     settings.write();
     EXPECT_EQ(reopened().langId(), "de");
+}
+
+TEST_F(SettingsTest, CommandLineHoldsForTheRun) {
+    struct Case {
+        std::vector<const char *> arguments;
+        bool noSplash;
+        const char * langId;
+        const char * project;
+    };
+    const Case cases[] = {
+        {{"hygrion"},                                               false, "de", ""     },
+        {{"hygrion", "--no-splash", "--lang=en", "a.h6p", "b.h6p"}, true,  "en", "a.h6p"},
+        {{"hygrion", "--no-splash=yes", "--lang=fr"},               false, "fr", ""     },
+    };
+    for (const Case & c : cases) {
+        KOR::ArgParser parser;
+        QtExt::Settings::addOptions(parser);
+        parser.parse(static_cast<int>(c.arguments.size()), c.arguments.data());
+        QtExt::Settings run("KOR", m_application);
+        run.setDefaults();
+        run.m_langId = "de";
+        run.applyCommandLine(parser);
+        EXPECT_EQ(run.m_noSplash, c.noSplash);
+        EXPECT_EQ(run.langId(), c.langId);
+        EXPECT_EQ(run.m_initialProjectFile, c.project);
+        run.write();
+        EXPECT_EQ(reopened().m_langId, "de");
+    }
 }
 
 TEST_F(SettingsTest, RecentProjectsAreNewestFirstWithoutDoubles) {

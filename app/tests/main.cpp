@@ -7,6 +7,8 @@
 /// Widgets need an application; the settings of whoever runs the tests stay untouched.
 int main(int argc, char ** argv) {
     testing::InitGoogleTest(&argc, argv);
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     const QTemporaryDir store;
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, store.path());
     const QApplication application(argc, argv);
