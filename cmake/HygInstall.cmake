@@ -1,5 +1,16 @@
 # Installation: executables and the product's data side by side, as the program expects to find them.
 set(HYG_INSTALL_ROOT lib/hygrion)
+
+# hyg_install_program(<target>): the executable beside the data, and a link to it in bin.
+function(hyg_install_program target)
+  install(TARGETS ${target} RUNTIME DESTINATION ${HYG_INSTALL_ROOT})
+  install(CODE "
+    set(directory \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/bin\")
+    file(MAKE_DIRECTORY \"\${directory}\")
+    file(CREATE_LINK ../${HYG_INSTALL_ROOT}/$<TARGET_FILE_NAME:${target}> \"\${directory}/$<TARGET_FILE_NAME:${target}>\" SYMBOLIC)
+    message(STATUS \"Installing: \${directory}/$<TARGET_FILE_NAME:${target}>\")")
+endfunction()
+
 set(HYG_DATA DB_materials DB_climate DB_templates examples)
 foreach(data IN LISTS HYG_DATA)
   if(EXISTS "${CMAKE_SOURCE_DIR}/${data}")

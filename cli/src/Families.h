@@ -1,0 +1,10 @@
+#pragma once
+
+#include "Commands.h"
+
+/// One function a source file; main.cpp lists them in the order of the help.
+namespace CMD {
+
+void addUnits(Commands & program);
+
+} // namespace CMD
