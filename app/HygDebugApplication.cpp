@@ -26,6 +26,11 @@ void noteSignal(int) {
 
 } // namespace
 
+// The macro must stand outside of classes and namespaces.
+static void registerResources() {
+    Q_INIT_RESOURCE(hygrion);
+}
+
 HygDebugApplication::HygDebugApplication(int & argc, char ** argv) : QApplication(argc, argv) {}
 
 HygDebugApplication::~HygDebugApplication() {
@@ -39,6 +44,29 @@ HygDebugApplication::~HygDebugApplication() {
         end = -1;
     }
 #endif
+}
+
+bool HygDebugApplication::prepareScreen(bool onlyPrints, std::string & advice) {
+    constexpr const char * PLATFORM = "QT_QPA_PLATFORM";
+    if (onlyPrints) {
+        qputenv(PLATFORM, "offscreen");
+        return true;
+    }
+#if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
+    if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") &&
+        qEnvironmentVariableIsEmpty(PLATFORM)) {
+        advice =
+            "Hygrion is a program with windows, and there is no screen here: neither DISPLAY nor WAYLAND_DISPLAY is "
+            "set.\nStart it on a desktop, log in with 'ssh -X', use 'xvfb-run' for a virtual screen, or set "
+            "QT_QPA_PLATFORM=offscreen to run it unseen.";
+        return false;
+    }
+#endif
+    return true;
+}
+
+void HygDebugApplication::initResources() {
+    registerResources();
 }
 
 bool HygDebugApplication::notify(QObject * receiver, QEvent * event) {

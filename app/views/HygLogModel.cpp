@@ -2,6 +2,8 @@
 
 #include "HygIconEngine.h"
 
+#include <QtExt/Palette.h>
+
 #include <KOR/MessageHandler.h>
 
 #include <QGuiApplication>
@@ -11,19 +13,16 @@
 
 namespace {
 
-/// What one kind of message looks like; the colours are read on a light and on a dark ground.
 struct KindRow {
     const char * name;
     const char * icon;
-    QRgb onLight;
-    QRgb onDark;
 };
 constexpr std::array<KindRow, HygLogModel::NUM_KINDS> KINDS = {
     {
-     {QT_TRANSLATE_NOOP("HygLogModel", "Information"), "information", 0, 0},
-     {QT_TRANSLATE_NOOP("HygLogModel", "Warning"), "warning", 0xff8a5a00, 0xffffc14d},
-     {QT_TRANSLATE_NOOP("HygLogModel", "Error"), "error", 0xffb3261e, 0xffff8a80},
-     {QT_TRANSLATE_NOOP("HygLogModel", "Debug"), "debug", 0xff7b3fa0, 0xffd7a6f2},
+     {QT_TRANSLATE_NOOP("HygLogModel", "Information"), "information"},
+     {QT_TRANSLATE_NOOP("HygLogModel", "Warning"), "warning"},
+     {QT_TRANSLATE_NOOP("HygLogModel", "Error"), "error"},
+     {QT_TRANSLATE_NOOP("HygLogModel", "Debug"), "debug"},
      }
 };
 
@@ -58,11 +57,18 @@ QString HygLogModel::iconOf(kind_t kind) {
     return QString::fromLatin1(KINDS[kind].icon);
 }
 
-QColor HygLogModel::colourOf(kind_t kind, const QPalette & palette) {
-    if (kind == Information)
+QColor HygLogModel::colourOf(kind_t kind) {
+    const QPalette palette = QGuiApplication::palette();
+    switch (kind) {
+    case Warning:
+        return QtExt::Palette::color(QtExt::Palette::WARNING_TEXT);
+    case Error:
+        return QtExt::Palette::color(QtExt::Palette::ERROR_TEXT);
+    case Debug:
+        return palette.color(QPalette::LinkVisited);
+    default:
         return palette.color(QPalette::Text);
-    const bool isDark = palette.color(QPalette::Base).lightnessF() < 0.5;
-    return QColor::fromRgb(isDark ? KINDS[kind].onDark : KINDS[kind].onLight);
+    }
 }
 
 void HygLogModel::append(int type, const QString & text) {
@@ -143,11 +149,11 @@ QVariant HygLogModel::data(const QModelIndex & index, int role) const {
     case Qt::ToolTipRole:
         return entry.text;
     case Qt::DecorationRole:
-        if (index.column() == TypeColumn && kind != Information)
-            return HygIconEngine::icon(iconOf(kind), colourOf(kind, QGuiApplication::palette()));
+        if (index.column() == TypeColumn)
+            return HygIconEngine::icon(iconOf(kind), colourOf(kind));
         return {};
     case Qt::ForegroundRole:
-        return index.column() == TimeColumn ? QVariant() : colourOf(kind, QGuiApplication::palette());
+        return index.column() == TimeColumn ? QVariant() : colourOf(kind);
     case Qt::DisplayRole:
         break;
     default:

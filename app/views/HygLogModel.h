@@ -34,8 +34,8 @@ public:
     /// "Warning" in the user's language.
     static QString nameOf(kind_t kind);
     static QString iconOf(kind_t kind);
-    /// Colour of a kind's text, readable on the palette's base.
-    static QColor colourOf(kind_t kind, const QPalette & palette);
+    /// Colour of a kind's text, readable on the base of the palette in force.
+    static QColor colourOf(kind_t kind);
     /// One line as it stands in a log file: time, label, text.
     QString line(int row) const;
     /// Translated headings and names are to be read anew.

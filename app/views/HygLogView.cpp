@@ -1,5 +1,6 @@
 #include "HygLogView.h"
 
+#include "HygChipButton.h"
 #include "HygIconEngine.h"
 #include "HygLogFilter.h"
 
@@ -41,7 +42,7 @@ HygLogView::HygLogView(HygLogModel & model, QWidget * parent)
     layout->addWidget(m_table);
 
     setUpTools();
-    for (QToolButton * button : m_kinds)
+    for (HygChipButton * button : m_kinds)
         bar->addWidget(button);
     bar->addStretch(1);
     bar->addWidget(m_shown);
@@ -59,13 +60,10 @@ HygLogView::HygLogView(HygLogModel & model, QWidget * parent)
 
 void HygLogView::setUpTools() {
     for (int kind = 0; kind < HygLogModel::NUM_KINDS; ++kind) {
-        auto * button = new QToolButton(this);
+        auto * button = new HygChipButton(this);
         button->setObjectName(QLatin1String(SWITCH_NAMES[static_cast<std::size_t>(kind)]));
-        button->setCheckable(true);
         button->setChecked(true);
-        button->setAutoRaise(true);
-        button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-        connect(button, &QToolButton::toggled, this, [this, kind](bool on) {
+        connect(button, &HygChipButton::toggled, this, [this, kind](bool on) {
             m_filter->setShown(static_cast<HygLogModel::kind_t>(kind), on);
             updateCounts();
         });
@@ -104,8 +102,7 @@ void HygLogView::setUpTable() {
     m_table->verticalHeader()->hide();
     m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     m_table->horizontalHeader()->setStretchLastSection(true);
-    m_table->horizontalHeader()->setHighlightSections(false);
-    m_table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    m_table->horizontalHeader()->hide(); // time, kind and text speak for themselves
     m_table->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     m_table->installEventFilter(this);
 
@@ -144,6 +141,7 @@ void HygLogView::updateCounts() {
     for (int kind = 0; kind < HygLogModel::NUM_KINDS; ++kind) {
         const auto i = static_cast<std::size_t>(kind);
         m_kinds[i]->setText(tr(SWITCH_TEXTS[i]).arg(m_model.count(static_cast<HygLogModel::kind_t>(kind))));
+        m_kinds[i]->updateGeometry();
     }
     const int shown = m_filter->rowCount();
     const int all = m_model.rowCount();
@@ -156,7 +154,7 @@ void HygLogView::updateIcons() {
     for (int kind = 0; kind < HygLogModel::NUM_KINDS; ++kind) {
         const auto which = static_cast<HygLogModel::kind_t>(kind);
         m_kinds[static_cast<std::size_t>(kind)]->setIcon(
-            HygIconEngine::icon(HygLogModel::iconOf(which), HygLogModel::colourOf(which, palette())));
+            HygIconEngine::icon(HygLogModel::iconOf(which), HygLogModel::colourOf(which)));
     }
     // Columns as wide as their words in the font and language in force.
     const QFontMetrics metrics(m_table->font());
@@ -178,7 +176,7 @@ void HygLogView::retranslate() {
     m_copy->setAccessibleName(tr("Copy messages"));
     m_clear->setToolTip(tr("Remove all messages from this view; the log file keeps them"));
     m_clear->setAccessibleName(tr("Clear messages"));
-    for (QToolButton * button : m_kinds)
+    for (HygChipButton * button : m_kinds)
         button->setToolTip(tr("Show or hide messages of this kind"));
     updateCounts();
 }

@@ -6,6 +6,7 @@
 
 #include <array>
 
+class HygChipButton;
 class HygLogFilter;
 class QAction;
 class QLabel;
@@ -43,6 +44,6 @@ private:
     QAction * m_searchAction;
     QToolButton * m_copy;
     QToolButton * m_clear;
-    std::array<QToolButton *, HygLogModel::NUM_KINDS> m_kinds{};
+    std::array<HygChipButton *, HygLogModel::NUM_KINDS> m_kinds{};
     bool m_isAtEnd = true;
 };

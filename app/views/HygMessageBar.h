@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QFrame>
+
+class QLabel;
+class QToolButton;
+
+/// A strip above the views that says what went wrong without stopping the work; it stays until it is closed.
+class HygMessageBar : public QFrame {
+    Q_OBJECT
+public:
+    explicit HygMessageBar(QWidget * parent = nullptr);
+
+    /// Several messages stand one below the other; one that is shown already is not repeated.
+    void showMessage(const QString & text);
+    QString text() const;
+
+protected:
+    void paintEvent(QPaintEvent * event) override;
+    void changeEvent(QEvent * event) override;
+
+private:
+    void retranslate();
+    void updateIcon();
+
+    QLabel * m_icon;
+    QLabel * m_text;
+    QToolButton * m_close;
+};

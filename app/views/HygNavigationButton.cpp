@@ -1,0 +1,99 @@
+#include "HygNavigationButton.h"
+
+#include "HygIconEngine.h"
+
+#include <QEvent>
+#include <QPainter>
+
+namespace {
+constexpr int ICON = 28;
+constexpr int MARGIN = 9;
+constexpr int GAP = 4;
+constexpr int MIN_WIDTH = 84;
+} // namespace
+
+HygNavigationButton::HygNavigationButton(const QString & iconName, QWidget * parent) : QAbstractButton(parent) {
+    setIcon(HygIconEngine::icon(iconName));
+    setFocusPolicy(Qt::StrongFocus);
+    setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
+}
+
+void HygNavigationButton::setBadge(int number) {
+    m_badge = number;
+    update();
+}
+
+QFont HygNavigationButton::labelFont() const {
+    QFont smaller = font();
+    smaller.setPointSizeF(font().pointSizeF() * 0.92);
+    return smaller;
+}
+
+QSize HygNavigationButton::sizeHint() const {
+    const QFontMetrics metrics(labelFont());
+    return {std::max(MIN_WIDTH, metrics.horizontalAdvance(text()) + 16), 2 * MARGIN + ICON + GAP + metrics.height()};
+}
+
+void HygNavigationButton::paintEvent(QPaintEvent *) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QColor accent = palette().color(QPalette::Highlight);
+    QColor ground = palette().color(QPalette::WindowText);
+    ground.setAlphaF(isDown() ? 0.14 : underMouse() ? 0.07 : 0.0);
+    if (isChecked()) {
+        ground = accent;
+        ground.setAlphaF(0.18);
+    }
+    const QRectF frame = QRectF(rect()).adjusted(4, 2, -4, -2);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(ground);
+    painter.drawRoundedRect(frame, 7, 7);
+    if (isChecked()) {
+        painter.setBrush(accent);
+        painter.drawRoundedRect(QRectF(0, frame.top() + 10, 4, frame.height() - 20), 2, 2);
+    }
+    if (hasFocus()) {
+        painter.setPen(QPen(accent, 1.5));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(frame.adjusted(0.75, 0.75, -0.75, -0.75), 7, 7);
+    }
+
+    const QRect iconRect((width() - ICON) / 2, MARGIN, ICON, ICON);
+    icon().paint(&painter, iconRect, Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);
+    painter.setFont(labelFont());
+    painter.setPen(palette().color(QPalette::WindowText));
+    painter.drawText(QRect(0, iconRect.bottom() + GAP, width(), height() - iconRect.bottom() - GAP),
+                     Qt::AlignHCenter | Qt::AlignTop, text());
+
+    if (m_badge > 0) {
+        const QString number = m_badge > 99 ? QStringLiteral("99+") : QString::number(m_badge);
+        QFont badgeFont = font();
+        badgeFont.setPointSizeF(font().pointSizeF() * 0.8);
+        badgeFont.setBold(true);
+        const QFontMetrics metrics(badgeFont);
+        const int badgeWidth = std::max(metrics.height() + 2, metrics.horizontalAdvance(number) + 8);
+        const QRect badge(iconRect.right() - 6, iconRect.top() - 5, badgeWidth, metrics.height() + 2);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(QColor(0xb3, 0x26, 0x1e));
+        painter.drawRoundedRect(badge, badge.height() / 2.0, badge.height() / 2.0);
+        painter.setFont(badgeFont);
+        painter.setPen(Qt::white);
+        painter.drawText(badge, Qt::AlignCenter, number);
+    }
+}
+
+void HygNavigationButton::enterEvent(QEvent * event) {
+    QAbstractButton::enterEvent(event);
+    update();
+}
+
+void HygNavigationButton::leaveEvent(QEvent * event) {
+    QAbstractButton::leaveEvent(event);
+    update();
+}
+
+void HygNavigationButton::changeEvent(QEvent * event) {
+    QAbstractButton::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        updateGeometry();
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QAbstractButton>
+
+/// A button of the navigation bar: icon, text below it, and a number of things that wait to be seen.
+class HygNavigationButton : public QAbstractButton {
+    Q_OBJECT
+public:
+    explicit HygNavigationButton(const QString & iconName, QWidget * parent);
+
+    /// 0 shows none.
+    void setBadge(int number);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void paintEvent(QPaintEvent * event) override;
+    void enterEvent(QEvent * event) override;
+    void leaveEvent(QEvent * event) override;
+    void changeEvent(QEvent * event) override;
+
+private:
+    QFont labelFont() const;
+
+    int m_badge = 0;
+};
