@@ -48,14 +48,26 @@ std::optional<ParseError> parse(const std::string & content, TiXmlDocument & doc
     return error;
 }
 
-std::size_t endOfSection(std::string_view content, std::string_view name) {
+Head head(std::string_view content, std::string_view section) {
+    Head result;
+    std::string_view root;
     std::size_t end = 0;
     Scanner(content).scan([&](const Scanner::Tag & tag) {
-        if (tag.depth == 1 && tag.isEnd && tag.name == name)
+        if (tag.depth == 0) {
+            root = tag.isEnd ? std::string_view() : tag.name; // an empty root needs no end tag
+            if (end == 0 || tag.isEnd)
+                end = tag.end;
+        }
+        if (tag.depth == 1 && tag.isEnd && tag.name == section) {
+            result.hasSection = true;
             end = tag.end;
-        return end == 0;
+        }
+        return !result.hasSection;
     });
-    return end;
+    result.document = content.substr(0, end);
+    if (!root.empty())
+        result.document += KOR::text("</%1>", root);
+    return result;
 }
 
 std::string print(const TiXmlDocument & document) {

@@ -32,9 +32,14 @@ struct ParseError {
 /// Checks and parses \p content. On failure nothing is in \p document and the error is returned.
 std::optional<ParseError> parse(const std::string & content, TiXmlDocument & document);
 
-/// The offset just behind the end tag of the first element \p name below the root (0 when there is none within
-/// \p content), found without parsing the rest. For reading the head of a large file.
-std::size_t endOfSection(std::string_view content, std::string_view name);
+/// The beginning of a document, made a document of its own.
+struct Head {
+    std::string document;    ///< up to the end of the section, then the end tag of the root; empty if no root was found
+    bool hasSection = false; ///< whether the section was found
+};
+/// Cuts the document behind the first element \p section below the root, or behind the root's start tag if there is
+/// none. What follows is not looked at, so \p content may be the first part of a large file.
+Head head(std::string_view content, std::string_view section);
 
 /// The document as text, with declaration, indented by two blanks, character references intact.
 std::string print(const TiXmlDocument & document);
