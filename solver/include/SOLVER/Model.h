@@ -1,0 +1,122 @@
+#pragma once
+
+#include <SOLVER/MaterialTable.h>
+#include <SOLVER/SurfaceLoad.h>
+
+#include <array>
+#include <functional>
+#include <span>
+#include <vector>
+
+namespace SOLVER {
+
+/// Which balances are solved.
+enum class module_t { heat, moisture, heatAndMoisture };
+
+/// The construction as arrays: cells of the grid that hold a material, faces between them, surfaces.
+struct ModelInput {
+    struct Cell {
+        double volume = 0;          ///< [m3]
+        std::uint32_t material = 0; ///< index into materials
+        double temperature = 293;   ///< initial [K]
+        double suction = 0;         ///< initial [Pa]
+    };
+    struct Face {
+        std::uint32_t a = 0, b = 0; ///< cells; fluxes from a to b are positive
+        double area = 0;            ///< [m2]
+        double distanceA = 0;       ///< from the centre of a to the face [m]
+        double distanceB = 0;       ///< from the face to the centre of b [m]
+        double rise = 0;            ///< height of b's centre above a's [m], for gravity
+        ContactResistance contact;
+        int direction = 0; ///< 0 x, 1 y, 2 z
+    };
+    struct Surface {
+        std::uint32_t cell = 0;
+        double area = 0;     ///< [m2]
+        double distance = 0; ///< from the cell's centre to the surface [m]
+        int direction = 0;
+    };
+    /// Sources in cells, per volume.
+    struct Source {
+        std::uint32_t cell = 0;
+        double heat = 0;  ///< [W/m3]
+        double water = 0; ///< liquid [kg/m3s]
+    };
+    /// Fills loads (one a surface, in their order) and sources for a time [s]. Called for each right-hand side.
+    using Climate = std::function<void(double time, std::span<SurfaceLoad> loads)>;
+
+    module_t module = module_t::heatAndMoisture;
+    std::vector<MaterialTable> materials;
+    std::vector<Cell> cells;
+    std::vector<Face> faces;
+    std::vector<Surface> surfaces;
+    Climate climate;
+    bool useGravity = false;
+    /// Kelvin's relation and vapour permeability at T_REF instead of the actual temperature, as some references do.
+    bool useReferenceTemperature = false;
+};
+
+/// Finite volumes for energy and moisture. The state is the density of energy [J/m3] and of moisture [kg/m3] of every
+/// cell, interleaved; energy is counted from liquid water and dry material at 0 C.
+class Model {
+public:
+    explicit Model(ModelInput input);
+
+    /// Unknowns per cell: one or two.
+    std::size_t unknowns() const { return m_unknowns; }
+    std::size_t cellCount() const { return m_cells.size(); }
+    std::size_t size() const { return m_unknowns * m_cells.size(); }
+    const ModelInput & input() const { return m_input; }
+
+    /// The state vector of the initial temperatures and suctions.
+    std::vector<double> initialState() const;
+    /// Typical size of each unknown's change: energy of 1 K [J/m3], 1 kg/m3 or a thousandth of saturation.
+    std::vector<double> scales() const;
+
+    /// Time derivatives of the state. \return false when the state or a flux is not finite (nothing is thrown).
+    bool rightHandSide(double time, std::span<const double> state, std::span<double> derivative);
+
+    /// Neighbours of each cell in the sense of the Jacobian, itself included, ascending.
+    const std::vector<std::vector<std::uint32_t>> & neighbours() const { return m_neighbours; }
+
+    // ---- what the last right-hand side saw --------------------------------------------------------------------
+    struct CellState {
+        double temperature;   ///< [K]
+        double moisture;      ///< [kg/m3]
+        double suction;       ///< [Pa]
+        double humidity;      ///< relative humidity [-]
+        double vaporPressure; ///< [Pa]
+        double potential;     ///< [kg/ms]
+        double vapor;         ///< vapour permeability [s]
+        double lambda;        ///< [W/mK]
+    };
+    /// Per area of the face, from a to b.
+    struct FaceFlux {
+        double conduction = 0; ///< [W/m2]
+        double vapor = 0;      ///< [kg/m2s]
+        double liquid = 0;     ///< [kg/m2s]
+        double enthalpy = 0;   ///< carried by vapour and liquid [W/m2]
+    };
+    std::span<const CellState> cellStates() const { return m_cells; }
+    std::span<const FaceFlux> faceFluxes() const { return m_faceFluxes; }
+    std::span<const SurfaceState> surfaceStates() const { return m_surfaceStates; }
+    std::span<SurfaceLoad> surfaceLoads() { return m_loads; }
+
+private:
+    void evaluateCells(std::span<const double> state);
+    void evaluateFaces();
+    void evaluateSurfaces();
+    FaceFlux homogeneousFlux(const ModelInput::Face & face) const;
+
+    ModelInput m_input;
+    std::size_t m_unknowns;
+    bool m_hasHeat, m_hasMoisture;
+    std::vector<CellState> m_cells;
+    std::vector<std::uint32_t> m_intervals; ///< where each cell's moisture was found last; a hint, never a result
+    std::vector<FaceFlux> m_faceFluxes;
+    std::vector<SurfaceState> m_surfaceStates;
+    std::vector<SurfaceLoad> m_loads;
+    std::vector<std::vector<std::uint32_t>> m_neighbours;
+};
+
+} // namespace SOLVER

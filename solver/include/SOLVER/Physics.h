@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cmath>
+
+/// Constants and relations that the balances use. Temperatures in K, capillary pressures (suctions, positive in
+/// unsaturated material) in Pa.
+namespace SOLVER {
+
+inline constexpr double RHO_WATER = 1000;               ///< density of liquid water [kg/m3]
+inline constexpr double R_VAPOR = 461.89;               ///< gas constant of water vapour [J/kgK]
+inline constexpr double T_REF = 293.15;                 ///< reference temperature of material functions [K]
+inline constexpr double T_ZERO = 273.15;                ///< zero of enthalpy [K]
+inline constexpr double C_WATER = 4187;                 ///< specific heat of liquid water [J/kgK]
+inline constexpr double C_VAPOR = 2050;                 ///< specific heat of water vapour [J/kgK]
+inline constexpr double H_EVAPORATION = 2.5e6;          ///< heat of evaporation at T_ZERO [J/kg]
+inline constexpr double GRAVITY = 9.81;                 ///< [m/s2]
+inline constexpr double STEFAN_BOLTZMANN = 5.670374e-8; ///< [W/m2K4]
+
+/// Logarithm of the saturation pressure over liquid water [Pa], ISO 13788; the water branch is continued below 0 C,
+/// where pores hold supercooled water and meteorological files refer to it.
+inline double logSaturationPressure(double T) {
+    const double theta = T - T_ZERO;
+    return 6.414278311 + 17.269 * theta / (237.3 + theta); // ln 610.5
+}
+
+/// Its derivative [1/K].
+inline double logSaturationPressureSlope(double T) {
+    const double denominator = 237.3 + T - T_ZERO;
+    return 17.269 * 237.3 / (denominator * denominator);
+}
+
+inline double saturationPressure(double T) {
+    return std::exp(logSaturationPressure(T));
+}
+
+/// The pressure scale of the Kelvin relation, phi = exp(-suction / scale) [Pa].
+inline constexpr double kelvinPressure(double T) {
+    return RHO_WATER * R_VAPOR * T;
+}
+
+/// Specific enthalpies relative to liquid water at T_ZERO [J/kg].
+inline constexpr double enthalpyOfLiquid(double T) {
+    return C_WATER * (T - T_ZERO);
+}
+inline constexpr double enthalpyOfVapor(double T) {
+    return H_EVAPORATION + C_VAPOR * (T - T_ZERO);
+}
+
+} // namespace SOLVER

@@ -1,0 +1,43 @@
+#pragma once
+
+namespace SOLVER {
+
+/// What acts on one surface of the construction at one moment. Heat and moisture towards the construction are positive.
+struct SurfaceLoad {
+    double heatTransfer = 0;       ///< convective (and linearised radiative) coefficient [W/m2K]
+    double airTemperature = 293;   ///< [K]
+    double heatFlux = 0;           ///< imposed, and absorbed radiation [W/m2]
+    double emissivity = 0;         ///< of the surface, for long-wave emission after Stefan and Boltzmann [-]
+    double vaporTransfer = 0;      ///< coefficient on vapour pressure [s/m]
+    double vaporPressure = 0;      ///< of the air [Pa]
+    double vaporFlux = 0;          ///< imposed [kg/m2s]
+    double liquidFlux = 0;         ///< imposed liquid water, all of it taken up [kg/m2s]
+    double rain = 0;               ///< liquid water offered; what the surface cannot take runs off [kg/m2s]
+    double waterTemperature = 293; ///< of rain and imposed water [K]
+    bool hasTemperature = false;   ///< the surface has airTemperature, whatever flows
+    bool hasSuction = false;       ///< the surface has \p suction, whatever flows
+    double suction = 0;            ///< [Pa], negative under a head of water
+};
+
+/// What the surface answers. Densities of flux towards the construction.
+struct SurfaceState {
+    double temperature = 293; ///< [K]
+    double suction = 0;       ///< [Pa]
+    double vaporPressure = 0; ///< [Pa]
+    double conduction = 0;    ///< heat conducted into the construction [W/m2]
+    double vaporFlux = 0;     ///< vapour into the construction [kg/m2s]
+    double liquidFlux = 0;    ///< liquid into the construction [kg/m2s]
+    double enthalpyFlux = 0;  ///< carried by vapour and liquid [W/m2]
+    double runoff = 0;        ///< rain that was not taken [kg/m2s]
+};
+
+/// Resistances at a face between two cells; all zero is perfect contact.
+struct ContactResistance {
+    double heat = 0;           ///< [m2K/W]
+    double vapor = 0;          ///< on vapour pressure [m/s]
+    double liquid = 0;         ///< on suction [m/s]
+    bool blocksLiquid = false; ///< no liquid passes (foil, air gap)
+    bool isPerfect() const { return heat == 0 && vapor == 0 && liquid == 0 && !blocksLiquid; }
+};
+
+} // namespace SOLVER

@@ -1,0 +1,249 @@
+#include "FaceElimination.h"
+
+#include "NewtonSystem.h"
+
+#include <algorithm>
+
+namespace SOLVER {
+
+namespace {
+
+constexpr int MAX_ITERATIONS = 60;
+constexpr double CONVERGED_HUMIDITY = 1e-13;
+constexpr double CONVERGED_TEMPERATURE = 1e-11; ///< [K]
+constexpr double LOWEST_HUMIDITY = 1e-30;
+
+/// Moves a node by a Newton step. The humidity stays positive and changes by no more than it has left, the
+/// temperature by no more than 20 K, so that a bad start does not leave the range of the functions.
+/// \return the size of the step in units of the tolerances
+double move(FaceNode & node, double dT, double dPhi) {
+    dT = std::clamp(dT, -20.0, 20.0);
+    const double lower = std::max(0.1 * node.humidity, LOWEST_HUMIDITY);
+    const double upper = std::max(4 * node.humidity, node.humidity + 0.1);
+    const double humidity = std::clamp(node.humidity + dPhi, lower, upper);
+    const double step =
+        std::max(std::fabs(dT) / CONVERGED_TEMPERATURE, std::fabs(humidity - node.humidity) / CONVERGED_HUMIDITY);
+    node.temperature += dT;
+    node.humidity = humidity;
+    return step;
+}
+
+FaceNode nodeAtCell(const HalfCell & half) {
+    return {half.cell.temperature, std::max(half.cell.humidity, 1e-6)};
+}
+
+/// Replaces the balance of what is not solved by "stays where it is".
+template <std::size_t N>
+void pinInactive(std::array<std::array<double, N>, N> & jacobian, std::array<double, N> & residual, module_t module) {
+    for (std::size_t i = 0; i < N; ++i) {
+        const bool isHeatRow = i % 2 == 0;
+        if ((isHeatRow && module == module_t::moisture) || (!isHeatRow && module == module_t::heat)) {
+            jacobian[i].fill(0);
+            jacobian[i][i] = 1;
+            residual[i] = 0;
+        }
+    }
+}
+
+Model::FaceFlux result(const HalfCell::Flux & flux, double T, module_t module) {
+    Model::FaceFlux r;
+    if (module != module_t::moisture)
+        r.conduction = flux.conduction;
+    if (module != module_t::heat) {
+        r.vapor = flux.vapor;
+        r.liquid = flux.liquid;
+    }
+    r.enthalpy = r.vapor * enthalpyOfVapor(T) + r.liquid * enthalpyOfLiquid(T);
+    return r;
+}
+
+/// One node shared by both half cells. Rows: heat with the latent part of vapour, moisture.
+Model::FaceFlux perfectContact(const HalfCell & a, const HalfCell & b, const Thermodynamics & thermodynamics,
+                               module_t module) {
+    const FaceNode nodeA = nodeAtCell(a);
+    const FaceNode nodeB = nodeAtCell(b);
+    FaceNode node{(nodeA.temperature + nodeB.temperature) / 2, std::sqrt(nodeA.humidity * nodeB.humidity)};
+    HalfCell::Flux fa{};
+    HalfCell::Flux fb{};
+    for (int i = 0; i < MAX_ITERATIONS; ++i) {
+        fa = a.flux(node, thermodynamics);
+        fb = b.flux(node, thermodynamics);
+        std::array<double, 2> r{fa.conduction + fb.conduction + H_EVAPORATION * (fa.vapor + fb.vapor),
+                                fa.vapor + fb.vapor + fa.liquid + fb.liquid};
+        std::array<std::array<double, 2>, 2> j{
+            {{fa.conductionByT + fb.conductionByT + H_EVAPORATION * (fa.vaporByT + fb.vaporByT),
+              fa.conductionByPhi + fb.conductionByPhi + H_EVAPORATION * (fa.vaporByPhi + fb.vaporByPhi)},
+             {fa.vaporByT + fb.vaporByT + fa.liquidByT + fb.liquidByT,
+              fa.vaporByPhi + fb.vaporByPhi + fa.liquidByPhi + fb.liquidByPhi}}
+        };
+        pinInactive(j, r, module);
+        if (!solveDense(j, r) || move(node, -r[0], -r[1]) < 1)
+            break;
+    }
+    // What the two sides disagree about at round-off is shared, so that nothing is made or lost.
+    fa.vapor = (fa.vapor - fb.vapor) / 2;
+    fa.liquid = (fa.liquid - fb.liquid) / 2;
+    fa.conduction = (fa.conduction - fb.conduction) / 2;
+    return result(fa, node.temperature, module);
+}
+
+/// Two nodes with resistances between them. Rows: heat and moisture at a, heat and moisture at b.
+Model::FaceFlux resistiveContact(const HalfCell & a, const HalfCell & b, const ContactResistance & contact,
+                                 const Thermodynamics & thermodynamics, module_t module) {
+    // A resistance of zero stands for a contact whose drop cannot be seen.
+    const double heatLink = 1 / std::max(contact.heat, 1e-9);
+    const double vaporLink = 1 / std::max(contact.vapor, 1e2);
+    const double liquidLink = contact.blocksLiquid ? 0 : 1 / std::max(contact.liquid, 1e2);
+    FaceNode na = nodeAtCell(a);
+    FaceNode nb = nodeAtCell(b);
+    double conduction = 0;
+    double vapor = 0;
+    double liquid = 0;
+    for (int i = 0; i < MAX_ITERATIONS; ++i) {
+        const HalfCell::Flux fa = a.flux(na, thermodynamics);
+        const HalfCell::Flux fb = b.flux(nb, thermodynamics);
+        conduction = heatLink * (na.temperature - nb.temperature);
+        vapor = vaporLink * (fa.vaporPressure - fb.vaporPressure);
+        liquid = liquidLink * (fb.suction - fa.suction);
+        const double suctionAByPhi = -thermodynamics.kelvin(na.temperature) / na.humidity;
+        const double suctionBByPhi = -thermodynamics.kelvin(nb.temperature) / nb.humidity;
+        std::array<double, 4> r{
+            fa.conduction - conduction + H_EVAPORATION * (fa.vapor - vapor), fa.vapor + fa.liquid - vapor - liquid,
+            fb.conduction + conduction + H_EVAPORATION * (fb.vapor + vapor), fb.vapor + fb.liquid + vapor + liquid};
+        const double vaT = vaporLink * fa.vaporPressureByT;
+        const double vaPhi = vaporLink * fa.vaporPressureByPhi;
+        const double vbT = -vaporLink * fb.vaporPressureByT;
+        const double vbPhi = -vaporLink * fb.vaporPressureByPhi;
+        const double laPhi = -liquidLink * suctionAByPhi;
+        const double lbPhi = liquidLink * suctionBByPhi;
+        std::array<std::array<double, 4>, 4> j{
+            {{fa.conductionByT - heatLink + H_EVAPORATION * (fa.vaporByT - vaT),
+              fa.conductionByPhi + H_EVAPORATION * (fa.vaporByPhi - vaPhi), heatLink - H_EVAPORATION * vbT,
+              -H_EVAPORATION * vbPhi},
+             {fa.vaporByT + fa.liquidByT - vaT, fa.vaporByPhi + fa.liquidByPhi - vaPhi - laPhi, -vbT, -vbPhi - lbPhi},
+             {heatLink + H_EVAPORATION * vaT, H_EVAPORATION * vaPhi,
+              fb.conductionByT - heatLink + H_EVAPORATION * (fb.vaporByT + vbT),
+              fb.conductionByPhi + H_EVAPORATION * (fb.vaporByPhi + vbPhi)},
+             {vaT, vaPhi + laPhi, fb.vaporByT + fb.liquidByT + vbT, fb.vaporByPhi + fb.liquidByPhi + vbPhi + lbPhi}}
+        };
+        pinInactive(j, r, module);
+        if (!solveDense(j, r))
+            break;
+        const double stepA = move(na, -r[0], -r[1]);
+        const double stepB = move(nb, -r[2], -r[3]);
+        if (std::max(stepA, stepB) < 1)
+            break;
+    }
+    // Through a link the fluxes are what the half cells agree on; phase may change on either side of it.
+    const HalfCell::Flux fa = a.flux(na, thermodynamics);
+    const HalfCell::Flux fb = b.flux(nb, thermodynamics);
+    HalfCell::Flux flux{};
+    const double moisture = (fa.vapor + fa.liquid - fb.vapor - fb.liquid) / 2;
+    flux.vapor = std::fabs(liquidLink) > 0 ? vapor : moisture;
+    flux.liquid = moisture - flux.vapor;
+    flux.conduction = (fa.conduction + H_EVAPORATION * fa.vapor - fb.conduction - H_EVAPORATION * fb.vapor) / 2 -
+                      H_EVAPORATION * flux.vapor;
+    return result(flux, (na.temperature + nb.temperature) / 2, module);
+}
+
+/// Heat and water that the load brings to the surface node, with derivatives; towards the surface is positive.
+struct Arrival {
+    double heat, heatByT, heatByPhi;
+    double water, waterByT, waterByPhi;
+    double vapor;
+};
+
+Arrival arrival(const SurfaceLoad & load, const HalfCell::Flux & f, double T, double rain) {
+    Arrival in{};
+    in.vapor = load.vaporTransfer * (load.vaporPressure - f.vaporPressure) + load.vaporFlux;
+    const double vaporByT = -load.vaporTransfer * f.vaporPressureByT;
+    const double vaporByPhi = -load.vaporTransfer * f.vaporPressureByPhi;
+    const double liquid = rain + load.liquidFlux;
+    const double emitted = load.emissivity * STEFAN_BOLTZMANN * T * T * T;
+    in.water = in.vapor + liquid;
+    in.waterByT = vaporByT;
+    in.waterByPhi = vaporByPhi;
+    in.heat = load.heatTransfer * (load.airTemperature - T) + load.heatFlux - emitted * T + H_EVAPORATION * in.vapor +
+              liquid * C_WATER * (load.waterTemperature - T);
+    in.heatByT = -load.heatTransfer - 4 * emitted + H_EVAPORATION * vaporByT - liquid * C_WATER;
+    in.heatByPhi = H_EVAPORATION * vaporByPhi;
+    return in;
+}
+
+/// Solves the surface node under \p rain that is all taken up; a fixed suction or temperature is kept.
+HalfCell::Flux solveNode(const HalfCell & inside, const SurfaceLoad & load, double rain, bool hasSuction,
+                         double suction, FaceNode & node, const Thermodynamics & thermodynamics, module_t module) {
+    HalfCell::Flux f{};
+    for (int i = 0; i < MAX_ITERATIONS; ++i) {
+        if (hasSuction)
+            node.humidity = std::exp(-suction / thermodynamics.kelvin(node.temperature));
+        f = inside.flux(node, thermodynamics);
+        const Arrival in = arrival(load, f, node.temperature, rain);
+        std::array<double, 2> r{f.conduction + H_EVAPORATION * f.vapor + in.heat, f.vapor + f.liquid + in.water};
+        std::array<std::array<double, 2>, 2> j{
+            {{f.conductionByT + H_EVAPORATION * f.vaporByT + in.heatByT,
+              f.conductionByPhi + H_EVAPORATION * f.vaporByPhi + in.heatByPhi},
+             {f.vaporByT + f.liquidByT + in.waterByT, f.vaporByPhi + f.liquidByPhi + in.waterByPhi}}
+        };
+        pinInactive(j, r, module);
+        if (load.hasTemperature) {
+            j[0] = {1, 0};
+            r[0] = node.temperature - load.airTemperature;
+        }
+        if (hasSuction) {
+            j[1] = {0, 1};
+            r[1] = 0;
+        }
+        // A surface through which nothing passes keeps the state of its cell.
+        for (std::size_t k = 0; k < 2; ++k)
+            if (j[k][k] == 0) {
+                j[k].fill(0);
+                j[k][k] = 1;
+                r[k] = k == 0 ? node.temperature - inside.cell.temperature : node.humidity - inside.cell.humidity;
+            }
+        if (!solveDense(j, r) || move(node, -r[0], -r[1]) < 1)
+            break;
+    }
+    return f;
+}
+
+} // namespace
+
+Model::FaceFlux eliminateContact(const HalfCell & a, const HalfCell & b, const ContactResistance & contact,
+                                 const Thermodynamics & thermodynamics, module_t module) {
+    return contact.isPerfect() ? perfectContact(a, b, thermodynamics, module)
+                               : resistiveContact(a, b, contact, thermodynamics, module);
+}
+
+SurfaceState eliminateSurface(const HalfCell & inside, const SurfaceLoad & load, const Thermodynamics & thermodynamics,
+                              module_t module) {
+    FaceNode node = nodeAtCell(inside);
+    double rain = load.rain;
+    HalfCell::Flux f = solveNode(inside, load, rain, load.hasSuction, load.suction, node, thermodynamics, module);
+    double runoff = 0;
+    if (!load.hasSuction && rain > 0 && module != module_t::heat && (f.suction < 0 || !std::isfinite(f.suction))) {
+        // More than the surface can take: it is saturated, and takes what flows in at zero suction.
+        node = nodeAtCell(inside);
+        f = solveNode(inside, load, rain, true, 0, node, thermodynamics, module);
+        const double taken = -(f.vapor + f.liquid) - arrival(load, f, node.temperature, 0).water;
+        rain = std::clamp(taken, 0.0, load.rain);
+        runoff = load.rain - rain;
+    }
+
+    SurfaceState state;
+    state.temperature = node.temperature;
+    state.suction = f.suction;
+    state.vaporPressure = f.vaporPressure;
+    state.runoff = runoff;
+    if (module != module_t::heat) {
+        state.vaporFlux = -f.vapor;
+        state.liquidFlux = -f.liquid;
+    }
+    if (module != module_t::moisture)
+        state.conduction = -f.conduction;
+    state.enthalpyFlux =
+        state.vaporFlux * enthalpyOfVapor(node.temperature) + state.liquidFlux * enthalpyOfLiquid(node.temperature);
+    return state;
+}
+
+} // namespace SOLVER

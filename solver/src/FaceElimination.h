@@ -1,0 +1,19 @@
+#pragma once
+
+#include "HalfCell.h"
+
+#include <SOLVER/SurfaceLoad.h>
+
+namespace SOLVER {
+
+/// Finds the state of a face between two materials, or on both sides of a resistance, at which as much heat and water
+/// arrives as leaves, and returns the fluxes from a to b. Averages of conductivities would converge slowly there.
+/// \param module what is not balanced keeps its cell values and has no flux
+Model::FaceFlux eliminateContact(const HalfCell & a, const HalfCell & b, const ContactResistance & contact,
+                                 const Thermodynamics & thermodynamics, module_t module);
+
+/// Finds the state of a surface under its load.
+SurfaceState eliminateSurface(const HalfCell & inside, const SurfaceLoad & load, const Thermodynamics & thermodynamics,
+                              module_t module);
+
+} // namespace SOLVER

@@ -1,0 +1,87 @@
+#pragma once
+
+#include <SOLVER/Model.h>
+#include <SOLVER/Physics.h>
+
+#include <cmath>
+
+namespace SOLVER {
+
+/// Kelvin pressure and vapour permeability factor at a temperature; either may refer to T_REF instead.
+struct Thermodynamics {
+    bool useReferenceTemperature = false;
+
+    double kelvin(double T) const { return kelvinPressure(useReferenceTemperature ? T_REF : T); }
+    /// Of the vapour permeability: diffusivity in air grows with T^1.81, its gas constant divides by T.
+    double permeabilityFactor(double T) const {
+        return useReferenceTemperature ? 1 : 1 + 0.81 * (T - T_REF) / T_REF; // of T^0.81, 0.4 % off at 0 C
+    }
+};
+
+/// The state on a face: temperature and relative humidity are the unknowns of the elimination. In them vapour flux is
+/// linear, and near saturation liquid flux is.
+struct FaceNode {
+    double temperature; ///< [K]
+    double humidity;    ///< [-]
+};
+
+/// The way from a cell's centre to one of its faces.
+struct HalfCell {
+    const MaterialTable & table;
+    const Model::CellState & cell;
+    double distance; ///< [m]
+    double head;     ///< suction that gravity adds on the way [Pa]
+
+    /// Densities of flux from the centre to the face and their derivatives with respect to the face node.
+    struct Flux {
+        double conduction, vapor, liquid;
+        double conductionByT, conductionByPhi;
+        double vaporByT, vaporByPhi;
+        double liquidByT, liquidByPhi;
+        double vaporPressure, suction; ///< at the face
+        double vaporPressureByT, vaporPressureByPhi;
+    };
+
+    Flux flux(const FaceNode & node, const Thermodynamics & thermodynamics) const {
+        const double T = node.temperature;
+        const double kelvin = thermodynamics.kelvin(T);
+        const double suction = -kelvin * std::log(node.humidity);
+        const double suctionByPhi = -kelvin / node.humidity;
+        const double suctionByT = thermodynamics.useReferenceTemperature ? 0 : suction / T;
+        MaterialTable::Slopes slopes{};
+        const MaterialTable::State face = table.fromSuction(suction, slopes);
+
+        Flux f{};
+        f.suction = suction;
+        const double saturation = saturationPressure(T);
+        f.vaporPressure = saturation * node.humidity;
+        f.vaporPressureByPhi = saturation;
+        f.vaporPressureByT = f.vaporPressure * logSaturationPressureSlope(T);
+
+        // Conductivities of centre and face are averaged; that of the face moves with its state.
+        const double factor = thermodynamics.permeabilityFactor((cell.temperature + T) / 2);
+        const double permeability = factor * (cell.vapor + face.vapor) / 2 / distance;
+        const double permeabilityBySuction = factor * slopes.vapor / 2 / distance;
+        const double drop = cell.vaporPressure - f.vaporPressure;
+        f.vapor = permeability * drop;
+        f.vaporByPhi = permeabilityBySuction * suctionByPhi * drop - permeability * f.vaporPressureByPhi;
+        f.vaporByT = permeabilityBySuction * suctionByT * drop - permeability * f.vaporPressureByT;
+
+        const double conductance = (cell.lambda + face.lambda) / 2 / distance;
+        const double conductanceBySuction = slopes.lambda / 2 / distance;
+        const double difference = cell.temperature - T;
+        f.conduction = conductance * difference;
+        f.conductionByT = conductanceBySuction * suctionByT * difference - conductance;
+        f.conductionByPhi = conductanceBySuction * suctionByPhi * difference;
+
+        f.liquid = (cell.potential - face.potential) / distance;
+        const double liquidBySuction = slopes.liquid / distance;
+        if (head != 0)
+            f.liquid -= slopes.liquid * head / distance;
+        f.liquidByPhi = liquidBySuction * suctionByPhi;
+        f.liquidByT = liquidBySuction * suctionByT;
+        return f;
+    }
+};
+
+} // namespace SOLVER

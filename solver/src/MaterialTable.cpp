@@ -1,0 +1,198 @@
+#include <SOLVER/MaterialTable.h>
+
+#include <KOR/Exception.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace SOLVER {
+
+using KOR::Exception;
+using KOR::text;
+
+namespace {
+
+constexpr double PC_STEP = 0.02;   ///< distance of the nodes; halving it changes no benchmark in the fourth digit
+constexpr double PC_DRY_END = 10;  ///< relative humidity below 1e-31
+constexpr double PC_WET_END = -2;  ///< wetter than any gravity-free suction of interest
+constexpr double WET_LIMIT = 1e-4; ///< share of saturation that the linear extension takes over
+constexpr double LN10 = 2.302585092994046;
+
+/// Slopes at the nodes of monotone data, so that the cubic between them stays monotone (Fritsch and Butland, 1984).
+/// \param distance of neighbouring x values, one fewer than y
+std::vector<double> monotoneSlopes(const std::vector<double> & distance, const std::vector<double> & y) {
+    const std::size_t n = y.size();
+    std::vector<double> slopes(n, 0.0);
+    const auto secant = [&](std::size_t i) { return (y[i + 1] - y[i]) / distance[i]; };
+    for (std::size_t i = 1; i + 1 < n; ++i) {
+        const double before = secant(i - 1);
+        const double after = secant(i);
+        if (before * after <= 0)
+            continue;
+        const double w1 = 2 * distance[i] + distance[i - 1];
+        const double w2 = distance[i] + 2 * distance[i - 1];
+        slopes[i] = (w1 + w2) / (w1 / before + w2 / after);
+    }
+    slopes.front() = secant(0);
+    slopes.back() = secant(n - 2);
+    return slopes;
+}
+
+/// Cubic Hermite interpolation at t in [0, 1] over an interval of length h.
+double hermite(double t, double h, double y0, double slope0, double y1, double slope1) {
+    const double s = 1 - t;
+    return s * s * ((1 + 2 * t) * y0 + t * h * slope0) + t * t * ((3 - 2 * t) * y1 - s * h * slope1);
+}
+
+double hermiteSlope(double t, double h, double y0, double slope0, double y1, double slope1) {
+    const double s = 1 - t;
+    return 6 * t * s * (y1 - y0) / h + s * (1 - 3 * t) * slope0 + t * (3 * t - 2) * slope1;
+}
+
+/// Where the material has lost WET_LIMIT of its saturation.
+double wetEnd(const std::function<double(double)> & moisture, double saturation) {
+    double low = PC_WET_END;
+    double high = PC_DRY_END;
+    for (int i = 0; i < 60; ++i) {
+        const double middle = (low + high) / 2;
+        (moisture(middle) > (1 - WET_LIMIT) * saturation ? low : high) = middle;
+    }
+    return low;
+}
+
+} // namespace
+
+MaterialTable::MaterialTable(const MaterialFunctions & functions)
+    : m_name(functions.name), m_heatCapacity(functions.heatCapacity), m_saturation(functions.moisture(PC_WET_END)) {
+    m_pCStart = std::min(wetEnd(functions.moisture, m_saturation), PC_DRY_END - 1);
+    const auto count = static_cast<std::size_t>(std::ceil((PC_DRY_END - m_pCStart) / PC_STEP)) + 1;
+
+    std::vector<double> pC(count);
+    std::vector<double> moisture(count);
+    std::vector<double> liquid(count);
+    std::vector<double> vapor(count);
+    std::vector<double> lambda(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        pC[i] = m_pCStart + PC_STEP * static_cast<double>(i);
+        moisture[i] = functions.moisture(pC[i]);
+        liquid[i] = functions.liquidConductivity ? functions.liquidConductivity(pC[i]) : 0;
+        vapor[i] = functions.vaporPermeability ? functions.vaporPermeability(pC[i]) : 0;
+        lambda[i] = functions.thermalConductivity(pC[i]);
+        for (const double value : {moisture[i], liquid[i], vapor[i], lambda[i]})
+            if (!std::isfinite(value) || value < 0)
+                throw Exception(text("A function of material '%1' is negative or not finite at pC = %2.", m_name,
+                                     KOR::toString(pC[i], 4)),
+                                "[MaterialTable::MaterialTable]");
+        m_conductsLiquid = m_conductsLiquid || liquid[i] > 0;
+    }
+    // A content that does not fall has no inverse; the smallest fall that a sum of double contents still shows.
+    const double smallestFall = 1e-9 * std::max(m_saturation, 1e-3) / static_cast<double>(count);
+    for (std::size_t i = count - 1; i-- > 0;)
+        moisture[i] = std::max(moisture[i], moisture[i + 1] + smallestFall);
+
+    // Gauss-Legendre with three points: the integrand is smooth within an interval.
+    std::vector<double> potential(count, 0.0);
+    if (m_conductsLiquid) {
+        static constexpr double POINTS[] = {0.1127016653792583, 0.5, 0.8872983346207417};
+        static constexpr double WEIGHTS[] = {5.0 / 18, 8.0 / 18, 5.0 / 18};
+        for (std::size_t i = count - 1; i-- > 0;) {
+            double sum = 0;
+            for (std::size_t k = 0; k < 3; ++k) {
+                const double x = pC[i] + POINTS[k] * PC_STEP;
+                sum += WEIGHTS[k] * functions.liquidConductivity(x) * std::pow(10.0, x);
+            }
+            potential[i] = potential[i + 1] + sum * LN10 * PC_STEP;
+        }
+    }
+
+    std::vector<double> moistureSteps(count - 1);
+    std::vector<double> negativePC(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        negativePC[i] = -pC[i];
+        if (i + 1 < count)
+            moistureSteps[i] = moisture[i] - moisture[i + 1];
+    }
+    // pC falls with growing moisture; in the order of the nodes both distances are taken positive.
+    const std::vector<double> inverse = monotoneSlopes(moistureSteps, negativePC);
+    const std::vector<double> steps(count - 1, PC_STEP);
+    const std::vector<double> vaporSlopes = monotoneSlopes(steps, vapor);
+    const std::vector<double> lambdaSlopes = monotoneSlopes(steps, lambda);
+    m_nodes.resize(count);
+    for (std::size_t i = 0; i < count; ++i)
+        m_nodes[i] = {moisture[i], inverse[i],     potential[i], -LN10 * std::pow(10.0, pC[i]) * liquid[i],
+                      vapor[i],    vaporSlopes[i], lambda[i],    lambdaSlopes[i]};
+
+    m_suctionStart = std::pow(10.0, m_pCStart);
+    m_wetConductivity = liquid[0];
+    m_wetSlope = m_suctionStart * LN10 * inverse[0];
+}
+
+MaterialTable::State MaterialTable::interpolate(std::size_t interval, double t, double suction) const {
+    const Node & a = m_nodes[interval];
+    const Node & b = m_nodes[interval + 1];
+    return {suction, hermite(t, PC_STEP, a.potential, a.potentialSlope, b.potential, b.potentialSlope),
+            hermite(t, PC_STEP, a.vapor, a.vaporSlope, b.vapor, b.vaporSlope),
+            hermite(t, PC_STEP, a.lambda, a.lambdaSlope, b.lambda, b.lambdaSlope)};
+}
+
+MaterialTable::State MaterialTable::fromMoisture(double moisture, std::uint32_t & interval) const {
+    const Node & wettest = m_nodes.front();
+    if (moisture >= wettest.moisture) {
+        const double suction = m_suctionStart + (moisture - wettest.moisture) * m_wetSlope;
+        return {suction, wettest.potential + m_wetConductivity * (m_suctionStart - suction), wettest.vapor,
+                wettest.lambda};
+    }
+    const auto last = static_cast<std::uint32_t>(m_nodes.size() - 2);
+    std::uint32_t i = std::min(interval, last);
+    if (moisture > m_nodes[i].moisture || moisture < m_nodes[i + 1].moisture) {
+        const auto found = std::lower_bound(m_nodes.begin() + 1, m_nodes.end() - 1, moisture,
+                                            [](const Node & node, double value) { return node.moisture > value; });
+        i = static_cast<std::uint32_t>(found - m_nodes.begin()) - 1;
+        interval = i;
+    }
+    const Node & a = m_nodes[i];
+    const Node & b = m_nodes[i + 1];
+    const double length = a.moisture - b.moisture;
+    const double s = std::min((a.moisture - moisture) / length, 1.0); // below the driest node nothing is left to give
+    const double pCStart = m_pCStart + PC_STEP * i;
+    const double pC = hermite(s, length, pCStart, -a.inverseSlope, pCStart + PC_STEP, -b.inverseSlope);
+    return interpolate(i, (pC - pCStart) / PC_STEP, std::exp(LN10 * pC));
+}
+
+MaterialTable::State MaterialTable::fromSuction(double suction, Slopes & slopes) const {
+    const Node & wettest = m_nodes.front();
+    if (suction <= m_suctionStart) {
+        slopes = {m_wetConductivity, 0, 0};
+        return {suction, wettest.potential + m_wetConductivity * (m_suctionStart - suction), wettest.vapor,
+                wettest.lambda};
+    }
+    const double position =
+        std::min((std::log10(suction) - m_pCStart) / PC_STEP, static_cast<double>(m_nodes.size() - 1));
+    const std::size_t i = std::min(static_cast<std::size_t>(position), m_nodes.size() - 2);
+    const double t = position - static_cast<double>(i);
+    const Node & a = m_nodes[i];
+    const Node & b = m_nodes[i + 1];
+    const double perSuction = 1 / (suction * LN10);
+    slopes = {-hermiteSlope(t, PC_STEP, a.potential, a.potentialSlope, b.potential, b.potentialSlope) * perSuction,
+              hermiteSlope(t, PC_STEP, a.vapor, a.vaporSlope, b.vapor, b.vaporSlope) * perSuction,
+              hermiteSlope(t, PC_STEP, a.lambda, a.lambdaSlope, b.lambda, b.lambdaSlope) * perSuction};
+    return interpolate(i, t, suction);
+}
+
+double MaterialTable::moisture(double suction) const {
+    if (suction <= m_suctionStart)
+        return m_nodes.front().moisture + (suction - m_suctionStart) / m_wetSlope;
+    const double position =
+        std::min((std::log10(suction) - m_pCStart) / PC_STEP, static_cast<double>(m_nodes.size() - 1));
+    const std::size_t i = std::min(static_cast<std::size_t>(position), m_nodes.size() - 2);
+    double low = m_nodes[i + 1].moisture;
+    double high = m_nodes[i].moisture;
+    auto hint = static_cast<std::uint32_t>(i);
+    for (int k = 0; k < 60; ++k) {
+        const double middle = (low + high) / 2;
+        (fromMoisture(middle, hint).suction > suction ? low : high) = middle;
+    }
+    return (low + high) / 2;
+}
+
+} // namespace SOLVER
