@@ -1,15 +1,12 @@
 #include <SOLVER/CvodeIntegrator.h>
 
-#include "Colouring.h"
+#include "BlockMatrix.h"
+#include "LinearSystem.h"
 
 #include <KOR/Exception.h>
 
 #include <cvode/cvode.h>
 #include <nvector/nvector_serial.h>
-#include <sunlinsol/sunlinsol_band.h>
-#include <sunlinsol/sunlinsol_klu.h>
-#include <sunmatrix/sunmatrix_band.h>
-#include <sunmatrix/sunmatrix_sparse.h>
 
 #include <algorithm>
 #include <cmath>
@@ -24,20 +21,10 @@ namespace {
 
 constexpr int RECOVERABLE = 1; ///< the integrator tries again with a smaller step
 
-std::span<double> values(N_Vector v) {
-    return {N_VGetArrayPointer(v), static_cast<std::size_t>(N_VGetLength(v))};
-}
-
 struct FreeVector {
     void operator()(N_Vector v) const { N_VDestroy(v); }
 };
 using Vector = std::unique_ptr<std::remove_pointer_t<N_Vector>, FreeVector>;
-struct FreeMatrix {
-    void operator()(SUNMatrix m) const { SUNMatDestroy(m); }
-};
-struct FreeSolver {
-    void operator()(SUNLinearSolver s) const { SUNLinSolFree(s); }
-};
 struct FreeContext {
     void operator()(SUNContext c) const { SUNContext_Free(&c); }
 };
@@ -74,79 +61,28 @@ struct CvodeIntegrator::Work {
     ~Work() { CVodeFree(&cvode); }
 
     static int rightHandSide(realtype t, N_Vector y, N_Vector ydot, void * data) noexcept;
-    static int jacobian(realtype t, N_Vector y, N_Vector fy, SUNMatrix j, void * data, N_Vector, N_Vector,
-                        N_Vector) noexcept;
     void check(int flag, const char * where) const {
         if (flag < 0)
             throw Exception(reason(flag), where);
     }
 
+    CallbackData callbackData;
     Model & model;
     IntegratorSettings settings;
-    std::vector<double> scales;
-    std::vector<std::vector<std::uint32_t>> colours;
-    std::vector<double> shifted, difference; ///< state and derivative beside the Jacobian's point
-    bool isBand = true;
 
     // In this order: what is made first goes last.
     std::unique_ptr<std::remove_pointer_t<SUNContext>, FreeContext> context;
     Vector state, tolerances;
-    std::unique_ptr<std::remove_pointer_t<SUNMatrix>, FreeMatrix> matrix;
-    std::unique_ptr<std::remove_pointer_t<SUNLinearSolver>, FreeSolver> solver;
+    std::unique_ptr<LinearSystem> linear;
     void * cvode = nullptr;
     double time = 0;
     IntegratorStatistics before; ///< counters of the runs before the last restart
 };
 
 int CvodeIntegrator::Work::rightHandSide(realtype t, N_Vector y, N_Vector ydot, void * data) noexcept {
-    return static_cast<Work *>(data)->model.rightHandSide(t, values(y), values(ydot)) ? 0 : RECOVERABLE;
-}
-
-int CvodeIntegrator::Work::jacobian(realtype t, N_Vector y, N_Vector fy, SUNMatrix j, void * data, N_Vector, N_Vector,
-                                    N_Vector) noexcept {
-    Work & work = *static_cast<Work *>(data);
-    const std::size_t unknowns = work.model.unknowns();
-    const auto & neighbours = work.model.neighbours();
-    const std::span<const double> point = values(y);
-    const std::span<const double> derivative = values(fy);
-    const double root = std::sqrt(std::numeric_limits<double>::epsilon());
-    SUNMatZero(j);
-    if (!work.isBand) { // the pattern is constant: block columns of neighbours, each column with all unknowns
-        sunindextype at = 0;
-        for (std::size_t c = 0; c < neighbours.size(); ++c)
-            for (std::size_t u = 0; u < unknowns; ++u) {
-                SM_INDEXPTRS_S(j)[unknowns * c + u] = at;
-                for (const std::uint32_t n : neighbours[c])
-                    for (std::size_t v = 0; v < unknowns; ++v)
-                        SM_INDEXVALS_S(j)[at++] = static_cast<sunindextype>(unknowns * n + v);
-            }
-        SM_INDEXPTRS_S(j)[unknowns * neighbours.size()] = at;
-    }
-    for (const std::vector<std::uint32_t> & cells : work.colours)
-        for (std::size_t u = 0; u < unknowns; ++u) {
-            std::copy(point.begin(), point.end(), work.shifted.begin());
-            for (const std::uint32_t c : cells) {
-                const std::size_t column = unknowns * c + u;
-                work.shifted[column] += root * std::max(std::fabs(point[column]), work.scales[column]);
-            }
-            if (!work.model.rightHandSide(t, work.shifted, work.difference))
-                return RECOVERABLE;
-            for (const std::uint32_t c : cells) {
-                const std::size_t column = unknowns * c + u;
-                const double perShift = 1 / (work.shifted[column] - point[column]);
-                std::size_t k = work.isBand ? 0 : static_cast<std::size_t>(SM_INDEXPTRS_S(j)[column]);
-                for (const std::uint32_t n : neighbours[c])
-                    for (std::size_t v = 0; v < unknowns; ++v) {
-                        const std::size_t row = unknowns * n + v;
-                        const double entry = (work.difference[row] - derivative[row]) * perShift;
-                        if (work.isBand)
-                            SM_ELEMENT_B(j, static_cast<sunindextype>(row), static_cast<sunindextype>(column)) = entry;
-                        else
-                            SM_DATA_S(j)[k++] = entry;
-                    }
-            }
-        }
-    return 0;
+    return static_cast<CallbackData *>(data)->model->rightHandSide(t, vectorValues(y), vectorValues(ydot))
+               ? 0
+               : RECOVERABLE;
 }
 
 CvodeIntegrator::CvodeIntegrator(Model & model, const IntegratorSettings & settings, double startTime,
@@ -167,21 +103,19 @@ CvodeIntegrator::CvodeIntegrator(Model & model, const IntegratorSettings & setti
     work.cvode = CVodeCreate(CV_BDF, context);
     if (!work.state || !work.tolerances || work.cvode == nullptr)
         throw Exception("Not enough memory for the integrator.", WHERE);
-    std::copy(state.begin(), state.end(), values(work.state.get()).begin());
+    std::copy(state.begin(), state.end(), vectorValues(work.state.get()).begin());
     work.time = startTime;
-    work.scales = model.scales();
-    work.shifted.resize(size);
-    work.difference.resize(size);
+    const std::vector<double> scales = model.scales();
     const bool hasHeat = model.input().module != module_t::moisture;
     for (std::size_t i = 0; i < size; ++i) {
         const bool isHeat = hasHeat && i % model.unknowns() == 0;
-        values(work.tolerances.get())[i] =
-            work.scales[i] * (isHeat ? settings.absoluteToleranceHeat : settings.absoluteToleranceMoisture);
+        vectorValues(work.tolerances.get())[i] =
+            scales[i] * (isHeat ? settings.absoluteToleranceHeat : settings.absoluteToleranceMoisture);
     }
 
     work.check(CVodeInit(work.cvode, Work::rightHandSide, startTime, work.state.get()), WHERE);
     work.check(CVodeSVtolerances(work.cvode, settings.relativeTolerance, work.tolerances.get()), WHERE);
-    work.check(CVodeSetUserData(work.cvode, &work), WHERE);
+    work.check(CVodeSetUserData(work.cvode, &work.callbackData), WHERE);
     work.check(CVodeSetMaxNumSteps(work.cvode, settings.maxStepsPerCall), WHERE);
     work.check(CVodeSetMaxOrd(work.cvode, settings.maxOrder), WHERE);
     work.check(CVodeSetMaxNonlinIters(work.cvode, settings.maxNonlinearIterations), WHERE);
@@ -196,32 +130,8 @@ CvodeIntegrator::CvodeIntegrator(Model & model, const IntegratorSettings & setti
                    work.cvode, [](int, const char *, const char *, char *, void *) {}, nullptr),
                WHERE);
 
-    // Band width and entries of the pattern.
-    const std::size_t unknowns = model.unknowns();
-    std::size_t width = 0;
-    std::size_t entries = 0;
-    for (std::uint32_t c = 0; c < model.cellCount(); ++c) {
-        const auto & list = model.neighbours()[c];
-        width = std::max<std::size_t>(width, std::max(c - list.front(), list.back() - c));
-        entries += list.size() * unknowns * unknowns;
-    }
-    const auto band = static_cast<sunindextype>(unknowns * (width + 1) - 1);
-    work.isBand = settings.linearSolver == linearSolver_t::band ||
-                  (settings.linearSolver == linearSolver_t::automatic && width <= 4);
-    if (work.isBand) {
-        work.matrix.reset(SUNBandMatrix(n, band, band, context));
-        if (work.matrix)
-            work.solver.reset(SUNLinSol_Band(work.state.get(), work.matrix.get(), context));
-    } else {
-        work.matrix.reset(SUNSparseMatrix(n, n, static_cast<sunindextype>(entries), CSC_MAT, context));
-        if (work.matrix)
-            work.solver.reset(SUNLinSol_KLU(work.state.get(), work.matrix.get(), context));
-    }
-    if (!work.matrix || !work.solver)
-        throw Exception("Not enough memory for the linear solver.", WHERE);
-    work.check(CVodeSetLinearSolver(work.cvode, work.solver.get(), work.matrix.get()), WHERE);
-    work.check(CVodeSetJacFn(work.cvode, Work::jacobian), WHERE);
-    work.colours = colourCells(model.neighbours());
+    work.linear = std::make_unique<LinearSystem>(model, settings, context, work.cvode, work.state.get());
+    work.callbackData = {&model, work.linear.get()};
 }
 
 CvodeIntegrator::~CvodeIntegrator() = default;
@@ -231,7 +141,7 @@ double CvodeIntegrator::time() const {
 }
 
 std::span<const double> CvodeIntegrator::state() const {
-    return values(m_work->state.get());
+    return vectorValues(m_work->state.get());
 }
 
 void CvodeIntegrator::advance(double time) {
@@ -260,15 +170,18 @@ IntegratorStatistics CvodeIntegrator::statistics() const {
     CVodeGetIntegratorStats(m_work->cvode, &s.steps, &s.rightHandSides, &setups, &s.errorTestFailures, &order, &order,
                             &unused, &s.lastStep, &unused, &unused);
     CVodeGetNonlinSolvStats(m_work->cvode, &s.nonlinearIterations, &s.nonlinearFailures);
-    CVodeGetNumJacEvals(m_work->cvode, &s.jacobians);
-    s.rightHandSides += s.jacobians * static_cast<long>(m_work->colours.size() * m_work->model.unknowns());
+    s.jacobians = m_work->linear->jacobianCount();
+    s.rightHandSides += s.jacobians * static_cast<long>(m_work->linear->jacobianCost());
+    CVodeGetNumLinIters(m_work->cvode, &s.linearIterations);
+    CVodeGetNumLinConvFails(m_work->cvode, &s.linearFailures);
     const IntegratorStatistics & b = m_work->before;
     s.steps += b.steps;
     s.rightHandSides += b.rightHandSides;
-    s.jacobians += b.jacobians;
     s.nonlinearIterations += b.nonlinearIterations;
     s.errorTestFailures += b.errorTestFailures;
     s.nonlinearFailures += b.nonlinearFailures;
+    s.linearIterations += b.linearIterations;
+    s.linearFailures += b.linearFailures;
     return s;
 }
 

@@ -6,8 +6,10 @@
 
 namespace SOLVER {
 
-/// Which direct or iterative solver handles the linear systems.
-enum class linearSolver_t { automatic, band, sparse };
+/// How the linear systems of an implicit step are solved.
+enum class linearSolver_t { blockTridiagonal, band, dense, sparse, gmres, bicgstab, automatic };
+/// What makes the iterative solvers converge.
+enum class preconditioner_t { blockTridiagonal, band, ilu, adi, none, noneWithJacobian, automatic };
 
 struct IntegratorSettings {
     double relativeTolerance = 1e-5;
@@ -21,12 +23,15 @@ struct IntegratorSettings {
     double nonlinearCoefficient = 0.1;
     long maxStepsPerCall = 1'000'000;
     linearSolver_t linearSolver = linearSolver_t::automatic;
+    preconditioner_t preconditioner = preconditioner_t::automatic;
+    int maxKrylovDimension = 30;
+    double iterativeCoefficient = 0.05; ///< of the linear residual, relative to the nonlinear tolerance
 };
 
 /// Counters of the work done since the start.
 struct IntegratorStatistics {
     long steps = 0, rightHandSides = 0, jacobians = 0, nonlinearIterations = 0, errorTestFailures = 0,
-         nonlinearFailures = 0;
+         nonlinearFailures = 0, linearIterations = 0, linearFailures = 0;
     double lastStep = 0; ///< [s]
 };
 
