@@ -87,13 +87,21 @@ HygSettings & HygSettings::instance() {
 }
 
 void HygSettings::setDefaults() {
-    QtExt::Settings::setDefaults();
     m_archiver = QStringLiteral("7z.exe");
     if (directory(DIR_INSTALLATION).isEmpty() && QCoreApplication::instance() != nullptr)
         setInstallationDirectory(QCoreApplication::applicationDirPath());
-    m_kurvioExecutable = directory(DIR_INSTALLATION) + KURVIO;
-    m_klimeditExecutable = directory(DIR_INSTALLATION) + KLIMEDIT;
+    QtExt::Settings::setDefaults();
     setDirectory(DIRECTORIES[DIR_USER_DATA].name, userDataDirectory());
+}
+
+QVariant HygSettings::defaultValue(const QString & key) const {
+    for (const auto & [program, file] : {
+             std::pair{"KurvioExecutable",   KURVIO  },
+             {"KlimeditExecutable", KLIMEDIT}
+    })
+        if (key == QLatin1String(program))
+            return directory(DIR_INSTALLATION) + file;
+    return QtExt::Settings::defaultValue(key);
 }
 
 void HygSettings::setInstallationDirectory(const QString & path) {

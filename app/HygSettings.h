@@ -32,6 +32,8 @@ public:
     /// The installation directory, unless it is set already, is that of the executable.
     void setDefaults() override;
 
+    QVariant defaultValue(const QString & key) const override;
+
     /// Sets the directories below it too, and the external programs that still have their default.
     void setInstallationDirectory(const QString & path);
     using QtExt::Settings::directory;

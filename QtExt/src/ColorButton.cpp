@@ -33,7 +33,7 @@ void ColorButton::choose() {
     QColorDialog::ColorDialogOptions options;
     options.setFlag(QColorDialog::ShowAlphaChannel, m_isAlphaShown);
     options.setFlag(QColorDialog::DontUseNativeDialog, Settings::instance().m_dontUseNativeDialogs);
-    setColor(QColorDialog::getColor(m_color, this, tr("Choose a color"), options)); // invalid when cancelled
+    setColor(QColorDialog::getColor(m_color, this, tr("Choose a colour"), options)); // invalid when cancelled
 }
 
 void ColorButton::showColor() {

@@ -29,10 +29,14 @@ LanguageHandler::~LanguageHandler() {
     QCoreApplication::removeTranslator(&m_qtTranslator);
 }
 
+QString LanguageHandler::systemLanguage() {
+    const QLocale system = QLocale::system();
+    return system.language() == QLocale::C ? QStringLiteral("en") : system.name().left(2);
+}
+
 QString LanguageHandler::requiredLanguage(const Settings & settings) {
-    const QString system = QLocale::system().name();
-    const QString required = settings.langId().isEmpty() ? system.left(2) : settings.langId();
-    log("System locale: '%1'.\n", system, KOR::MSG_PROGRESS, "[LanguageHandler::requiredLanguage]");
+    const QString required = settings.langId().isEmpty() ? systemLanguage() : settings.langId();
+    log("System locale: '%1'.\n", QLocale::system().name(), KOR::MSG_PROGRESS, "[LanguageHandler::requiredLanguage]");
     log("Translation required for locale: '%1'.\n", required, KOR::MSG_PROGRESS, "[LanguageHandler::requiredLanguage]");
     return required;
 }

@@ -146,7 +146,7 @@ void Settings::bindText(const QString & key, const QString & english, const QStr
 
 void Settings::setDefaults() {
     for (const Row & row : m_rows)
-        assign(row, row.defaultValue);
+        assign(row, defaultValue(row.key));
     m_texts = m_defaultTexts;
     m_rememberedAnswers.clear();
 }
@@ -216,9 +216,16 @@ QVariant Settings::value(const QString & key) const {
     return row == nullptr ? QVariant() : std::visit([](const auto * m) { return QVariant(*m); }, row->target);
 }
 
+QVariant Settings::defaultValue(const QString & key) const {
+    const Row * row = find(key);
+    return row == nullptr ? QVariant() : row->defaultValue;
+}
+
 bool Settings::setValue(const QString & key, const QVariant & value) {
     const Row * row = find(key);
-    return row != nullptr && assign(*row, value);
+    const bool isTaken = row != nullptr && assign(*row, value);
+    tidyRecentProjects();
+    return isTaken;
 }
 
 void Settings::addRecentProject(const QString & path) {

@@ -12,5 +12,6 @@ int main(int argc, char ** argv) {
     const QTemporaryDir store;
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, store.path());
     const QApplication application(argc, argv);
+    Q_INIT_RESOURCE(hygrion); // lies in a static library
     return RUN_ALL_TESTS();
 }

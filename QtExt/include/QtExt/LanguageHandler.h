@@ -18,6 +18,8 @@ public:
     LanguageHandler(const LanguageHandler &) = delete;
     LanguageHandler & operator=(const LanguageHandler &) = delete;
 
+    /// Two letters; "en" where the system names no language.
+    static QString systemLanguage();
     /// The language to be used: the one of the settings, else that of the system. Logs both locales.
     static QString requiredLanguage(const Settings & settings);
 

@@ -66,6 +66,8 @@ public:
     const Row * find(const QString & key) const;
     /// The value of a key, invalid when there is no such key. Colours are QColor.
     QVariant value(const QString & key) const;
+    /// The default of a key.
+    virtual QVariant defaultValue(const QString & key) const;
     /// False when there is no such key or the value cannot be used; the member then stays as it was.
     bool setValue(const QString & key, const QVariant & value);
 

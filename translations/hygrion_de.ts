@@ -1,0 +1,540 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>HygLogModel</name>
+    <message>
+        <source>Information</source>
+        <translation>Information</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>Warnung</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>Debug</source>
+        <translation>Diagnose</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>Meldung</translation>
+    </message>
+</context>
+<context>
+    <name>HygLogView</name>
+    <message>
+        <source>Information (%1)</source>
+        <translation>Informationen (%1)</translation>
+    </message>
+    <message>
+        <source>Warnings (%1)</source>
+        <translation>Warnungen (%1)</translation>
+    </message>
+    <message>
+        <source>Errors (%1)</source>
+        <translation>Fehler (%1)</translation>
+    </message>
+    <message>
+        <source>Debug (%1)</source>
+        <translation>Diagnose (%1)</translation>
+    </message>
+    <message>
+        <source>%1 of %2 shown</source>
+        <translation>%1 von %2 angezeigt</translation>
+    </message>
+    <message>
+        <source>Search messages</source>
+        <translation>Meldungen durchsuchen</translation>
+    </message>
+    <message>
+        <source>Messages</source>
+        <translation>Meldungen</translation>
+    </message>
+    <message>
+        <source>Copy the selected messages, or all that are shown</source>
+        <translation>Ausgewählte oder alle angezeigten Meldungen kopieren</translation>
+    </message>
+    <message>
+        <source>Copy messages</source>
+        <translation>Meldungen kopieren</translation>
+    </message>
+    <message>
+        <source>Remove all messages from this view; the log file keeps them</source>
+        <translation>Alle Meldungen aus dieser Ansicht entfernen; in der Protokolldatei bleiben sie</translation>
+    </message>
+    <message>
+        <source>Clear messages</source>
+        <translation>Meldungen entfernen</translation>
+    </message>
+    <message>
+        <source>Show or hide messages of this kind</source>
+        <translation>Meldungen dieser Art ein- oder ausblenden</translation>
+    </message>
+</context>
+<context>
+    <name>HygPreferences</name>
+    <message>
+        <source>General</source>
+        <translation>Allgemein</translation>
+    </message>
+    <message>
+        <source>Projects and files</source>
+        <translation>Projekte und Dateien</translation>
+    </message>
+    <message>
+        <source>Construction</source>
+        <translation>Konstruktion</translation>
+    </message>
+    <message>
+        <source>Sketch editor</source>
+        <translation>Skizzeneditor</translation>
+    </message>
+    <message>
+        <source>Simulation and outputs</source>
+        <translation>Simulation und Ausgaben</translation>
+    </message>
+    <message>
+        <source>External programs</source>
+        <translation>Externe Programme</translation>
+    </message>
+    <message>
+        <source>Messages and questions</source>
+        <translation>Meldungen und Rückfragen</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Sprache</translation>
+    </message>
+    <message>
+        <source>Language of the program. Changes at once.</source>
+        <translation>Sprache des Programms. Wechselt sofort.</translation>
+    </message>
+    <message>
+        <source>Appearance</source>
+        <translation>Erscheinungsbild</translation>
+    </message>
+    <message>
+        <source>Font size</source>
+        <translation>Schriftgröße</translation>
+    </message>
+    <message>
+        <source>Size of all texts in points. Changes at once.</source>
+        <translation>Größe aller Texte in Punkt. Wechselt sofort.</translation>
+    </message>
+    <message>
+        <source>System</source>
+        <translation>System</translation>
+    </message>
+    <message>
+        <source>Undo steps</source>
+        <translation>Rückgängig-Schritte</translation>
+    </message>
+    <message>
+        <source>Unit of lengths</source>
+        <translation>Einheit für Längen</translation>
+    </message>
+    <message>
+        <source>Unit in which widths of layers and cells are entered and shown.</source>
+        <translation>Einheit, in der Breiten von Schichten und Zellen eingegeben und angezeigt werden.</translation>
+    </message>
+    <message>
+        <source>Use the program&apos;s own file dialogs</source>
+        <translation>Eigene Dateidialoge des Programms verwenden</translation>
+    </message>
+    <message>
+        <source>Replaces the file dialogs of the desktop; helps where these are slow or lack folders.</source>
+        <translation>Ersetzt die Dateidialoge der Arbeitsumgebung; hilft, wenn diese langsam sind oder Ordner fehlen.</translation>
+    </message>
+    <message>
+        <source>Number of recent projects</source>
+        <translation>Anzahl der letzten Projekte</translation>
+    </message>
+    <message>
+        <source>Length of the list of recently used projects.</source>
+        <translation>Länge der Liste der zuletzt verwendeten Projekte.</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keine</translation>
+    </message>
+    <message>
+        <source>Recent projects</source>
+        <translation>Letzte Projekte</translation>
+    </message>
+    <message>
+        <source>Recently used projects, one a line, newest first.</source>
+        <translation>Zuletzt verwendete Projekte, eines je Zeile, das neueste zuerst.</translation>
+    </message>
+    <message>
+        <source>Last project</source>
+        <translation>Letztes Projekt</translation>
+    </message>
+    <message>
+        <source>The project that was open last.</source>
+        <translation>Das zuletzt geöffnete Projekt.</translation>
+    </message>
+    <message>
+        <source>Folder for opening</source>
+        <translation>Ordner zum Öffnen</translation>
+    </message>
+    <message>
+        <source>Folder in which file dialogs start.</source>
+        <translation>Ordner, in dem Dateidialoge beginnen.</translation>
+    </message>
+    <message>
+        <source>Folder for imports</source>
+        <translation>Ordner für Importe</translation>
+    </message>
+    <message>
+        <source>Folder in which the dialogs for imports start.</source>
+        <translation>Ordner, in dem die Importdialoge beginnen.</translation>
+    </message>
+    <message>
+        <source>Write complete project files</source>
+        <translation>Vollständige Projektdateien schreiben</translation>
+    </message>
+    <message>
+        <source>Writes values that equal their defaults too.</source>
+        <translation>Schreibt auch Werte, die ihren Vorgaben entsprechen.</translation>
+    </message>
+    <message>
+        <source>Climate location of new projects</source>
+        <translation>Klimaort neuer Projekte</translation>
+    </message>
+    <message>
+        <source>The location that the wizard for new projects offers first.</source>
+        <translation>Der Ort, den der Assistent für neue Projekte zuerst anbietet.</translation>
+    </message>
+    <message>
+        <source>Show grid lines</source>
+        <translation>Gitterlinien anzeigen</translation>
+    </message>
+    <message>
+        <source>Draws the lines of the grid in the construction view.</source>
+        <translation>Zeichnet die Linien des Gitters in der Konstruktionsansicht.</translation>
+    </message>
+    <message>
+        <source>Draw all cells equally wide</source>
+        <translation>Alle Zellen gleich breit zeichnen</translation>
+    </message>
+    <message>
+        <source>Makes thin cells visible; widths are then not to scale.</source>
+        <translation>Macht dünne Zellen sichtbar; die Breiten sind dann nicht maßstäblich.</translation>
+    </message>
+    <message>
+        <source>Selected cells</source>
+        <translation>Ausgewählte Zellen</translation>
+    </message>
+    <message>
+        <source>Highlighted cells</source>
+        <translation>Hervorgehobene Zellen</translation>
+    </message>
+    <message>
+        <source>Show grid in the sketch</source>
+        <translation>Raster in der Skizze anzeigen</translation>
+    </message>
+    <message>
+        <source>Draws a grid behind the two-dimensional sketch.</source>
+        <translation>Zeichnet ein Raster hinter die zweidimensionale Skizze.</translation>
+    </message>
+    <message>
+        <source>Grid</source>
+        <translation>Raster</translation>
+    </message>
+    <message>
+        <source>Background</source>
+        <translation>Hintergrund</translation>
+    </message>
+    <message>
+        <source>Size of labels</source>
+        <translation>Größe der Beschriftung</translation>
+    </message>
+    <message>
+        <source>Font size of the labels of the sketch in points.</source>
+        <translation>Schriftgröße der Beschriftung der Skizze in Punkt.</translation>
+    </message>
+    <message>
+        <source>Unit of labels</source>
+        <translation>Einheit der Beschriftung</translation>
+    </message>
+    <message>
+        <source>Length unit of the labels of the sketch.</source>
+        <translation>Längeneinheit der Beschriftung der Skizze.</translation>
+    </message>
+    <message>
+        <source>Width of lines</source>
+        <translation>Linienbreite</translation>
+    </message>
+    <message>
+        <source>Width of the lines of the sketch in pixels.</source>
+        <translation>Breite der Linien der Skizze in Bildpunkten.</translation>
+    </message>
+    <message>
+        <source>Parallel threads</source>
+        <translation>Parallele Threads</translation>
+    </message>
+    <message>
+        <source>Number of processor cores that the solver uses.</source>
+        <translation>Anzahl der Prozessorkerne, die der Löser verwendet.</translation>
+    </message>
+    <message>
+        <source>Automatic</source>
+        <translation>Automatisch</translation>
+    </message>
+    <message>
+        <source>Run the solver in its own window</source>
+        <translation>Löser in einem eigenen Fenster ausführen</translation>
+    </message>
+    <message>
+        <source>Starts the solver with a window that shows its progress instead of a console.</source>
+        <translation>Startet den Löser mit einem Fenster, das seinen Fortschritt zeigt, statt in einer Konsole.</translation>
+    </message>
+    <message>
+        <source>Clear results before a new run</source>
+        <translation>Ergebnisse vor einem neuen Lauf löschen</translation>
+    </message>
+    <message>
+        <source>Removes the results of the run before when a simulation starts from the beginning.</source>
+        <translation>Entfernt die Ergebnisse des vorigen Laufs, wenn eine Simulation von vorn beginnt.</translation>
+    </message>
+    <message>
+        <source>Quantities offered first</source>
+        <translation>Zuerst angebotene Größen</translation>
+    </message>
+    <message>
+        <source>Output quantities that head the list when an output is defined, one a line.</source>
+        <translation>Ausgabegrößen, die beim Festlegen einer Ausgabe oben in der Liste stehen, eine je Zeile.</translation>
+    </message>
+    <message>
+        <source>Text editor</source>
+        <translation>Texteditor</translation>
+    </message>
+    <message>
+        <source>Program that opens text files such as the log of the solver; empty for that of the desktop.</source>
+        <translation>Programm, das Textdateien wie das Protokoll des Lösers öffnet; leer für das der Arbeitsumgebung.</translation>
+    </message>
+    <message>
+        <source>Post-processing</source>
+        <translation>Auswertung</translation>
+    </message>
+    <message>
+        <source>Program that shows and compares results.</source>
+        <translation>Programm, das Ergebnisse zeigt und vergleicht.</translation>
+    </message>
+    <message>
+        <source>Climate editor</source>
+        <translation>Klimaeditor</translation>
+    </message>
+    <message>
+        <source>Program that edits climate data.</source>
+        <translation>Programm, das Klimadaten bearbeitet.</translation>
+    </message>
+    <message>
+        <source>Messages on the console</source>
+        <translation>Meldungen auf der Konsole</translation>
+    </message>
+    <message>
+        <source>How much is written to the console and the log view. Errors are always written.</source>
+        <translation>Wie viel auf die Konsole und in die Protokollansicht geschrieben wird. Fehler werden immer geschrieben.</translation>
+    </message>
+    <message>
+        <source>Messages in the log file</source>
+        <translation>Meldungen in der Protokolldatei</translation>
+    </message>
+    <message>
+        <source>How much is written to the log file. Errors are always written.</source>
+        <translation>Wie viel in die Protokolldatei geschrieben wird. Fehler werden immer geschrieben.</translation>
+    </message>
+    <message>
+        <source>Questions not asked any more</source>
+        <translation>Nicht mehr gestellte Fragen</translation>
+    </message>
+    <message>
+        <source>Remembered answers</source>
+        <translation>Gemerkte Antworten</translation>
+    </message>
+    <message>
+        <source>Forgets all answers, so that every question is asked again.</source>
+        <translation>Vergisst alle Antworten, sodass jede Frage wieder gestellt wird.</translation>
+    </message>
+    <message>
+        <source>System language</source>
+        <translation>Systemsprache</translation>
+    </message>
+    <message>
+        <source>As the desktop</source>
+        <translation>Wie die Arbeitsumgebung</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>Hell</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>Dunkel</translation>
+    </message>
+    <message>
+        <source>Errors only</source>
+        <translation>Nur Fehler</translation>
+    </message>
+    <message>
+        <source>Normal</source>
+        <translation>Normal</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>Mehr</translation>
+    </message>
+    <message>
+        <source>Detailed</source>
+        <translation>Ausführlich</translation>
+    </message>
+    <message>
+        <source>Everything</source>
+        <translation>Alles</translation>
+    </message>
+    <message>
+        <source>Light or dark colours, or those of the desktop. Changes at once.</source>
+        <translation>Helle oder dunkle Farben oder die der Arbeitsumgebung. Wechselt sofort.</translation>
+    </message>
+    <message>
+        <source>Number of edits that can be undone. Takes effect with the next project that is opened.</source>
+        <translation>Anzahl der Änderungen, die rückgängig gemacht werden können. Gilt ab dem nächsten geöffneten Projekt.</translation>
+    </message>
+    <message>
+        <source>Colour of the selected cells in the construction view.</source>
+        <translation>Farbe der ausgewählten Zellen in der Konstruktionsansicht.</translation>
+    </message>
+    <message>
+        <source>Colour of the cells that belong to the entry under the mouse.</source>
+        <translation>Farbe der Zellen, die zum Eintrag unter dem Mauszeiger gehören.</translation>
+    </message>
+    <message>
+        <source>Colour of the grid behind the sketch.</source>
+        <translation>Farbe des Rasters hinter der Skizze.</translation>
+    </message>
+    <message>
+        <source>Colour of the paper of the sketch.</source>
+        <translation>Farbe des Papiers der Skizze.</translation>
+    </message>
+    <message>
+        <source>Untick a question to be asked again.</source>
+        <translation>Das Häkchen entfernen, um wieder gefragt zu werden.</translation>
+    </message>
+</context>
+<context>
+    <name>HygPreferencesDialog</name>
+    <message>
+        <source>%1 - answer: %2</source>
+        <translation>%1 - Antwort: %2</translation>
+    </message>
+    <message>
+        <source>Every question is asked.</source>
+        <translation>Jede Frage wird gestellt.</translation>
+    </message>
+    <message>
+        <source>Preferences</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Search settings</source>
+        <translation>Einstellungen durchsuchen</translation>
+    </message>
+    <message>
+        <source>%1:</source>
+        <comment>label of a field</comment>
+        <translation>%1:</translation>
+    </message>
+    <message>
+        <source>Choose...</source>
+        <translation>Auswählen ...</translation>
+    </message>
+    <message>
+        <source>Forget all answers</source>
+        <translation>Alle Antworten vergessen</translation>
+    </message>
+    <message>
+        <source>The settings apply for now but could not be stored:
+%1</source>
+        <translation>Die Einstellungen gelten für jetzt, konnten aber nicht gespeichert werden:
+%1</translation>
+    </message>
+    <message>
+        <source>No setting contains these words.</source>
+        <translation>Keine Einstellung enthält diese Wörter.</translation>
+    </message>
+</context>
+<context>
+    <name>QtExt::ColorButton</name>
+    <message>
+        <source>Choose a colour</source>
+        <translation>Farbe wählen</translation>
+    </message>
+</context>
+<context>
+    <name>QtExt::MessageBox</name>
+    <message>
+        <source>Do not show this again</source>
+        <translation>Nicht mehr anzeigen</translation>
+    </message>
+    <message>
+        <source>Remember and do not ask again</source>
+        <translation>Antwort merken und nicht mehr fragen</translation>
+    </message>
+</context>
+<context>
+    <name>QtExt::ValueEdit</name>
+    <message>
+        <source>Show in another unit</source>
+        <translation>In anderer Einheit anzeigen</translation>
+    </message>
+    <message>
+        <source>Please enter a value.</source>
+        <translation>Bitte einen Wert eingeben.</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is not a number.</source>
+        <translation>„%1“ ist keine Zahl.</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is not a unit of this value; possible: %2.</source>
+        <translation>„%1“ ist keine Einheit dieses Wertes; möglich: %2.</translation>
+    </message>
+    <message>
+        <source>The value must lie between %1 and %2.</source>
+        <translation>Der Wert muss zwischen %1 und %2 liegen.</translation>
+    </message>
+    <message>
+        <source>The value must be greater than %1.</source>
+        <translation>Der Wert muss größer als %1 sein.</translation>
+    </message>
+    <message>
+        <source>The value must be at least %1.</source>
+        <translation>Der Wert muss mindestens %1 sein.</translation>
+    </message>
+    <message>
+        <source>The value must be less than %1.</source>
+        <translation>Der Wert muss kleiner als %1 sein.</translation>
+    </message>
+    <message>
+        <source>The value must be at most %1.</source>
+        <translation>Der Wert darf höchstens %1 sein.</translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>Einheit</translation>
+    </message>
+</context>
+</TS>
