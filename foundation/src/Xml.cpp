@@ -138,7 +138,7 @@ std::string ElementReader::attribute(const char * name) const {
     fail(KOR::text(m_texts.missingAttr, name));
 }
 
-void ElementReader::children(std::initializer_list<Child> rows) const {
+void ElementReader::children(std::span<const Child> rows) const {
     for (const TiXmlElement * child = m_element.FirstChildElement(); child != nullptr;
          child = child->NextSiblingElement()) {
         const auto row = std::find_if(rows.begin(), rows.end(),

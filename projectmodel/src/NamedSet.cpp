@@ -8,22 +8,12 @@ namespace HYGRION::detail {
 
 namespace {
 
-std::string nameOf(const TiXmlElement & element) {
-    if (auto name = KOR::xml::attribute(element, "name"))
-        return *name;
-    if (element.ValueStr().starts_with("KOR:"))
-        throw KOR::Exception(
-            KOR::xml::withLine(element, KOR::text("Missing 'name' attribute in %1 element.", element.ValueStr())),
-            "[NamedSet::readXML]");
-    return element.ValueStr();
-}
-
 [[noreturn]] void throwInvalidValue(const TiXmlElement & element, const NamedValueTexts & texts,
                                     const KOR::Exception & failure) {
     const KOR::Exception cause = KOR::xml::located(element, failure);
     if (texts.invalidValue.empty())
         throw cause;
-    throw KOR::Exception(cause, KOR::text(texts.invalidValue, nameOf(element)), std::string(texts.where));
+    throw KOR::Exception(cause, KOR::text(texts.invalidValue, readName(element)), std::string(texts.where));
 }
 
 template <typename Read> void guarded(const TiXmlElement & element, const NamedValueTexts & texts, const Read & read) {
@@ -36,16 +26,21 @@ template <typename Read> void guarded(const TiXmlElement & element, const NamedV
 
 } // namespace
 
-int readKey(const TiXmlElement & element, std::string_view category, const NamedValueTexts & texts) {
-    const std::string name = nameOf(element);
-    try {
-        return KeywordList::Enumeration(category, name);
-    } catch (const KOR::Exception & ex) {
-        const KOR::Exception cause = KOR::xml::located(element, ex);
-        if (texts.unknownName.empty())
-            throw cause;
-        throw KOR::Exception(cause, KOR::text(texts.unknownName, name), std::string(texts.where));
-    }
+std::string readName(const TiXmlElement & element) {
+    if (auto name = KOR::xml::attribute(element, "name"))
+        return *name;
+    if (element.ValueStr().starts_with("KOR:"))
+        throw KOR::Exception(
+            KOR::xml::withLine(element, KOR::text("Missing 'name' attribute in %1 element.", element.ValueStr())),
+            "[NamedSet::readXML]");
+    return element.ValueStr();
+}
+
+void throwUnknownName(const TiXmlElement & element, const NamedValueTexts & texts, const KOR::Exception & failure) {
+    const KOR::Exception cause = KOR::xml::located(element, failure);
+    if (texts.unknownName.empty())
+        throw cause;
+    throw KOR::Exception(cause, KOR::text(texts.unknownName, readName(element)), std::string(texts.where));
 }
 
 void throwTwice(const TiXmlElement & element, const std::string & name, const NamedValueTexts & texts) {
@@ -62,7 +57,7 @@ void readValue(const TiXmlElement & element, KOR::Flag & value, const NamedValue
 }
 
 void readValue(const TiXmlElement & element, KOR::IntPara & value, const NamedValueTexts & texts) {
-    guarded(element, texts, [&] { value = {nameOf(element), KOR::string2val<int>(KOR::xml::text(element))}; });
+    guarded(element, texts, [&] { value = {readName(element), KOR::string2val<int>(KOR::xml::text(element))}; });
 }
 
 } // namespace HYGRION::detail

@@ -4,9 +4,11 @@
 #include <HYGRION/NamedSet.h>
 
 #include <KOR/Exception.h>
+#include <KOR/Path.h>
 #include <KOR/Xml.h>
 
-#include <algorithm>
+#include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -49,6 +51,63 @@ Enum keywordText(const TiXmlElement & element, std::string_view message = {}, st
 
 template <typename Enum> void appendKeyword(TiXmlElement & parent, const std::string & name, Enum value) {
     appendText(parent, name, KeywordList::Keyword(value));
+}
+
+template <typename Enum>
+void appendKeyword(TiXmlElement & parent, const std::string & name, std::optional<Enum> value) {
+    if (value)
+        appendKeyword(parent, name, *value);
+}
+
+/// The path in an element's text.
+inline KOR::Path path(const TiXmlElement & element) {
+    return KOR::Path(KOR::xml::text(element));
+}
+
+/// Appends a parameter under another tag than "KOR:Parameter".
+inline void appendParameter(TiXmlElement & parent, const std::string & tag, const KOR::Parameter & parameter) {
+    TiXmlElement & element = appendText(parent, tag, KOR::toString(parameter.ioValue()));
+    setAttribute(element, "name", parameter.name());
+    setAttribute(element, "unit", parameter.ioUnit().name());
+}
+
+/// Appends an element with a text unless that is empty.
+inline void appendGiven(TiXmlElement & parent, const std::string & name, std::string_view text) {
+    if (!text.empty())
+        appendText(parent, name, text);
+}
+
+/// Reads a "KOR:Parameter" element that names a parameter or an integer parameter.
+template <typename Enum, typename IntEnum>
+void readParameter(const TiXmlElement & element, ParaSet<Enum> & parameters, IntParaSet<IntEnum> & integers,
+                   const NamedValueTexts & texts) {
+    const auto name = KOR::xml::attribute(element, "name");
+    if (name && KeywordList::KeywordExists<IntEnum>(*name))
+        integers.readXML(element, texts);
+    else
+        parameters.readXML(element, texts);
+}
+
+/// Reads a "CCReference": the attribute "type" says which quantity the named climate condition supplies.
+template <typename Enum> void readReference(const TiXmlElement & element, std::map<Enum, std::string> & references) {
+    constexpr ElementTexts TEXTS{
+        .where = "[CCReference::readXML]",
+        .missingAttr = "Expected '%1' attribute in CCReference.",
+        .unknownTag = {},
+        .wrapping = {},
+    };
+    const ElementReader reader(element, TEXTS);
+    const Enum type = keywordAttribute<Enum>(reader, "type");
+    std::string name = reader.text();
+    if (name.empty())
+        reader.fail("Missing name of a climate condition in CCReference.");
+    if (!references.emplace(type, std::move(name)).second)
+        detail::throwTwice(element, KeywordList::Keyword(type), {.where = TEXTS.where});
+}
+
+template <typename Enum> void writeReferences(TiXmlElement & parent, const std::map<Enum, std::string> & references) {
+    for (const auto & [type, name] : references)
+        setAttribute(appendText(parent, "CCReference", name), "type", KeywordList::Keyword(type));
 }
 
 /// Refuses a second definition with the same identification name, in linear time.

@@ -7,6 +7,7 @@
 #include <functional>
 #include <initializer_list>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -90,7 +91,8 @@ public:
     std::string text() const { return xml::text(m_element); }
     /// Hands each child element to the row of its name; chains inChild above what fails there.
     /// Throws unknownTag for a child that has no row.
-    void children(std::initializer_list<Child> rows) const;
+    void children(std::span<const Child> rows) const;
+    void children(std::initializer_list<Child> rows) const { children(std::span(rows.begin(), rows.size())); }
     /// Throws the message with the element's line and the reader's identifier.
     [[noreturn]] void fail(std::string message) const { fail(m_element, std::move(message)); }
     [[noreturn]] void fail(const TiXmlElement & at, const std::string & message) const;

@@ -15,6 +15,8 @@ class KeywordList {
 public:
     /// The whole table: 53 categories.
     static const KOR::KeywordTable & table();
+    /// Enumerations of the project that the table does not hold; the functions of an enumeration know both.
+    static const KOR::KeywordTable & furtherTable();
 
     static std::string Keyword(std::string_view category, int index) { return table().Keyword(category, index); }
     static std::string_view Description(std::string_view category, int index) {
@@ -40,23 +42,28 @@ public:
     }
 
     template <typename Enum> static std::string Keyword(Enum value) {
-        return Keyword(category<Enum>(), static_cast<int>(value));
+        return tableOf<Enum>().Keyword(category<Enum>(), static_cast<int>(value));
     }
     template <typename Enum> static std::string_view Description(Enum value) {
-        return Description(category<Enum>(), static_cast<int>(value));
+        return tableOf<Enum>().Description(category<Enum>(), static_cast<int>(value));
     }
     template <typename Enum> static std::string_view Unit(Enum value) {
-        return Unit(category<Enum>(), static_cast<int>(value));
+        return tableOf<Enum>().Unit(category<Enum>(), static_cast<int>(value));
     }
     /// Throws as Enumeration of the category.
     template <typename Enum> static Enum Enumeration(std::string_view keyword) {
-        return static_cast<Enum>(Enumeration(category<Enum>(), keyword));
+        return static_cast<Enum>(tableOf<Enum>().Enumeration(category<Enum>(), keyword));
     }
     template <typename Enum> static bool KeywordExists(std::string_view keyword) {
-        return KeywordExists(category<Enum>(), keyword);
+        return tableOf<Enum>().KeywordExists(category<Enum>(), keyword);
     }
     /// Number of entries.
-    template <typename Enum> static int count() { return MaxIndex(category<Enum>()) + 1; }
+    template <typename Enum> static int count() { return tableOf<Enum>().MaxIndex(category<Enum>()) + 1; }
+
+private:
+    template <typename Enum> static const KOR::KeywordTable & tableOf() {
+        return furtherTable().find(category<Enum>()) != nullptr ? furtherTable() : table();
+    }
 };
 
 } // namespace HYGRION

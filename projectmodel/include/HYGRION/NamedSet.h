@@ -2,6 +2,7 @@
 
 #include <HYGRION/KeywordList.h>
 
+#include <KOR/Exception.h>
 #include <KOR/Flag.h>
 #include <KOR/IntPara.h>
 #include <KOR/Parameter.h>
@@ -24,9 +25,12 @@ struct NamedValueTexts {
 };
 
 namespace detail {
-/// The index of the element's name in the category. The name is its attribute "name"; an element outside "KOR:" that has
-/// none is named by its tag. Throws with the line when there is no name or it is no keyword.
-int readKey(const TiXmlElement & element, std::string_view category, const NamedValueTexts & texts);
+/// The element's attribute "name"; an element outside "KOR:" that has none is named by its tag.
+/// Throws with the line when there is no name.
+std::string readName(const TiXmlElement & element);
+/// Chains texts.unknownName above the failure of finding the name's entry.
+[[noreturn]] void throwUnknownName(const TiXmlElement & element, const NamedValueTexts & texts,
+                                   const KOR::Exception & failure);
 [[noreturn]] void throwTwice(const TiXmlElement & element, const std::string & name, const NamedValueTexts & texts);
 /// Reads name and value; chains texts.invalidValue above a failure.
 void readValue(const TiXmlElement & element, KOR::Parameter & value, const NamedValueTexts & texts);
@@ -52,7 +56,7 @@ public:
     /// Reads one named element and stores it under its name. Throws with the line: a name that is no keyword, a name
     /// that was read before, a value that cannot be read.
     void readXML(const TiXmlElement & element, const NamedValueTexts & texts) {
-        const Enum key = static_cast<Enum>(detail::readKey(element, KeywordList::category<Enum>(), texts));
+        const Enum key = readKey(element, texts);
         Value value;
         detail::readValue(element, value, texts);
         if (!m_values.emplace(key, std::move(value)).second)
@@ -67,6 +71,16 @@ public:
 
 protected:
     std::map<Enum, Value> m_values;
+
+private:
+    static Enum readKey(const TiXmlElement & element, const NamedValueTexts & texts) {
+        const std::string name = detail::readName(element);
+        try {
+            return KeywordList::Enumeration<Enum>(name);
+        } catch (const KOR::Exception & ex) {
+            detail::throwUnknownName(element, texts, ex);
+        }
+    }
 };
 
 /// Parameters named by the keywords of an enumeration.

@@ -1,0 +1,115 @@
+#include <HYGRION/BoundaryCond.h>
+
+#include "ParaLimits.h"
+#include "XmlParts.h"
+
+namespace HYGRION {
+
+namespace {
+
+constexpr xml::ElementTexts TEXTS{
+    .where = "[BoundaryCond::readXML]",
+    .missingAttr = "Expected '%1' attribute in BoundaryCondition.",
+    .unknownTag = "Unknown XML tag with name '%1' in BoundaryCondition element.",
+    .wrapping = {},
+    .inChild = "Error reading BoundaryCondition element.",
+};
+constexpr NamedValueTexts VALUES{
+    .where = TEXTS.where,
+    .invalidValue = "Invalid parameter value for '%1' property.",
+};
+
+//  parameter                          unit   min         max
+constexpr ParaLimit LIMITS[] = {
+    {"ExchangeCoefficient",              "",      0,          UNLIMITED},
+    {"ExchangeExponent",                 "---",   0,          10       },
+    {"ExposureCoefficient",              "---",   0,          10       },
+    {"MinRainTemperature",               "C",     -50,        100      },
+    {"SurfaceAbsorptionCoefficient",     "---",   0,          1        },
+    {"SurfaceEmissionCoefficient",       "---",   0,          1        },
+    {"SDValue",                          "m",     0,          UNLIMITED},
+    {"PipeCollectorDiameter",            "m",     ABOVE_ZERO, UNLIMITED},
+    {"PipeCollectorThickness",           "m",     ABOVE_ZERO, UNLIMITED},
+    {"PipeCollectorLength",              "m",     ABOVE_ZERO, UNLIMITED},
+    {"PipeCollectorThermalConductivity", "W/mK",  ABOVE_ZERO, UNLIMITED},
+    {"PipeCollectorFluidHeatCapacity",   "J/kgK", ABOVE_ZERO, UNLIMITED},
+    {"PipeCollectorModelFraction",       "---",   0,          1        },
+    {"PipeCollectorGlycolContent",       "",      0,          100      },
+    {"FlowCoefficient",                  "",      0,          UNLIMITED},
+    {"SurfaceLiquidFraction",            "---",   0,          1        },
+    {"HeatingCooling",                   "",      0,          2        },
+    {"HP_GlycolKind",                    "",      0,          2        },
+};
+
+/// What a kind cannot do without.
+struct Required {
+    BoundaryCond::kind_t kind;
+    BoundaryCond::para_t para;
+};
+using Kind = BoundaryCond::kind_t;
+using Para = BoundaryCond::para_t;
+constexpr Required REQUIRED[] = {
+    {Kind::Exchange,               Para::ExchangeCoefficient             },
+    {Kind::ExchangeVelocity,       Para::ExchangeCoefficient             },
+    {Kind::ExchangeVelocity,       Para::ExchangeSlope                   },
+    {Kind::ExchangeVelocity,       Para::ExchangeExponent                },
+    {Kind::PipeCollectorModel,     Para::PipeCollectorDiameter           },
+    {Kind::PipeCollectorModel,     Para::PipeCollectorThickness          },
+    {Kind::PipeCollectorModel,     Para::PipeCollectorLength             },
+    {Kind::PipeCollectorModel,     Para::PipeCollectorThermalConductivity},
+    {Kind::StandardRadiationModel, Para::SurfaceAbsorptionCoefficient    },
+    {Kind::LongWaveComponents,     Para::SurfaceEmissionCoefficient      },
+    {Kind::FlowCoefficientModel,   Para::FlowCoefficient                 },
+};
+
+} // namespace
+
+void BoundaryCond::readXML(const TiXmlElement & element) {
+    BoundaryCond read;
+    xml::readElement(element, TEXTS, [&read](const xml::ElementReader & reader) {
+        read.m_name = reader.attribute("name");
+        read.m_type = xml::keywordAttribute<condition_t>(reader, "type");
+        read.m_kind = xml::keywordAttribute<kind_t>(reader, "kind");
+        reader.children({
+            {"KOR:Parameter",
+             [&](const TiXmlElement & child) { xml::readParameter(child, read.m_para, read.m_intPara, VALUES); }           },
+            {"KOR:Flag",                [&](const TiXmlElement & child) { read.m_flag.readXML(child, VALUES); }            },
+            {"KOR:IntPara",             [&](const TiXmlElement & child) { read.m_intPara.readXML(child, VALUES); }         },
+            {"CCReference",             [&](const TiXmlElement & child) { xml::readReference(child, read.m_ccReferences); }},
+            {"Schedule",                [&](const TiXmlElement & child) { read.m_schedule = KOR::xml::text(child); }       },
+            {"OtherInterfaceReference",
+             [&](const TiXmlElement & child) { read.m_otherInterfaceReference = KOR::xml::text(child); }                   },
+            {"ContactConditionName",
+             [&](const TiXmlElement & child) { read.m_contactConditionName = KOR::xml::text(child); }                      },
+        });
+    });
+    *this = std::move(read);
+}
+
+void BoundaryCond::writeXML(TiXmlElement & parent) const {
+    TiXmlElement & element = xml::appendElement(parent, "BoundaryCondition");
+    xml::setAttribute(element, "name", m_name);
+    xml::setAttribute(element, "type", KeywordList::Keyword(m_type));
+    xml::setAttribute(element, "kind", KeywordList::Keyword(m_kind));
+    m_para.writeXML(element);
+    m_flag.writeXML(element);
+    m_intPara.writeXML(element);
+    xml::writeReferences(element, m_ccReferences);
+    xml::appendGiven(element, "Schedule", m_schedule);
+    xml::appendGiven(element, "OtherInterfaceReference", m_otherInterfaceReference);
+    xml::appendGiven(element, "ContactConditionName", m_contactConditionName);
+}
+
+void BoundaryCond::checkParameters() const {
+    constexpr const char * WHERE = "[BoundaryCond::checkParameters]";
+    const std::string context = KOR::text("Boundary condition '%1': ", m_name);
+    for (const Required & required : REQUIRED)
+        if (required.kind == m_kind && !m_para.contains(required.para))
+            throw KOR::Exception(KOR::text("%1Parameter '%2' is missing for kind '%3'.", context,
+                                           KeywordList::Keyword(required.para), KeywordList::Keyword(m_kind)),
+                                 WHERE);
+    checkLimits(m_para, LIMITS, context, WHERE);
+    checkLimits(m_intPara, LIMITS, context, WHERE);
+}
+
+} // namespace HYGRION

@@ -1,0 +1,87 @@
+#include <HYGRION/SolverSettings.h>
+
+#include <HYGRION/Defaults.h>
+
+#include "ParaLimits.h"
+#include "XmlParts.h"
+
+namespace HYGRION {
+
+namespace {
+
+constexpr xml::ElementTexts TEXTS{
+    .where = "[SolverSettings::readXML]",
+    .missingAttr = {},
+    .unknownTag = "Unknown element '%1' in 'SolverParameter' section.",
+    .wrapping = {},
+    .inChild = "Invalid format of xml element '%1' in section 'SolverParameter'",
+    .inChildCause = "%1\nInvalid format of xml element '%2' in section 'SolverParameter'",
+};
+constexpr NamedValueTexts VALUES{.where = TEXTS.where};
+
+} // namespace
+
+KOR::Parameter SolverSettings::parameter(para_t key) const {
+    return parameterOrDefault(m_para, key);
+}
+bool SolverSettings::isEnabled(flag_t key) const {
+    return isEnabledOrDefault(m_flag, key);
+}
+SolverSettings::integrator_t SolverSettings::integrator() const {
+    return m_integrator.value_or(defaultChoice<integrator_t>());
+}
+SolverSettings::lesSolver_t SolverSettings::lesSolver() const {
+    return m_lesSolver.value_or(defaultChoice<lesSolver_t>());
+}
+SolverSettings::precond_t SolverSettings::preconditioner() const {
+    return m_precond.value_or(defaultChoice<precond_t>());
+}
+
+void SolverSettings::readXML(const TiXmlElement & element) {
+    SolverSettings read;
+    xml::readElement(element, TEXTS, [&read](const xml::ElementReader & reader) {
+        const auto choice = [](auto & member, std::string_view message) {
+            return [&member, message](const TiXmlElement & child) {
+                using Enum = typename std::remove_reference_t<decltype(member)>::value_type;
+                member = xml::keywordText<Enum>(child, message, TEXTS.where);
+            };
+        };
+        reader.children({
+            {"Integrator",                                choice(read.m_integrator,                                         "Invalid keyword for Integrator attribute")},
+            {"LESSolver",                                           choice(read.m_lesSolver,                                                                                                 "Invalid keyword for LESSolver attribute")},
+            {"Preconditioner", choice(read.m_precond,"Invalid keyword for Preconditioner attribute")},
+            {"KOR:Parameter",                      [&](const TiXmlElement & child) { read.m_para.readXML(child, VALUES); }                                                                      },
+            {"KOR:Flag",                             [&](const TiXmlElement & child) { read.m_flag.readXML(child, VALUES); }},
+        });
+    });
+    *this = std::move(read);
+}
+
+void SolverSettings::writeXML(TiXmlElement & parent) const {
+    if (*this == SolverSettings())
+        return;
+    TiXmlElement & element = xml::appendElement(parent, "SolverParameter");
+    xml::appendKeyword(element, "Integrator", m_integrator);
+    xml::appendKeyword(element, "LESSolver", m_lesSolver);
+    xml::appendKeyword(element, "Preconditioner", m_precond);
+    m_para.writeXML(element);
+    m_flag.writeXML(element);
+}
+
+void SolverSettings::checkParameters() const {
+    constexpr const char * WHERE = "[SolverSettings::checkParameters]";
+    checkDefaultLimits(m_para, WHERE);
+    const auto seconds = [this](para_t key) { return parameter(key).get_value("s"); };
+    const auto checkOrder = [&](para_t smaller, para_t larger) {
+        if ((m_para.contains(smaller) || m_para.contains(larger)) && seconds(smaller) > seconds(larger))
+            throw KOR::Exception(KOR::text("Parameter '%1' (%2) must not exceed '%3' (%4).",
+                                           KeywordList::Keyword(smaller), parameter(smaller).valueText(),
+                                           KeywordList::Keyword(larger), parameter(larger).valueText()),
+                                 WHERE);
+    };
+    checkOrder(para_t::MinTimeStep, para_t::MaxTimeStep);
+    checkOrder(para_t::InitialTimeStep, para_t::MaxTimeStep);
+    checkOrder(para_t::MinTimeStep, para_t::InitialTimeStep);
+}
+
+} // namespace HYGRION
