@@ -2,6 +2,7 @@
 
 #include "XmlParts.h"
 
+#include <CCM/ClimateDataLoader.h>
 #include <KOR/UnitList.h>
 
 #include <algorithm>
@@ -51,6 +52,25 @@ constexpr Required REQUIRED[] = {
     {Kind::DoubleSinus, Para::OscPeriod2,    PERIOD2   },
     {Kind::DoubleSinus, Para::PhaseShift2,   {}        },
 };
+
+/// What climate files call a quantity, where that is another word.
+struct FileWord {
+    ClimateCond::condition_t type;
+    CCM::quantity_t quantity;
+};
+constexpr FileWord FILE_WORDS[] = {
+    {ClimateCond::condition_t::RainFluxHorizontal,     CCM::Q_RAIN               },
+    {ClimateCond::condition_t::SWRadiationDiffuse,     CCM::Q_DIFFUSE_RADIATION  },
+    {ClimateCond::condition_t::LWRadiationSkyEmission, CCM::Q_LONG_WAVE_RADIATION},
+    {ClimateCond::condition_t::GasPressure,            CCM::Q_AIR_PRESSURE       },
+};
+
+bool isQuantity(ClimateCond::condition_t type, const std::string & word) {
+    return word == KeywordList::Keyword(type) ||
+           std::any_of(std::begin(FILE_WORDS), std::end(FILE_WORDS), [&](const FileWord & known) {
+               return known.type == type && CCM::CLIMATE_QUANTITIES[known.quantity].keyword == word;
+           });
+}
 
 bool needsData(Kind kind) {
     return kind == Kind::TabulatedData || kind == Kind::CCM;
@@ -147,33 +167,33 @@ ClimateCond::Calculation::Wave ClimateCond::wave(para_t amplitude, para_t period
     return result;
 }
 
-void ClimateCond::setData(const ClimateSeries & climateData, int startYear) {
+void ClimateCond::setData(const CCM::CCDFile & climateData, int startYear) {
     constexpr const char * WHERE = "[ClimateCond::setData]";
-    if (climateData.m_quantity != KeywordList::Keyword(m_type))
+    if (!isQuantity(m_type, climateData.quantity))
         fail(KOR::text("Quantity of climate data file '%1' does not match requested quantity '%2' of climate condition "
                        "definition.",
-                       climateData.m_quantity, KeywordList::Keyword(m_type)),
+                       climateData.quantity, KeywordList::Keyword(m_type)),
              WHERE);
-    if (climateData.m_timePoints.empty() || climateData.m_values.empty())
+    if (climateData.timePoints.empty() || climateData.values.empty())
         fail("Missing data in climate data file.", WHERE);
     if (m_flag.isEnabled(flag_t::Cyclic)) {
-        const double last = climateData.m_timePoints.back();
-        if (last > SECONDS_PER_YEAR)
+        const double last = climateData.timePoints.back();
+        if (last > CCM::SECONDS_OF_YEAR)
             fail(KOR::text(
                      "Last time point (=%1 s) in climate data file is larger than 365 days (= 1 year), which is the "
                      "maximum allowed time point for cyclic climate data usage.",
                      last),
                  WHERE);
-        if (climateData.m_timePoints.front() == 0 && last == SECONDS_PER_YEAR)
+        if (climateData.timePoints.front() == 0 && last == CCM::SECONDS_OF_YEAR)
             fail("Climate data file contains time point 0 and 365 d at the same time which is not allowed in cyclic "
                  "climate data usage.",
                  WHERE);
     }
     Calculation calculation;
     try {
-        std::vector<double> values = climateData.m_values;
-        KOR::UnitList::instance().convert(climateData.m_unit, baseUnit(), values);
-        calculation.m_data.setValues(climateData.m_timePoints, values);
+        std::vector<double> values = climateData.values;
+        KOR::UnitList::instance().convert(KOR::Unit(climateData.unit), baseUnit(), values);
+        calculation.m_data.setValues(climateData.timePoints, values);
     } catch (const KOR::Exception & ex) {
         throw KOR::Exception(ex, "Error creating linear spline for climate data interpolation.", WHERE);
     }
@@ -188,11 +208,11 @@ void ClimateCond::closeYear() {
     const double firstX = x.front();
     const double firstY = y.front();
     if (firstX > 0) {
-        x.insert(x.begin(), x.back() - SECONDS_PER_YEAR);
+        x.insert(x.begin(), x.back() - CCM::SECONDS_OF_YEAR);
         y.insert(y.begin(), y.back());
     }
-    if (x.back() < SECONDS_PER_YEAR) {
-        x.push_back(firstX + SECONDS_PER_YEAR);
+    if (x.back() < CCM::SECONDS_OF_YEAR) {
+        x.push_back(firstX + CCM::SECONDS_OF_YEAR);
         y.push_back(firstY);
     }
     m_calculation.m_series.setValues(x, y);
@@ -249,9 +269,9 @@ void ClimateCond::prepareCalculation() {
 double ClimateCond::dataValue(double t) const {
     const KOR::LinearSpline & series = m_calculation.m_series;
     if (m_calculation.m_isCyclic) {
-        t = std::fmod(t, SECONDS_PER_YEAR);
+        t = std::fmod(t, CCM::SECONDS_OF_YEAR);
         if (t < 0)
-            t += SECONDS_PER_YEAR;
+            t += CCM::SECONDS_OF_YEAR;
     } else if (t < series.x().front() || (t > series.x().back() && !m_calculation.m_extends)) {
         fail(KOR::text("Time point %1 s out of range %2..%3 s of climatic data for climate condition '%4'.", t,
                        series.x().front(), series.x().back(), m_name),

@@ -3,10 +3,8 @@
 #include <HYGRION/StandardClimate.h>
 
 #include <KOR/Exception.h>
-#include <KOR/UnitList.h>
 
 #include <algorithm>
-#include <cmath>
 
 /// What engineering interfaces stand for: the climate and boundary conditions that the solver needs.
 namespace HYGRION {
@@ -40,15 +38,13 @@ constexpr AdaptiveIndoorClimate WTA_LOADS[] = {
     {20, 25, 40, 70},
 };
 
-constexpr double PLAUSIBLE_OUTDOOR[] = {-90, 60}; ///< [C]
-
-ClimateCond tabulated(std::string name, const ClimateSeries & series, int startYear = ClimateCond::NO_YEAR) {
+ClimateCond tabulated(std::string name, const CCM::CCDFile & series, int startYear = ClimateCond::NO_YEAR) {
     ClimateCond condition;
     condition.m_name = std::move(name);
-    condition.m_type = KeywordList::Enumeration<Condition>(series.m_quantity);
+    condition.m_type = KeywordList::Enumeration<Condition>(series.quantity);
     condition.m_kind = ClimateCond::kind_t::TabulatedData;
     condition.m_flag.set(ClimateCond::flag_t::UseInterpolation, true);
-    condition.m_flag.set(ClimateCond::flag_t::Cyclic, series.m_timePoints.back() <= SECONDS_PER_YEAR);
+    condition.m_flag.set(ClimateCond::flag_t::Cyclic, series.timePoints.back() <= CCM::SECONDS_OF_YEAR);
     condition.setData(series, startYear);
     return condition;
 }
@@ -105,17 +101,14 @@ double indoorHeatTransfer(Interface::climateTypeIndoor_t type) {
 
 } // namespace
 
-void Interface::generateWTAIndoorClimateData(const ClimateSeries & outdoorTemperature, ClimateSeries & temperature,
-                                             ClimateSeries & relativeHumidity) const {
-    ClimateSeries outdoor = outdoorTemperature;
-    bool isValid = !outdoor.m_values.empty() && outdoor.m_values.size() == outdoor.m_timePoints.size() &&
-                   outdoor.m_unit.base() == KOR::Unit("K");
-    if (isValid) {
-        KOR::UnitList::instance().convert(outdoor.m_unit, KOR::Unit("C"), outdoor.m_values);
-        isValid = std::all_of(outdoor.m_values.begin(), outdoor.m_values.end(),
-                              [](double T) { return T >= PLAUSIBLE_OUTDOOR[0] && T <= PLAUSIBLE_OUTDOOR[1]; });
-    }
-    if (!isValid)
+void Interface::generateWTAIndoorClimateData(const CCM::ClimateDataLoader & location, CCM::CCDFile & temperature,
+                                             CCM::CCDFile & relativeHumidity) const {
+    const CCM::CCDFile outdoor = location.quantityAsCCD(CCM::Q_TEMPERATURE);
+    const auto isPlausible = [](double T) {
+        const CCM::ClimateQuantity & limits = CCM::CLIMATE_QUANTITIES[CCM::Q_TEMPERATURE];
+        return T >= limits.minimum && T <= limits.maximum;
+    };
+    if (outdoor.values.empty() || !std::all_of(outdoor.values.begin(), outdoor.values.end(), isPlausible))
         throw KOR::Exception(
             KOR::text("Interface '%1' need proper location climate data. The currently selected data are "
                       "not valid.",
@@ -132,17 +125,15 @@ void Interface::generateWTAIndoorClimateData(const ClimateSeries & outdoorTemper
         climate.m_lowHumidity = m_para.value(para_t::WTALowRelativeHumidity, "%").value_or(climate.m_lowHumidity);
         climate.m_highHumidity = m_para.value(para_t::WTAHighRelativeHumidity, "%").value_or(climate.m_highHumidity);
     }
-    const std::vector<double> means = dailyMeans(outdoor);
-    temperature = {outdoor.m_source, "Temperature", KOR::Unit("C"), outdoor.m_timePoints, means};
-    relativeHumidity = {outdoor.m_source, "RelativeHumidity", KOR::Unit("%"), outdoor.m_timePoints, means};
-    for (double & value : temperature.m_values)
-        value = climate.temperature(value);
-    for (double & value : relativeHumidity.m_values)
-        value = climate.relativeHumidity(value);
+    temperature = {"Temperature", "C", outdoor.comment, outdoor.timePoints, {}};
+    relativeHumidity = {"RelativeHumidity", "%", outdoor.comment, outdoor.timePoints, {}};
+    for (const double mean : dailyMeans(outdoor.timePoints, outdoor.values)) {
+        temperature.values.push_back(climate.temperature(mean));
+        relativeHumidity.values.push_back(climate.relativeHumidity(mean));
+    }
 }
 
-void Interface::generateIndoorClimate(Generated & generated, const ClimateSeries & outdoorTemperature,
-                                      int startYear) const {
+void Interface::generateIndoorClimate(Generated & generated, const CCM::ClimateDataLoader & location) const {
     switch (m_climateTypeIndoor.value_or(climateTypeIndoor_t::IndoorDIN4108_2014)) {
     case climateTypeIndoor_t::IndoorDIN4108_2001Downwards:
     case climateTypeIndoor_t::IndoorDIN4108_2001Horizontal:
@@ -154,10 +145,11 @@ void Interface::generateIndoorClimate(Generated & generated, const ClimateSeries
                    ":IndoorRelativeHumidityDIN4108_2014");
         break;
     case climateTypeIndoor_t::IndoorWTA: {
-        ClimateSeries temperature, humidity;
-        generateWTAIndoorClimateData(outdoorTemperature, temperature, humidity);
-        generated.m_climateConditions.push_back(tabulated(":IndoorTemperatureWTA", temperature, startYear));
-        generated.m_climateConditions.push_back(tabulated(":IndoorRelativeHumidityWTA", humidity, startYear));
+        CCM::CCDFile temperature, humidity;
+        generateWTAIndoorClimateData(location, temperature, humidity);
+        generated.m_climateConditions.push_back(tabulated(":IndoorTemperatureWTA", temperature, location.m_startYear));
+        generated.m_climateConditions.push_back(
+            tabulated(":IndoorRelativeHumidityWTA", humidity, location.m_startYear));
         break;
     }
     case climateTypeIndoor_t::IndoorUserData:
@@ -257,10 +249,10 @@ void Interface::generateOutdoorBoundary(Generated & generated) const {
                  given(para_t::OutdoorRainShelteringCoefficient, "---", RAIN_ADHERING), "---");
 }
 
-Interface::Generated Interface::generateConditions(const ClimateSeries & outdoorTemperature, int startYear) const {
+Interface::Generated Interface::generateConditions(const CCM::ClimateDataLoader & location) const {
     Generated generated;
     if (m_type == type_t::EngineeringIndoor) {
-        generateIndoorClimate(generated, outdoorTemperature, startYear);
+        generateIndoorClimate(generated, location);
         generateIndoorBoundary(generated);
     } else if (m_type == type_t::EngineeringOutdoor) {
         generateOutdoorClimate(generated);

@@ -1,27 +1,28 @@
 #include <HYGRION/KeywordList.h>
 
-#include <HYGRION/Conditions.h>
-#include <HYGRION/Init.h>
-#include <HYGRION/Interval.h>
-#include <HYGRION/Outputs.h>
-
 #include "KeywordTie.h"
 #include "KeywordsConditions.h"
 #include "KeywordsFields.h"
 #include "KeywordsFurther.h"
 #include "KeywordsGeneral.h"
 
+#include <HYGRION/Assessment.h>
+#include <HYGRION/Conditions.h>
+#include <HYGRION/Disc.h>
+#include <HYGRION/Init.h>
+#include <HYGRION/Outputs.h>
+
 namespace HYGRION {
 
 namespace {
 
-/// In the order of the categories. A tied row does not compile unless words and enumerators agree.
+/// In the order of the categories. Does not compile unless words and enumerators agree.
 constexpr KOR::KeywordCategory CATEGORIES[] = {
-    {"Assessment::AssessmentType",     ASSESSMENT_ASSESSMENT_TYPE     },
-    {"Assessment::AssignmentType",     ASSESSMENT_ASSIGNMENT_TYPE     },
-    {"Assignment::type_t",             ASSIGNMENT_TYPE                },
-    {"Assignment::location_t",         ASSIGNMENT_LOCATION            },
-    {"Assignment::AnisotropyInitType", ASSIGNMENT_ANISOTROPY_INIT_TYPE},
+    tied<Assessment::AssessmentType>("Assessment::AssessmentType", ASSESSMENT_ASSESSMENT_TYPE),
+    tied<Assessment::AssignmentType>("Assessment::AssignmentType", ASSESSMENT_ASSIGNMENT_TYPE),
+    tied<Assignment::type_t>("Assignment::type_t", ASSIGNMENT_TYPE),
+    tied<Assignment::location_t>("Assignment::location_t", ASSIGNMENT_LOCATION),
+    tied<Assignment::AnisotropyInitType>("Assignment::AnisotropyInitType", ASSIGNMENT_ANISOTROPY_INIT_TYPE),
     tied<BoundaryCond::condition_t>("BoundaryCond::condition_t", BOUNDARY_COND_CONDITION),
     tied<BoundaryCond::kind_t>("BoundaryCond::kind_t", BOUNDARY_COND_KIND),
     tied<BoundaryCond::para_t>("BoundaryCond::para_t", BOUNDARY_COND_PARA),
@@ -39,7 +40,7 @@ constexpr KOR::KeywordCategory CATEGORIES[] = {
     tied<ContactCond::para_t>("ContactCond::para_t", CONTACT_COND_PARA),
     tied<ContactCond::flag_t>("ContactCond::flag_t", CONTACT_COND_FLAG),
     tied<ContactCond::function_t>("ContactCond::function_t", CONTACT_COND_FUNCTION),
-    {"Disc::geometry_t",               DISC_GEOMETRY                  },
+    tied<Disc::geometry_t>("Disc::geometry_t", DISC_GEOMETRY),
     tied<FieldCond::condition_t>("FieldCond::condition_t", FIELD_COND_CONDITION),
     tied<FieldCond::para_t>("FieldCond::para_t", FIELD_COND_PARA),
     tied<FieldCond::intpara_t>("FieldCond::intpara_t", FIELD_COND_INTPARA),

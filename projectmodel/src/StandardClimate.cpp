@@ -41,14 +41,12 @@ double AdaptiveIndoorClimate::relativeHumidity(double outdoor) const {
     return ramp(outdoor, -10, m_lowHumidity, 20, m_highHumidity);
 }
 
-std::vector<double> dailyMeans(const ClimateSeries & temperature) {
-    const std::vector<double> & time = temperature.m_timePoints;
-    const std::vector<double> & values = temperature.m_values;
+std::vector<double> dailyMeans(const std::vector<double> & time, const std::vector<double> & values) {
     const std::size_t n = values.size();
-    const bool isCyclic = n > 0 && time.back() <= SECONDS_PER_YEAR;
+    const bool isCyclic = n > 0 && time.back() <= CCM::SECONDS_OF_YEAR;
     std::vector<double> means(n);
     // A window of the points within (t - 1 d, t]; 'oldest' counts from one year before the data when they are cyclic.
-    const auto timeAt = [&](std::size_t i) { return i < n ? time[i] - SECONDS_PER_YEAR : time[i - n]; };
+    const auto timeAt = [&](std::size_t i) { return i < n ? time[i] - CCM::SECONDS_OF_YEAR : time[i - n]; };
     const auto valueAt = [&](std::size_t i) { return i < n ? values[i] : values[i - n]; };
     std::size_t oldest = isCyclic ? 0 : n;
     double sum = 0;
@@ -63,16 +61,16 @@ std::vector<double> dailyMeans(const ClimateSeries & temperature) {
     return means;
 }
 
-std::pair<ClimateSeries, ClimateSeries> PeriodClimate::year() const {
+std::pair<CCM::CCDFile, CCM::CCDFile> PeriodClimate::year() const {
     const double winterEnd = (MID_WINTER + m_condensationDays / 2) * SECONDS_PER_DAY;
     const double summerStart = (MID_SUMMER - m_evaporationDays / 2) * SECONDS_PER_DAY;
     const double summerEnd = (MID_SUMMER + m_evaporationDays / 2) * SECONDS_PER_DAY;
-    const double winterStart = (MID_WINTER - m_condensationDays / 2) * SECONDS_PER_DAY + SECONDS_PER_YEAR;
+    const double winterStart = (MID_WINTER - m_condensationDays / 2) * SECONDS_PER_DAY + CCM::SECONDS_OF_YEAR;
     const auto series = [&](const char * quantity, const char * unit, double winter, double summer) {
-        return ClimateSeries{
-            "DIN 4108-3",
+        return CCM::CCDFile{
             quantity,
-            KOR::Unit(unit),
+            unit,
+            "DIN 4108-3",
             {0,      winterEnd, summerStart, summerEnd, winterStart},
             {winter, winter,    summer,      summer,    winter     }
         };

@@ -13,22 +13,11 @@
 #include <vector>
 
 class TiXmlElement;
+namespace CCM {
+struct CCDFile;
+}
 
 namespace HYGRION {
-
-/// One year of every calendar in this system [s].
-inline constexpr double SECONDS_PER_YEAR = 31536000;
-
-/// The course of one climate quantity, as a climate data file holds it or a standard defines it.
-struct ClimateSeries {
-    std::string m_source;             ///< where the data came from, for messages
-    std::string m_quantity;           ///< keyword
-    KOR::Unit m_unit;                 ///< of the values
-    std::vector<double> m_timePoints; ///< [s], strictly increasing
-    std::vector<double> m_values;     ///< in m_unit, as many as time points
-
-    bool operator==(const ClimateSeries &) const = default;
-};
 
 /// One climate quantity over time: a constant, a sine, tabulated data or a value from outside.
 class ClimateCond {
@@ -101,10 +90,11 @@ public:
     /// far as that needs no data, a missing file name and limits that contradict one another.
     void checkParameters() const;
 
-    /// Gives a condition of kind TabulatedData or CCM its data.
+    /// Gives a condition of kind TabulatedData or CCM its data. Their quantity is the keyword of the type or the word
+    /// that climate files use for it.
     /// \param startYear the year in whose first second the time points start; needed by data that are not cyclic
     /// Throws ("[ClimateCond::setData]"): wrong quantity, no data, not usable cyclically, no function of time.
-    void setData(const ClimateSeries & climateData, int startYear = NO_YEAR);
+    void setData(const CCM::CCDFile & climateData, int startYear = NO_YEAR);
     /// Gives a condition of kind External its value [base unit].
     void setExternalValue(double value) { m_calculation.m_externalValue = value; }
     /// Makes calcCurrentValue possible. Throws ("[ClimateCond::prepareCalculation]"): a missing kind, parameter or data.

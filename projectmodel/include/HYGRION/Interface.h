@@ -9,6 +9,10 @@
 #include <vector>
 
 class TiXmlElement;
+namespace CCM {
+class ClimateDataLoader;
+struct CCDFile;
+} // namespace CCM
 
 namespace HYGRION {
 
@@ -86,21 +90,19 @@ public:
     /// engineering interface of which the climate, or the user's data for it, is missing.
     void checkParameters() const;
 
-    /// Indoor temperature [C] and relative humidity [%] of the WTA model at the time points of the outdoor temperature.
+    /// Indoor temperature [C] and relative humidity [%] of the WTA model at the time points of the location's temperature.
     /// Throws ("[Interface::generateWTAIndoorClimateData]") without valid data of the location.
-    void generateWTAIndoorClimateData(const ClimateSeries & outdoorTemperature, ClimateSeries & temperature,
-                                      ClimateSeries & relativeHumidity) const;
+    void generateWTAIndoorClimateData(const CCM::ClimateDataLoader & location, CCM::CCDFile & temperature,
+                                      CCM::CCDFile & relativeHumidity) const;
     /// The climate and boundary conditions of an engineering interface; nothing for other types. Coefficients that the
     /// interface does not give are those of its standard.
-    /// \param outdoorTemperature of the location, used by the WTA model only
-    /// \param startYear of outdoorTemperature, counts only when that is longer than a year
-    Generated generateConditions(const ClimateSeries & outdoorTemperature = {},
-                                 int startYear = ClimateCond::NO_YEAR) const;
+    /// \param location needed by the WTA model only
+    Generated generateConditions(const CCM::ClimateDataLoader & location) const;
 
     bool operator==(const Interface &) const = default;
 
 private:
-    void generateIndoorClimate(Generated & generated, const ClimateSeries & outdoorTemperature, int startYear) const;
+    void generateIndoorClimate(Generated & generated, const CCM::ClimateDataLoader & location) const;
     void generateOutdoorClimate(Generated & generated) const;
     void generateIndoorBoundary(Generated & generated) const;
     void generateOutdoorBoundary(Generated & generated) const;

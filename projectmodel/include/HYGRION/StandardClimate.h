@@ -1,8 +1,9 @@
 #pragma once
 
-#include <HYGRION/ClimateCond.h>
+#include <CCM/ClimateDataLoader.h>
 
 #include <utility>
+#include <vector>
 
 /// The climates that standards define instead of measuring them.
 namespace HYGRION {
@@ -27,8 +28,9 @@ struct AdaptiveIndoorClimate {
     double relativeHumidity(double outdoor) const;
 };
 
-/// The mean [C] of the values of the last 24 hours at every time point. Data of at most one year are taken as cyclic.
-std::vector<double> dailyMeans(const ClimateSeries & temperature);
+/// The mean of the values of the last 24 hours at every time point. Data of at most one year are taken as cyclic.
+/// \param timePoints [s], increasing
+std::vector<double> dailyMeans(const std::vector<double> & timePoints, const std::vector<double> & values);
 
 /// A climate of the period method of DIN 4108-3: a condensation period in winter, an evaporation period in summer.
 /// Each holds for its length, centred on 15 January and 16 July; between them values go in a straight line.
@@ -39,7 +41,7 @@ struct PeriodClimate {
     double m_summerTemperature, m_summerHumidity; ///< [C], [%]
 
     /// One cyclic year of temperature [C] and relative humidity [%].
-    std::pair<ClimateSeries, ClimateSeries> year() const;
+    std::pair<CCM::CCDFile, CCM::CCDFile> year() const;
 };
 
 /// DIN 4108-3:2001: 60 d at 20 C, 50 % inside and -10 C, 80 % outside; 90 d at 12 C, 70 % on both sides.
