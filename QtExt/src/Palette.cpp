@@ -1,10 +1,10 @@
 #include <QtExt/Palette.h>
 
+#include "OutlineStyle.h"
 #include "SystemTheme.h"
 
 #include <QApplication>
-#include <QStyle>
-#include <QStyleFactory>
+#include <QPointer>
 #include <QToolTip>
 
 namespace QtExt {
@@ -63,8 +63,11 @@ static_assert(std::size(COLORS) == Palette::NUM_COLORS, "colour table and enumer
 bool followsSystem = false;
 
 void applyPalette(bool dark) {
-    if (QApplication::style()->objectName() != QLatin1String("fusion"))
-        QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion"))); // the one that keeps to a palette
+    static QPointer<OutlineStyle> style; // the application owns it
+    if (style.isNull()) {
+        style = new OutlineStyle;
+        QApplication::setStyle(style);
+    }
     const QPalette palette = Palette::palette(dark);
     QApplication::setPalette(palette);
     QToolTip::setPalette(palette);

@@ -107,6 +107,11 @@ QSpinBox * makeSpinBox(const QtExt::Settings::Row & range) {
     return box;
 }
 
+void showZeroText(QSpinBox & box, const QString & text) {
+    box.setSpecialValueText(text);
+    box.updateGeometry(); // forgotten by the box
+}
+
 /// A button's text in the language in force, as message boxes show it.
 QString answerText(int answer) {
     QMessageBox box;
@@ -508,7 +513,7 @@ void HygPreferencesDialog::retranslateField(const Field & field) {
     if (auto * flag = qobject_cast<QCheckBox *>(field.editor))
         flag->setText(translated(row.label));
     else if (auto * spin = qobject_cast<QSpinBox *>(field.editor))
-        spin->setSpecialValueText(row.zeroText == nullptr ? QString() : translated(row.zeroText));
+        showZeroText(*spin, row.zeroText == nullptr ? QString() : translated(row.zeroText));
     else if (auto * button = qobject_cast<QPushButton *>(field.editor))
         button->setText(tr("Forget all answers"));
     else if (auto * box = qobject_cast<QComboBox *>(field.editor); box != nullptr && row.zeroText != nullptr)

@@ -1,0 +1,78 @@
+#include "OutlineStyle.h"
+
+#include <QStyleFactory>
+#include <QStyleOption>
+
+namespace QtExt {
+
+namespace {
+
+constexpr int FUSION_OUTLINE = 140; ///< Fusion's outline is the window's colour, darker by this per cent
+constexpr int BUTTON_ROOM = 12;
+
+bool isDark(const QStyleOption * option) {
+    return option != nullptr && option->palette.color(QPalette::Window).lightness() < 128;
+}
+
+} // namespace
+
+OutlineStyle::OutlineStyle() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
+
+const QPalette & OutlineStyle::outlined(const QPalette & palette) const {
+    if (palette.cacheKey() != m_source.cacheKey()) {
+        m_source = palette;
+        m_outlined = palette;
+        const QColor outline = palette.color(QPalette::Disabled, QPalette::WindowText).darker(112);
+        m_outlined.setColor(QPalette::Window, outline.lighter(FUSION_OUTLINE));
+    }
+    return m_outlined;
+}
+
+template <typename Option>
+bool OutlineStyle::drawOutlined(PrimitiveElement element, const QStyleOption * option, QPainter * painter,
+                                const QWidget * widget) const {
+    const auto * own = qstyleoption_cast<const Option *>(option);
+    if (own == nullptr)
+        return false;
+    Option copy = *own;
+    copy.palette = outlined(option->palette);
+    QProxyStyle::drawPrimitive(element, &copy, painter, widget);
+    return true;
+}
+
+void OutlineStyle::drawPrimitive(PrimitiveElement element, const QStyleOption * option, QPainter * painter,
+                                 const QWidget * widget) const {
+    bool isDrawn = false;
+    if (isDark(option)) {
+        if (element == PE_FrameLineEdit || element == PE_Frame)
+            isDrawn = drawOutlined<QStyleOptionFrame>(element, option, painter, widget);
+        else if (element == PE_IndicatorCheckBox || element == PE_IndicatorRadioButton)
+            isDrawn = drawOutlined<QStyleOptionButton>(element, option, painter, widget);
+        else if (element == PE_IndicatorItemViewItemCheck)
+            isDrawn = drawOutlined<QStyleOptionViewItem>(element, option, painter, widget);
+    }
+    if (!isDrawn)
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+}
+
+void OutlineStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex * option, QPainter * painter,
+                                      const QWidget * widget) const {
+    const auto * spinBox = qstyleoption_cast<const QStyleOptionSpinBox *>(option);
+    if (control != CC_SpinBox || spinBox == nullptr || !isDark(option)) {
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
+        return;
+    }
+    QStyleOptionSpinBox copy = *spinBox;
+    copy.palette = outlined(option->palette);
+    QProxyStyle::drawComplexControl(control, &copy, painter, widget);
+}
+
+QSize OutlineStyle::sizeFromContents(ContentsType type, const QStyleOption * option, const QSize & size,
+                                     const QWidget * widget) const {
+    QSize result = QProxyStyle::sizeFromContents(type, option, size, widget);
+    if (type == CT_PushButton && size.width() + BUTTON_ROOM > result.width() - BUTTON_ROOM)
+        result.rwidth() += BUTTON_ROOM;
+    return result;
+}
+
+} // namespace QtExt
