@@ -411,7 +411,6 @@ void HygMainWindow::paintEvent(QPaintEvent * event) {
 
 void HygMainWindow::closeEvent(QCloseEvent * event) {
     m_settings.m_mainWindowGeometry = saveGeometry();
-    m_settings.m_mainWindowState = saveState(STATE_VERSION);
-    m_settings.writeOrLog();
+    m_settings.m_mainWindowState = saveState(STATE_VERSION); // written at the program's end
     event->accept();
 }

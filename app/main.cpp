@@ -90,6 +90,7 @@ std::unique_ptr<QSplashScreen> showSplash() {
     const QPixmap picture(QStringLiteral(":/gfx/splashscreen/Hygrion_SplashScreen.png"));
     auto splash = std::make_unique<QSplashScreen>(picture, Qt::WindowStaysOnTopHint);
     splash->show();
+    KOR::message("Splash screen shown.\n", KOR::MSG_PROGRESS, "[main]", 3);
     QTimer::singleShot(SPLASH_MS, splash.get(), &QWidget::close);
     return splash;
 }
@@ -169,6 +170,7 @@ int main(int argc, char * argv[]) {
 
         const int result = QApplication::exec();
         window.reset();
+        settings.writeOrLog();
         splash.reset();
         return result;
     } catch (const KOR::Exception & ex) {

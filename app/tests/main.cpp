@@ -1,4 +1,5 @@
-#include <QApplication>
+#include "HygDebugApplication.h"
+
 #include <QSettings>
 #include <QTemporaryDir>
 
@@ -11,7 +12,7 @@ int main(int argc, char ** argv) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     const QTemporaryDir store;
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, store.path());
-    const QApplication application(argc, argv);
-    Q_INIT_RESOURCE(hygrion); // lies in a static library
+    const HygDebugApplication application(argc, argv);
+    HygDebugApplication::initResources();
     return RUN_ALL_TESTS();
 }
