@@ -296,8 +296,9 @@ void HygMainWindow::connectNotify(const QMetaMethod &) {
 }
 
 void HygMainWindow::disconnectNotify(const QMetaMethod &) {
+    // A receiver that is being destroyed still counts as connected.
     if (m_startView != nullptr)
-        updateOffers();
+        QTimer::singleShot(0, this, &HygMainWindow::updateOffers);
 }
 
 void HygMainWindow::showProblem(const QString & text) {

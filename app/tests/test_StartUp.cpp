@@ -145,7 +145,7 @@ TEST_F(StartUp, NamesAProjectThatIsMissingAndGoesOn) {
 }
 
 TEST_F(StartUp, RunsWithAHomeThatCannotBeWritten) {
-    m_environment.insert("HOME", "/dev/null");                           // stops the system administrator too
+    m_environment.insert("HOME", "/dev/null"); // stops the system administrator too
     EXPECT_EQ(runWindow({"--no-splash"}, "Translation required"), 0);
     EXPECT_THAT(out(), HasSubstr("Cannot create the user data directory '/dev/null/.local/share/Hygrion6'."));
     EXPECT_THAT(out(), HasSubstr("Cannot open/create logfile '/dev/null/.local/share/Hygrion6/Hygrion6.log'."));

@@ -11,6 +11,7 @@
 #include <QEvent>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QListView>
 #include <QMenu>
@@ -55,29 +56,17 @@ HygProjectCard::HygProjectCard(kind_t kind, QWidget * parent)
     m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_list->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(m_list, &QListView::clicked, this, &HygProjectCard::open);
-    // The return key; a double click has opened the project at its first click already.
-    auto * openByKey = new QAction(m_list);
-    openByKey->setShortcuts({Qt::Key_Return, Qt::Key_Enter});
-    openByKey->setShortcutContext(Qt::WidgetShortcut);
-    m_list->addAction(openByKey);
-    connect(openByKey, &QAction::triggered, this, [this] { open(m_list->currentIndex()); });
+    m_list->installEventFilter(this);
     connect(m_list, &QListView::customContextMenuRequested, this, &HygProjectCard::showMenu);
-    if (kind == Recent) {
-        auto * removeByKey = new QAction(m_list);
-        removeByKey->setShortcut(QKeySequence::Delete);
-        removeByKey->setShortcutContext(Qt::WidgetShortcut);
-        m_list->addAction(removeByKey);
-        connect(removeByKey, &QAction::triggered, this, [this] {
-            if (m_list->currentIndex().isValid())
-                emit removeRequested(m_list->currentIndex().data(HygProjectListModel::PathRole).toString());
-        });
-    }
     setFiles({});
     updateHeading();
 }
 
 void HygProjectCard::setFiles(const QStringList & paths) {
+    const int row = m_list->currentIndex().row();
     m_model->setFiles(paths);
+    if (row >= 0 && !paths.isEmpty())
+        m_list->setCurrentIndex(m_model->index(std::min(row, paths.size() - 1)));
     m_list->setVisible(!paths.isEmpty());
     m_empty->setVisible(paths.isEmpty());
 }
@@ -154,4 +143,20 @@ void HygProjectCard::changeEvent(QEvent * event) {
     QFrame::changeEvent(event);
     if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange)
         updateHeading();
+}
+
+bool HygProjectCard::eventFilter(QObject * watched, QEvent * event) {
+    const QModelIndex current = m_list->currentIndex();
+    if (watched == m_list && event->type() == QEvent::KeyPress && current.isValid()) {
+        const int key = static_cast<QKeyEvent *>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            open(current);
+            return true;
+        }
+        if (key == Qt::Key_Delete && m_kind == Recent) {
+            emit removeRequested(current.data(HygProjectListModel::PathRole).toString());
+            return true;
+        }
+    }
+    return QFrame::eventFilter(watched, event);
 }

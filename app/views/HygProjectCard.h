@@ -30,6 +30,7 @@ signals:
 protected:
     void paintEvent(QPaintEvent * event) override;
     void changeEvent(QEvent * event) override;
+    bool eventFilter(QObject * watched, QEvent * event) override;
 
 private:
     void open(const QModelIndex & index);
