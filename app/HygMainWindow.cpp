@@ -3,10 +3,7 @@
 #include "HygIconEngine.h"
 #include "HygSettings.h"
 #include "dialogs/HygAboutDialog.h"
-#if __has_include("dialogs/HygPreferencesDialog.h")
 #include "dialogs/HygPreferencesDialog.h"
-#define HYG_HAS_PREFERENCES
-#endif
 #include "ui_HygMainWindow.h"
 #include "views/HygLogView.h"
 #include "views/HygNavigationButton.h"
@@ -350,11 +347,9 @@ void HygMainWindow::setTheme(const QString & theme) {
 }
 
 void HygMainWindow::showPreferences() {
-#ifdef HYG_HAS_PREFERENCES
     HygPreferencesDialog dialog(m_settings, &m_languages, this);
     connect(&dialog, &HygPreferencesDialog::settingsChanged, this, &HygMainWindow::takeOverSettings);
     dialog.exec();
-#endif
 }
 
 void HygMainWindow::takeOverSettings() {

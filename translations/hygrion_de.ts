@@ -2,6 +2,29 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>HygAboutDialog</name>
+    <message>
+        <source>About %1</source>
+        <translation>Über %1</translation>
+    </message>
+    <message>
+        <source>A workbench for heat and moisture in building components.</source>
+        <translation>Eine Werkbank für Wärme und Feuchte in Bauteilen.</translation>
+    </message>
+    <message>
+        <source>Free software under the Apache License, version 2.0.</source>
+        <translation>Freie Software unter der Apache-Lizenz, Version 2.0.</translation>
+    </message>
+    <message>
+        <source>It stands on these libraries:</source>
+        <translation>Sie baut auf diesen Bibliotheken auf:</translation>
+    </message>
+    <message>
+        <source>&amp;Copy versions</source>
+        <translation>Versionen &amp;kopieren</translation>
+    </message>
+</context>
+<context>
     <name>HygLogModel</name>
     <message>
         <source>Information</source>
@@ -81,6 +104,184 @@
     <message>
         <source>Show or hide messages of this kind</source>
         <translation>Meldungen dieser Art ein- oder ausblenden</translation>
+    </message>
+</context>
+<context>
+    <name>HygMainWindow</name>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Recent projects</source>
+        <translation>&amp;Letzte Projekte</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>&amp;Appearance</source>
+        <translation>&amp;Erscheinungsbild</translation>
+    </message>
+    <message>
+        <source>&amp;Language</source>
+        <translation>&amp;Sprache</translation>
+    </message>
+    <message>
+        <source>&amp;Tools</source>
+        <translation>E&amp;xtras</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>Messages</source>
+        <translation>Meldungen</translation>
+    </message>
+    <message>
+        <source>&amp;New project…</source>
+        <translation>&amp;Neues Projekt…</translation>
+    </message>
+    <message>
+        <source>Start a new project</source>
+        <translation>Ein neues Projekt beginnen</translation>
+    </message>
+    <message>
+        <source>&amp;Open project…</source>
+        <translation>Projekt ö&amp;ffnen…</translation>
+    </message>
+    <message>
+        <source>Open a project file</source>
+        <translation>Eine Projektdatei öffnen</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>&amp;Find in messages</source>
+        <translation>In Meldungen &amp;suchen</translation>
+    </message>
+    <message>
+        <source>&amp;Preferences…</source>
+        <translation>&amp;Einstellungen…</translation>
+    </message>
+    <message>
+        <source>&amp;Full screen</source>
+        <translation>&amp;Vollbild</translation>
+    </message>
+    <message>
+        <source>Open &amp;log file</source>
+        <translation>&amp;Protokolldatei öffnen</translation>
+    </message>
+    <message>
+        <source>Opens the log file of this run in a text editor</source>
+        <translation>Öffnet die Protokolldatei dieses Laufs in einem Texteditor</translation>
+    </message>
+    <message>
+        <source>Open &amp;user data folder</source>
+        <translation>Ordner mit &amp;Benutzerdaten öffnen</translation>
+    </message>
+    <message>
+        <source>Opens the folder that holds your log file and your own data</source>
+        <translation>Öffnet den Ordner mit Ihrer Protokolldatei und Ihren eigenen Daten</translation>
+    </message>
+    <message>
+        <source>&amp;About Hygrion…</source>
+        <translation>&amp;Über Hygrion…</translation>
+    </message>
+    <message>
+        <source>About &amp;Qt…</source>
+        <translation>Über &amp;Qt…</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Start</translation>
+    </message>
+    <message>
+        <source>Construction</source>
+        <translation>Konstruktion</translation>
+    </message>
+    <message>
+        <source>Conditions</source>
+        <translation>Bedingungen</translation>
+    </message>
+    <message>
+        <source>Outputs</source>
+        <translation>Ausgaben</translation>
+    </message>
+    <message>
+        <source>Simulation</source>
+        <translation>Simulation</translation>
+    </message>
+    <message>
+        <source>Results</source>
+        <translation>Ergebnisse</translation>
+    </message>
+    <message>
+        <source>Reports</source>
+        <translation>Berichte</translation>
+    </message>
+    <message>
+        <source>As the &amp;system</source>
+        <translation>Wie das &amp;System</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>&amp;Hell</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>&amp;Dunkel</translation>
+    </message>
+    <message>
+        <source>The project file &apos;%1&apos; does not exist.</source>
+        <translation>Die Projektdatei &apos;%1&apos; gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>Open project</source>
+        <translation>Projekt öffnen</translation>
+    </message>
+    <message>
+        <source>Hygrion projects (*.%1)</source>
+        <translation>Hygrion-Projekte (*.%1)</translation>
+    </message>
+    <message>
+        <source>%1[*] – %2</source>
+        <translation>%1[*] – %2</translation>
+    </message>
+    <message>
+        <source>No project</source>
+        <translation>Kein Projekt</translation>
+    </message>
+    <message>
+        <source>Cannot open &apos;%1&apos;.</source>
+        <translation>&apos;%1&apos; lässt sich nicht öffnen.</translation>
+    </message>
+    <message>
+        <source>&amp;Messages</source>
+        <translation>&amp;Meldungen</translation>
+    </message>
+    <message>
+        <source>Show or hide the messages of this run</source>
+        <translation>Meldungen dieses Laufs ein- oder ausblenden</translation>
+    </message>
+    <message>
+        <source>Preferences</source>
+        <translation>Einstellungen</translation>
+    </message>
+</context>
+<context>
+    <name>HygMessageBar</name>
+    <message>
+        <source>Close this message</source>
+        <translation>Diese Meldung schließen</translation>
     </message>
 </context>
 <context>
@@ -474,6 +675,95 @@
     <message>
         <source>No setting contains these words.</source>
         <translation>Keine Einstellung enthält diese Wörter.</translation>
+    </message>
+</context>
+<context>
+    <name>HygProjectCard</name>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>Show folder</source>
+        <translation>Ordner zeigen</translation>
+    </message>
+    <message>
+        <source>Copy path</source>
+        <translation>Pfad kopieren</translation>
+    </message>
+    <message>
+        <source>Remove from this list</source>
+        <translation>Aus dieser Liste entfernen</translation>
+    </message>
+    <message>
+        <source>Remove all missing files from this list</source>
+        <translation>Alle fehlenden Dateien aus dieser Liste entfernen</translation>
+    </message>
+</context>
+<context>
+    <name>HygProjectListModel</name>
+    <message>
+        <source>The folder does not exist any more or is not connected.</source>
+        <translation>Den Ordner gibt es nicht mehr, oder er ist nicht verbunden.</translation>
+    </message>
+    <message>
+        <source>The file does not exist any more.</source>
+        <translation>Die Datei gibt es nicht mehr.</translation>
+    </message>
+    <message>
+        <source>This is not a file.</source>
+        <translation>Das ist keine Datei.</translation>
+    </message>
+    <message>
+        <source>You are not allowed to read this file.</source>
+        <translation>Sie dürfen diese Datei nicht lesen.</translation>
+    </message>
+    <message>
+        <source>%1, in folder %2</source>
+        <translation>%1, im Ordner %2</translation>
+    </message>
+    <message>
+        <source>%1, missing: %2</source>
+        <translation>%1, fehlt: %2</translation>
+    </message>
+</context>
+<context>
+    <name>HygStartView</name>
+    <message>
+        <source>Heat and moisture in building components</source>
+        <translation>Wärme und Feuchte in Bauteilen</translation>
+    </message>
+    <message>
+        <source>&amp;New project</source>
+        <translation>&amp;Neues Projekt</translation>
+    </message>
+    <message>
+        <source>Start a new project</source>
+        <translation>Ein neues Projekt beginnen</translation>
+    </message>
+    <message>
+        <source>&amp;Open project…</source>
+        <translation>Projekt ö&amp;ffnen…</translation>
+    </message>
+    <message>
+        <source>Open a project file</source>
+        <translation>Eine Projektdatei öffnen</translation>
+    </message>
+    <message>
+        <source>Recent projects</source>
+        <translation>Letzte Projekte</translation>
+    </message>
+    <message>
+        <source>Projects that you work on will be listed here, the newest first.</source>
+        <translation>Hier stehen künftig die Projekte, an denen Sie arbeiten, das neueste zuerst.</translation>
+    </message>
+    <message>
+        <source>Examples</source>
+        <translation>Beispiele</translation>
+    </message>
+    <message>
+        <source>No example projects are installed.</source>
+        <translation>Es sind keine Beispielprojekte installiert.</translation>
     </message>
 </context>
 <context>

@@ -190,7 +190,7 @@ TEST_F(HygMainWindowTest, ChangesItsLanguageWhileItRuns) {
     QCoreApplication::processEvents();
     EXPECT_EQ(window().menuBar()->actions().first()->text(), "&Datei");
     EXPECT_EQ(find<QAbstractButton>("logButton").text(), "Meldungen");
-    EXPECT_EQ(find<QListView>("recentProjects").accessibleName(), "Zuletzt verwendete Projekte");
+    EXPECT_EQ(find<QListView>("recentProjects").accessibleName(), "Letzte Projekte");
     EXPECT_EQ(m_settings.m_langId, "de");
     // Nothing that carries English words of ours is left behind.
     for (const QAction * action : window().findChildren<QAction *>())
