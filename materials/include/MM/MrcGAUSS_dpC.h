@@ -1,0 +1,39 @@
+#pragma once
+
+#include <MM/ModelDataContainer.h>
+
+#include <vector>
+
+namespace MM {
+
+/// Density of the multi-modal Gauss retention model over pC = log10(pc / Pa): the share of the saturated content that
+/// leaves a material per decade of capillary pressure.
+class MrcGAUSS_dpC {
+public:
+    struct Mode {
+        double weight = 0; ///< the modes' weights sum up to 1
+        double radius = 0; ///< pore radius [m]
+        double sigma = 0;  ///< standard deviation in decades of pC
+        bool operator==(const Mode &) const = default;
+    };
+
+    /// Takes GAUSS_Wi, GAUSS_Ri and GAUSS_Si of a model block. Throws ("[MrcGAUSS_dpC::setData]")
+    /// "Mismatching or missing GAUSS model parameters." and "Weight factors for MRC Gauss model sum up to %1, but sum
+    /// should be 1."
+    void setData(const ModelDataContainer & model);
+    /// Throws the latter, and for a radius or deviation that is not above 0.
+    void setData(std::vector<Mode> modes);
+
+    const std::vector<Mode> & modes() const { return m_modes; }
+    /// [1/decade]
+    double value(double pC) const;
+
+private:
+    struct Peak {
+        double centre, height, narrowness; ///< height * exp(-((x - centre) * narrowness)^2)
+    };
+    std::vector<Mode> m_modes;
+    std::vector<Peak> m_peaks;
+};
+
+} // namespace MM
