@@ -264,7 +264,7 @@ TEST(MaterialFile, BrokenFilesAreRefused) {
         {HEADER + "[IDENTIFICATION]\n[IDENTIFICATION]\n", "Section 'IDENTIFICATION' is given twice.", ""},
         {identification("NAME"), "Expected keyword, got 'NAME'!", "Error reading material identification section!"},
         {identification("NAME ="), "Missing value for keyword 'NAME'!", ""},
-        {identification("COLOUR = red"), "Invalid parameter value 'red' for keyword 'COLOUR'!", ""},
+        {identification("COLOUR = #12"), "Invalid parameter value '#12' for keyword 'COLOUR'!", ""},
         {identification("FLAGS = WET"), "Invalid parameter value 'WET' for keyword 'FLAGS'!", ""},
         {identification("HATCHING = 14"), "Invalid parameter value '14' for keyword 'HATCHING'!", ""},
         {identification("SAMPLING_METHOD = 1"), "Invalid parameter value '1' for keyword 'SAMPLING_METHOD'!", ""},

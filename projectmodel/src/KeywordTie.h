@@ -2,6 +2,8 @@
 
 #include <HYGRION/KeywordList.h>
 
+#include <KOR/KeywordTie.h>
+
 #include <array>
 #include <stdexcept>
 #include <utility>
@@ -21,16 +23,7 @@ inline constexpr EnumeratorAlias ENUMERATOR_ALIASES[] = {
     {"sd-(rh)", "SdNegative"},
 };
 
-/// The enumerator's name from the compiler's own text; empty if the enumeration has none of this value.
-template <auto VALUE> consteval std::string_view enumeratorName() {
-    constexpr std::string_view LABEL = "VALUE = ";
-    std::string_view name = __PRETTY_FUNCTION__; // "... [with auto VALUE = HYGRION::Interface::type_t::Detailed; ...]"
-    name = name.substr(name.find(LABEL) + LABEL.size());
-    name = name.substr(0, name.find_first_of(";]"));
-    if (name.starts_with('(')) // "(HYGRION::Interface::type_t)4"
-        return {};
-    return name.substr(name.rfind(':') + 1);
-}
+using KOR::enumeratorName;
 
 template <typename Enum, std::size_t... INDEX>
 consteval std::array<std::string_view, sizeof...(INDEX)> enumeratorNames(std::index_sequence<INDEX...>) {
