@@ -80,6 +80,20 @@ bool needsData(Kind kind) {
     throw KOR::Exception(message, where);
 }
 
+/// Refuses time points [s] that cannot be repeated every year.
+void checkCyclic(const std::vector<double> & timePoints, const char * where) {
+    const double last = timePoints.back();
+    if (last > CCM::SECONDS_OF_YEAR)
+        fail(KOR::text("Last time point (=%1 s) in climate data file is larger than 365 days (= 1 year), which is the "
+                       "maximum allowed time point for cyclic climate data usage.",
+                       last),
+             where);
+    if (timePoints.front() == 0 && last == CCM::SECONDS_OF_YEAR)
+        fail("Climate data file contains time point 0 and 365 d at the same time which is not allowed in cyclic "
+             "climate data usage.",
+             where);
+}
+
 } // namespace
 
 // *** The definition ***
@@ -176,19 +190,8 @@ void ClimateCond::setData(const CCM::CCDFile & climateData, int startYear) {
              WHERE);
     if (climateData.timePoints.empty() || climateData.values.empty())
         fail("Missing data in climate data file.", WHERE);
-    if (m_flag.isEnabled(flag_t::Cyclic)) {
-        const double last = climateData.timePoints.back();
-        if (last > CCM::SECONDS_OF_YEAR)
-            fail(KOR::text(
-                     "Last time point (=%1 s) in climate data file is larger than 365 days (= 1 year), which is the "
-                     "maximum allowed time point for cyclic climate data usage.",
-                     last),
-                 WHERE);
-        if (climateData.timePoints.front() == 0 && last == CCM::SECONDS_OF_YEAR)
-            fail("Climate data file contains time point 0 and 365 d at the same time which is not allowed in cyclic "
-                 "climate data usage.",
-                 WHERE);
-    }
+    if (m_flag.isEnabled(flag_t::Cyclic))
+        checkCyclic(climateData.timePoints, WHERE);
     Calculation calculation;
     try {
         std::vector<double> values = climateData.values;
@@ -203,6 +206,7 @@ void ClimateCond::setData(const CCM::CCDFile & climateData, int startYear) {
 
 /// Repeats the last point before the year and the first one behind it.
 void ClimateCond::closeYear() {
+    checkCyclic(m_calculation.m_data.x(), "[ClimateCond::prepareCalculation]"); // the flag may have been set since
     std::vector<double> x = m_calculation.m_data.x();
     std::vector<double> y = m_calculation.m_data.y();
     const double firstX = x.front();

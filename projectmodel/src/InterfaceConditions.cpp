@@ -165,10 +165,10 @@ void Interface::generateIndoorClimate(Generated & generated, const CCM::ClimateD
 
 void Interface::generateIndoorBoundary(Generated & generated) const {
     const auto climate = m_climateTypeIndoor.value_or(climateTypeIndoor_t::IndoorDIN4108_2014);
-    const std::string suffix = climate == climateTypeIndoor_t::IndoorWTA ? "WTA" : "";
+    const bool isWTA = climate == climateTypeIndoor_t::IndoorWTA;
     if (m_flag.isEnabled(flag_t::UseHeatCond, true)) {
-        BoundaryCond heat = boundary(generated, ":IndoorHeatConduction" + suffix, Law::HeatConduction, Kind::Exchange,
-                                     {Condition::Temperature});
+        BoundaryCond heat = boundary(generated, isWTA ? ":IndoorHeatConductionWTA" : ":IndoorHeatConduction",
+                                     Law::HeatConduction, Kind::Exchange, {Condition::Temperature});
         heat.m_para.set(
             Coefficient::ExchangeCoefficient,
             m_para.value(para_t::CustomIndoorHeatTransferCoefficient, "W/m2K").value_or(indoorHeatTransfer(climate)),
@@ -176,8 +176,9 @@ void Interface::generateIndoorBoundary(Generated & generated) const {
         generated.m_boundaryConditions.push_back(std::move(heat));
     }
     if (m_flag.isEnabled(flag_t::UseVapDiff, true)) {
-        BoundaryCond vapor = boundary(generated, ":IndoorVaporDiffusion" + suffix, Law::VaporDiffusion, Kind::Exchange,
-                                      {Condition::Temperature, Condition::RelativeHumidity});
+        BoundaryCond vapor =
+            boundary(generated, isWTA ? ":IndoorVaporDiffusionWTA" : ":IndoorVaporDiffusion", Law::VaporDiffusion,
+                     Kind::Exchange, {Condition::Temperature, Condition::RelativeHumidity});
         vapor.m_para.set(Coefficient::ExchangeCoefficient,
                          m_para.value(para_t::CustomIndoorVaporTransferCoefficient, "s/m").value_or(INDOOR_VAPOR),
                          "s/m");
