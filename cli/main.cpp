@@ -1,6 +1,7 @@
 #include "src/Families.h"
 #include "src/Program.h"
 
+#include <algorithm>
 #include <iostream>
 
 namespace {

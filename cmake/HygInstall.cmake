@@ -19,7 +19,13 @@ foreach(data IN LISTS HYG_DATA)
     install(DIRECTORY ${data} DESTINATION ${HYG_INSTALL_ROOT})
   endif()
 endforeach()
-install(FILES README.md LICENSE CHANGELOG.md DESTINATION share/doc/hygrion)
+install(FILES README.md LICENSE CHANGELOG.md CONTRIBUTING.md DESTINATION share/doc/hygrion)
+install(DIRECTORY docs DESTINATION share/doc/hygrion)
+
+if(BUILD_TESTING)
+  add_test(NAME Install.RunsWhereverItStands COMMAND ${CMAKE_COMMAND} -DBUILD=${CMAKE_BINARY_DIR}
+    -DPREFIX=${CMAKE_BINARY_DIR}/install-test -P ${CMAKE_CURRENT_LIST_DIR}/TestInstall.cmake)
+endif()
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME hygrion)
@@ -29,6 +35,6 @@ set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS qttranslations5-l10n) # the toolkit's own texts
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qttranslations5-l10n, bash-completion") # the toolkit's own texts, the TAB key
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 include(CPack)

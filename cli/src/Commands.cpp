@@ -2,6 +2,8 @@
 
 #include <KOR/Exception.h>
 
+#include <algorithm>
+
 namespace CMD {
 
 CLI::App & Commands::add(const Description & description) {

@@ -4,6 +4,7 @@
 
 #include <KOR/Exception.h>
 
+#include <algorithm>
 #include <new>
 #include <ostream>
 

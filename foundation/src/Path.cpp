@@ -3,6 +3,7 @@
 #include <KOR/Exception.h>
 #include <KOR/Strings.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -57,7 +58,7 @@ std::pair<std::size_t, std::size_t> Path::lastComponent() const {
 
 std::string Path::filename() const {
     const auto [begin, end] = lastComponent();
-    const std::string name = m_text.substr(begin, end - begin);
+    std::string name = m_text.substr(begin, end - begin);
     if (name.empty() || end != m_text.size() || isDots(name))
         throw Exception(text("Invalid path: '%1'", m_text), "[Path::filename]");
     return name;

@@ -1,0 +1,19 @@
+# Installs the build into a fresh directory, moves that elsewhere and runs it there without the user's surroundings.
+function(expect_output expected)
+  execute_process(COMMAND env -i HOME=/nonexistent PATH=/usr/bin:/bin ${ARGN}
+    OUTPUT_VARIABLE out ERROR_VARIABLE err RESULT_VARIABLE status)
+  if(NOT status EQUAL 0 OR NOT out MATCHES "${expected}")
+    message(FATAL_ERROR "${ARGN}\nended with ${status}\n${out}${err}")
+  endif()
+endfunction()
+
+file(REMOVE_RECURSE ${PREFIX} ${PREFIX}-moved)
+execute_process(COMMAND ${CMAKE_COMMAND} --install ${BUILD} --prefix ${PREFIX} OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
+file(RENAME ${PREFIX} ${PREFIX}-moved)
+expect_output("^293.15 K\n$" ${PREFIX}-moved/bin/hygrion-cli units convert 20 C K)
+expect_output("units convert" cat ${PREFIX}-moved/share/man/man1/hygrion-cli.1)
+expect_output("complete .* hygrion-cli" cat ${PREFIX}-moved/share/bash-completion/completions/hygrion-cli)
+if(EXISTS ${PREFIX}-moved/bin/Hygrion)
+  expect_output("Syntax: Hygrion" QT_QPA_PLATFORM=offscreen ${PREFIX}-moved/bin/Hygrion --help)
+endif()
+file(REMOVE_RECURSE ${PREFIX}-moved)
