@@ -575,8 +575,8 @@
         <translation>Systemsprache</translation>
     </message>
     <message>
-        <source>As the desktop</source>
-        <translation>Wie die Arbeitsumgebung</translation>
+        <source>As the system</source>
+        <translation>Wie das System</translation>
     </message>
     <message>
         <source>Light</source>
@@ -607,8 +607,8 @@
         <translation>Alles</translation>
     </message>
     <message>
-        <source>Light or dark colours, or those of the desktop. Changes at once.</source>
-        <translation>Helle oder dunkle Farben oder die der Arbeitsumgebung. Wechselt sofort.</translation>
+        <source>Light or dark colours, or those of the system. Changes at once.</source>
+        <translation>Helle oder dunkle Farben oder die des Systems. Wechselt sofort.</translation>
     </message>
     <message>
         <source>Number of edits that can be undone. Takes effect with the next project that is opened.</source>
@@ -659,8 +659,8 @@
         <translation>%1:</translation>
     </message>
     <message>
-        <source>Choose...</source>
-        <translation>Auswählen ...</translation>
+        <source>Choose…</source>
+        <translation>Auswählen …</translation>
     </message>
     <message>
         <source>Forget all answers</source>

@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -130,6 +131,30 @@ TEST(Palette, ThemeReachesOpenWidgets) {
     QtExt::Palette::apply("dark");
     QtExt::Palette::apply("system"); // offscreen: no desktop asks for dark
     EXPECT_FALSE(QtExt::Palette::isDark());
+}
+
+/// Largest contrast of a pixel to the corner's colour, which is the window's.
+double strongestContrast(QWidget & widget) {
+    widget.ensurePolished();
+    const QImage image = widget.grab().toImage();
+    double strongest = 1;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            strongest = std::max(strongest, contrast(image.pixelColor(x, y), image.pixelColor(0, 0)));
+    return strongest;
+}
+
+TEST(Palette, EmptyBoxesAreSeenInLightAndDark) {
+    for (const char * theme : {"light", "dark"}) {
+        QtExt::Palette::apply(theme);
+        QCheckBox checkBox;
+        QRadioButton radioButton;
+        for (QWidget * box : {static_cast<QWidget *>(&checkBox), static_cast<QWidget *>(&radioButton)}) {
+            box->resize(30, 30);
+            EXPECT_GE(strongestContrast(*box), 1.5) << theme << ' ' << box->metaObject()->className();
+        }
+    }
+    QtExt::Palette::apply("light");
 }
 
 TEST(ColorButton, ShowsAndAnnouncesItsColor) {

@@ -509,7 +509,7 @@ void HygPreferencesDialog::retranslateField(const Field & field) {
         field.label->setToolTip(translated(row.toolTip));
     }
     if (auto * button = field.container->findChild<QToolButton *>(QStringLiteral("browse")))
-        button->setToolTip(tr("Choose..."));
+        button->setToolTip(tr("Choose…"));
     if (auto * flag = qobject_cast<QCheckBox *>(field.editor))
         flag->setText(translated(row.label));
     else if (auto * spin = qobject_cast<QSpinBox *>(field.editor))
