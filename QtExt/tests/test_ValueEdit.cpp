@@ -163,6 +163,11 @@ TEST(ValueEdit, ShowsRangeErrorsInTheUnitTyped) {
         type(temperature, c.typed);
         EXPECT_EQ(temperature.errorText(), c.message) << c.typed;
     }
+    // 0.9 cm is 0.009000000000000001 m: the rounding of the conversion is no reason to refuse it.
+    QtExt::ValueEdit thin(Parameter("Width", 1, Unit("mm")));
+    thin.setMaximum(0.009, Unit("m"));
+    type(thin, "0.9 cm");
+    EXPECT_EQ(thin.errorText(), "");
     // A value set by the program is checked too, and a range set later.
     temperature.setParameter(Parameter("T", -300, Unit("C")));
     EXPECT_FALSE(temperature.isValid());
@@ -188,7 +193,10 @@ TEST(ValueEdit, SwitchesUnitsWithoutLosingTheValue) {
         EXPECT_EQ(edit.parameter().ioUnit(), Unit(unit));
     }
     EXPECT_EQ(values.count(), 4);
-    type(edit, "7"); // a bare number is in the unit shown
+    QtExt::ValueEdit temperature(Parameter("T", 273.25, Unit("K")));
+    temperature.setUnit(Unit("C"));
+    EXPECT_EQ(temperature.text(), "0.1 C"); // not 0.10000000000002274 C
+    type(edit, "7");                        // a bare number is in the unit shown
     EXPECT_DOUBLE_EQ(edit.parameter().value(), 0.007);
 }
 
