@@ -3,6 +3,7 @@
 #include "NewtonSystem.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace SOLVER {
 
@@ -12,6 +13,13 @@ constexpr int MAX_ITERATIONS = 60;
 constexpr double CONVERGED_HUMIDITY = 1e-13;
 constexpr double CONVERGED_TEMPERATURE = 1e-11; ///< [K]
 constexpr double LOWEST_HUMIDITY = 1e-30;
+/// Steps that are still this many tolerances long after MAX_ITERATIONS are a failure, shorter ones round-off.
+constexpr double FAILED_STEP = 1e4;
+
+/// Heat that changes phase with the vapour [J/kg]; none where moisture is not balanced.
+double latentHeat(module_t module) {
+    return module == module_t::heat ? 0 : H_EVAPORATION;
+}
 
 /// Moves a node by a Newton step. The humidity stays positive and changes by no more than it has left, the
 /// temperature by no more than 20 K, so that a bad start does not leave the range of the functions.
@@ -31,6 +39,16 @@ double move(FaceNode & node, double dT, double dPhi) {
 FaceNode nodeAtCell(const HalfCell & half) {
     return {half.cell.temperature, std::max(half.cell.humidity, 1e-6)};
 }
+
+/// Newton's iteration: \p step solves and moves once, and returns the size of the step in tolerances, NaN if the system
+/// is singular. \return whether it converged; a failure shows as a flux that is not a number
+template <typename Step> bool iterate(Step && step) {
+    double size = FAILED_STEP;
+    for (int i = 0; i < MAX_ITERATIONS && size >= 1; ++i)
+        size = step();
+    return size < FAILED_STEP;
+}
+constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 
 /// Replaces the balance of what is not solved by "stays where it is".
 template <std::size_t N>
@@ -60,26 +78,28 @@ Model::FaceFlux result(const HalfCell::Flux & flux, double T, module_t module) {
 /// One node shared by both half cells. Rows: heat with the latent part of vapour, moisture.
 Model::FaceFlux perfectContact(const HalfCell & a, const HalfCell & b, const Thermodynamics & thermodynamics,
                                module_t module) {
+    const double latent = latentHeat(module);
     const FaceNode nodeA = nodeAtCell(a);
     const FaceNode nodeB = nodeAtCell(b);
     FaceNode node{(nodeA.temperature + nodeB.temperature) / 2, std::sqrt(nodeA.humidity * nodeB.humidity)};
     HalfCell::Flux fa{};
     HalfCell::Flux fb{};
-    for (int i = 0; i < MAX_ITERATIONS; ++i) {
+    const bool converged = iterate([&] {
         fa = a.flux(node, thermodynamics);
         fb = b.flux(node, thermodynamics);
-        std::array<double, 2> r{fa.conduction + fb.conduction + H_EVAPORATION * (fa.vapor + fb.vapor),
+        std::array<double, 2> r{fa.conduction + fb.conduction + latent * (fa.vapor + fb.vapor),
                                 fa.vapor + fb.vapor + fa.liquid + fb.liquid};
         std::array<std::array<double, 2>, 2> j{
-            {{fa.conductionByT + fb.conductionByT + H_EVAPORATION * (fa.vaporByT + fb.vaporByT),
-              fa.conductionByPhi + fb.conductionByPhi + H_EVAPORATION * (fa.vaporByPhi + fb.vaporByPhi)},
+            {{fa.conductionByT + fb.conductionByT + latent * (fa.vaporByT + fb.vaporByT),
+              fa.conductionByPhi + fb.conductionByPhi + latent * (fa.vaporByPhi + fb.vaporByPhi)},
              {fa.vaporByT + fb.vaporByT + fa.liquidByT + fb.liquidByT,
               fa.vaporByPhi + fb.vaporByPhi + fa.liquidByPhi + fb.liquidByPhi}}
         };
         pinInactive(j, r, module);
-        if (!solveDense(j, r) || move(node, -r[0], -r[1]) < 1)
-            break;
-    }
+        return solveDense(j, r) ? move(node, -r[0], -r[1]) : NOT_A_NUMBER;
+    });
+    if (!converged)
+        fa.conduction = fa.vapor = NOT_A_NUMBER;
     // What the two sides disagree about at round-off is shared, so that nothing is made or lost.
     fa.vapor = (fa.vapor - fb.vapor) / 2;
     fa.liquid = (fa.liquid - fb.liquid) / 2;
@@ -90,6 +110,7 @@ Model::FaceFlux perfectContact(const HalfCell & a, const HalfCell & b, const The
 /// Two nodes with resistances between them. Rows: heat and moisture at a, heat and moisture at b.
 Model::FaceFlux resistiveContact(const HalfCell & a, const HalfCell & b, const ContactResistance & contact,
                                  const Thermodynamics & thermodynamics, module_t module) {
+    const double latent = latentHeat(module);
     // A resistance of zero stands for a contact whose drop cannot be seen.
     const double heatLink = 1 / std::max(contact.heat, 1e-9);
     const double vaporLink = 1 / std::max(contact.vapor, 1e2);
@@ -99,7 +120,7 @@ Model::FaceFlux resistiveContact(const HalfCell & a, const HalfCell & b, const C
     double conduction = 0;
     double vapor = 0;
     double liquid = 0;
-    for (int i = 0; i < MAX_ITERATIONS; ++i) {
+    const bool converged = iterate([&] {
         const HalfCell::Flux fa = a.flux(na, thermodynamics);
         const HalfCell::Flux fb = b.flux(nb, thermodynamics);
         conduction = heatLink * (na.temperature - nb.temperature);
@@ -108,8 +129,8 @@ Model::FaceFlux resistiveContact(const HalfCell & a, const HalfCell & b, const C
         const double suctionAByPhi = -thermodynamics.kelvin(na.temperature) / na.humidity;
         const double suctionBByPhi = -thermodynamics.kelvin(nb.temperature) / nb.humidity;
         std::array<double, 4> r{
-            fa.conduction - conduction + H_EVAPORATION * (fa.vapor - vapor), fa.vapor + fa.liquid - vapor - liquid,
-            fb.conduction + conduction + H_EVAPORATION * (fb.vapor + vapor), fb.vapor + fb.liquid + vapor + liquid};
+            fa.conduction - conduction + latent * (fa.vapor - vapor), fa.vapor + fa.liquid - vapor - liquid,
+            fb.conduction + conduction + latent * (fb.vapor + vapor), fb.vapor + fb.liquid + vapor + liquid};
         const double vaT = vaporLink * fa.vaporPressureByT;
         const double vaPhi = vaporLink * fa.vaporPressureByPhi;
         const double vbT = -vaporLink * fb.vaporPressureByT;
@@ -117,32 +138,30 @@ Model::FaceFlux resistiveContact(const HalfCell & a, const HalfCell & b, const C
         const double laPhi = -liquidLink * suctionAByPhi;
         const double lbPhi = liquidLink * suctionBByPhi;
         std::array<std::array<double, 4>, 4> j{
-            {{fa.conductionByT - heatLink + H_EVAPORATION * (fa.vaporByT - vaT),
-              fa.conductionByPhi + H_EVAPORATION * (fa.vaporByPhi - vaPhi), heatLink - H_EVAPORATION * vbT,
-              -H_EVAPORATION * vbPhi},
+            {{fa.conductionByT - heatLink + latent * (fa.vaporByT - vaT),
+              fa.conductionByPhi + latent * (fa.vaporByPhi - vaPhi), heatLink - latent * vbT, -latent * vbPhi},
              {fa.vaporByT + fa.liquidByT - vaT, fa.vaporByPhi + fa.liquidByPhi - vaPhi - laPhi, -vbT, -vbPhi - lbPhi},
-             {heatLink + H_EVAPORATION * vaT, H_EVAPORATION * vaPhi,
-              fb.conductionByT - heatLink + H_EVAPORATION * (fb.vaporByT + vbT),
-              fb.conductionByPhi + H_EVAPORATION * (fb.vaporByPhi + vbPhi)},
+             {heatLink + latent * vaT, latent * vaPhi, fb.conductionByT - heatLink + latent * (fb.vaporByT + vbT),
+              fb.conductionByPhi + latent * (fb.vaporByPhi + vbPhi)},
              {vaT, vaPhi + laPhi, fb.vaporByT + fb.liquidByT + vbT, fb.vaporByPhi + fb.liquidByPhi + vbPhi + lbPhi}}
         };
         pinInactive(j, r, module);
         if (!solveDense(j, r))
-            break;
+            return NOT_A_NUMBER;
         const double stepA = move(na, -r[0], -r[1]);
         const double stepB = move(nb, -r[2], -r[3]);
-        if (std::max(stepA, stepB) < 1)
-            break;
-    }
+        return std::max(stepA, stepB);
+    });
     // Through a link the fluxes are what the half cells agree on; phase may change on either side of it.
     const HalfCell::Flux fa = a.flux(na, thermodynamics);
     const HalfCell::Flux fb = b.flux(nb, thermodynamics);
     HalfCell::Flux flux{};
-    const double moisture = (fa.vapor + fa.liquid - fb.vapor - fb.liquid) / 2;
+    const double moisture = converged ? (fa.vapor + fa.liquid - fb.vapor - fb.liquid) / 2 : NOT_A_NUMBER;
     flux.vapor = std::fabs(liquidLink) > 0 ? vapor : moisture;
     flux.liquid = moisture - flux.vapor;
-    flux.conduction = (fa.conduction + H_EVAPORATION * fa.vapor - fb.conduction - H_EVAPORATION * fb.vapor) / 2 -
-                      H_EVAPORATION * flux.vapor;
+    flux.conduction = (fa.conduction + latent * fa.vapor - fb.conduction - latent * fb.vapor) / 2 - latent * flux.vapor;
+    if (!converged)
+        flux.conduction = NOT_A_NUMBER;
     return result(flux, (na.temperature + nb.temperature) / 2, module);
 }
 
@@ -153,7 +172,7 @@ struct Arrival {
     double vapor;
 };
 
-Arrival arrival(const SurfaceLoad & load, const HalfCell::Flux & f, double T, double rain) {
+Arrival arrival(const SurfaceLoad & load, const HalfCell::Flux & f, double T, double rain, double latent) {
     Arrival in{};
     in.vapor = load.vaporTransfer * (load.vaporPressure - f.vaporPressure) + load.vaporFlux;
     const double vaporByT = -load.vaporTransfer * f.vaporPressureByT;
@@ -163,26 +182,27 @@ Arrival arrival(const SurfaceLoad & load, const HalfCell::Flux & f, double T, do
     in.water = in.vapor + liquid;
     in.waterByT = vaporByT;
     in.waterByPhi = vaporByPhi;
-    in.heat = load.heatTransfer * (load.airTemperature - T) + load.heatFlux - emitted * T + H_EVAPORATION * in.vapor +
+    in.heat = load.heatTransfer * (load.airTemperature - T) + load.heatFlux - emitted * T + latent * in.vapor +
               liquid * C_WATER * (load.waterTemperature - T);
-    in.heatByT = -load.heatTransfer - 4 * emitted + H_EVAPORATION * vaporByT - liquid * C_WATER;
-    in.heatByPhi = H_EVAPORATION * vaporByPhi;
+    in.heatByT = -load.heatTransfer - 4 * emitted + latent * vaporByT - liquid * C_WATER;
+    in.heatByPhi = latent * vaporByPhi;
     return in;
 }
 
 /// Solves the surface node under \p rain that is all taken up; a fixed suction or temperature is kept.
 HalfCell::Flux solveNode(const HalfCell & inside, const SurfaceLoad & load, double rain, bool hasSuction,
                          double suction, FaceNode & node, const Thermodynamics & thermodynamics, module_t module) {
+    const double latent = latentHeat(module);
     HalfCell::Flux f{};
-    for (int i = 0; i < MAX_ITERATIONS; ++i) {
+    const bool converged = iterate([&] {
         if (hasSuction)
             node.humidity = std::exp(-suction / thermodynamics.kelvin(node.temperature));
         f = inside.flux(node, thermodynamics);
-        const Arrival in = arrival(load, f, node.temperature, rain);
-        std::array<double, 2> r{f.conduction + H_EVAPORATION * f.vapor + in.heat, f.vapor + f.liquid + in.water};
+        const Arrival in = arrival(load, f, node.temperature, rain, latent);
+        std::array<double, 2> r{f.conduction + latent * f.vapor + in.heat, f.vapor + f.liquid + in.water};
         std::array<std::array<double, 2>, 2> j{
-            {{f.conductionByT + H_EVAPORATION * f.vaporByT + in.heatByT,
-              f.conductionByPhi + H_EVAPORATION * f.vaporByPhi + in.heatByPhi},
+            {{f.conductionByT + latent * f.vaporByT + in.heatByT,
+              f.conductionByPhi + latent * f.vaporByPhi + in.heatByPhi},
              {f.vaporByT + f.liquidByT + in.waterByT, f.vaporByPhi + f.liquidByPhi + in.waterByPhi}}
         };
         pinInactive(j, r, module);
@@ -201,9 +221,10 @@ HalfCell::Flux solveNode(const HalfCell & inside, const SurfaceLoad & load, doub
                 j[k][k] = 1;
                 r[k] = k == 0 ? node.temperature - inside.cell.temperature : node.humidity - inside.cell.humidity;
             }
-        if (!solveDense(j, r) || move(node, -r[0], -r[1]) < 1)
-            break;
-    }
+        return solveDense(j, r) ? move(node, -r[0], -r[1]) : NOT_A_NUMBER;
+    });
+    if (!converged)
+        f.conduction = f.vapor = NOT_A_NUMBER;
     return f;
 }
 
@@ -225,7 +246,7 @@ SurfaceState eliminateSurface(const HalfCell & inside, const SurfaceLoad & load,
         // More than the surface can take: it is saturated, and takes what flows in at zero suction.
         node = nodeAtCell(inside);
         f = solveNode(inside, load, rain, true, 0, node, thermodynamics, module);
-        const double taken = -(f.vapor + f.liquid) - arrival(load, f, node.temperature, 0).water;
+        const double taken = -(f.vapor + f.liquid) - arrival(load, f, node.temperature, 0, latentHeat(module)).water;
         rain = std::clamp(taken, 0.0, load.rain);
         runoff = load.rain - rain;
     }

@@ -16,7 +16,7 @@ struct IntegratorSettings {
     double absoluteToleranceHeat = 1e-6;     ///< times the model's scale of energy (1 K)
     double absoluteToleranceMoisture = 1e-6; ///< times the model's scale of moisture
     double maxStep = 0;                      ///< [s], 0 for none
-    double minStep = 0;                      ///< [s]
+    double minStep = 1e-8;                   ///< [s]; smaller ones are a failure
     double initialStep = 0;                  ///< [s], 0 for the integrator's choice
     int maxOrder = 5;
     int maxNonlinearIterations = 3;
@@ -25,7 +25,7 @@ struct IntegratorSettings {
     linearSolver_t linearSolver = linearSolver_t::automatic;
     preconditioner_t preconditioner = preconditioner_t::automatic;
     int maxKrylovDimension = 30;
-    double iterativeCoefficient = 0.05; ///< of the linear residual, relative to the nonlinear tolerance
+    double iterativeCoefficient = 0.01; ///< of the linear residual, relative to the nonlinear tolerance
 };
 
 /// Counters of the work done since the start.
