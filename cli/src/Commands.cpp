@@ -14,7 +14,7 @@ CLI::App & Commands::add(const Description & description) {
         std::string line = "  hygrion-cli " + std::string(example.substr(0, mark));
         constexpr std::size_t WIDTH = 46;
         if (mark < example.size()) {
-            line.resize(std::max(WIDTH, line.size()), ' ');
+            line.resize(std::max(WIDTH, line.size() + 2), ' ');
             line += example.substr(mark);
         }
         footer += (footer.empty() ? "Examples:\n" : "\n") + line;
@@ -38,6 +38,23 @@ CLI::Option * addNumber(CLI::App & app, const std::string & name, double & value
         }
     };
     return app.add_option_function<std::string>(name, read, description)->type_name("NUMBER");
+}
+
+CLI::Option * addNumbers(CLI::App & app, const std::string & name, std::vector<double> & values,
+                         const std::string & description) {
+    const auto read = [&values, name](const std::vector<std::string> & written) {
+        values.clear();
+        try {
+            for (const std::string & number : written)
+                values.push_back(KOR::string2val<double>(number));
+        } catch (const KOR::Exception & ex) {
+            throw CLI::ValidationError(name, ex.message());
+        }
+    };
+    return app.add_option_function<std::vector<std::string>>(name, read, description)
+        ->type_name("NUMBER")
+        ->expected(1)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
 }
 
 } // namespace CMD

@@ -11,6 +11,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 namespace CMD {
 
@@ -55,5 +56,9 @@ private:
 /// An option ("--albedo") or a positional argument ("VALUE") that takes a number, written as everywhere in our files:
 /// with a point, independent of the locale. Anything else is wrong usage.
 CLI::Option * addNumber(CLI::App & app, const std::string & name, double & value, const std::string & description);
+
+/// The same for an option that may be given more than once.
+CLI::Option * addNumbers(CLI::App & app, const std::string & name, std::vector<double> & values,
+                         const std::string & description);
 
 } // namespace CMD

@@ -5,6 +5,7 @@
 /// One function a source file; main.cpp lists them in the order of the help.
 namespace CMD {
 
+void addClimate(Commands & program);
 void addUnits(Commands & program);
 
 } // namespace CMD
