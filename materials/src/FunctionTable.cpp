@@ -58,15 +58,15 @@ FunctionTable::FunctionTable(const std::vector<double> & x, const std::vector<do
 }
 
 void FunctionTable::makeBuckets() {
-    // Four buckets for each interval: where the points stand unevenly most searches still end after a step or two.
     const std::size_t count = 4 * m_pieces.size();
     m_bucketsPerX = m_last > m_first ? static_cast<double>(count) / (m_last - m_first) : 0;
-    m_buckets.resize(count + 1);
+    m_buckets.resize(count + 2);
     std::size_t piece = 0;
-    for (std::size_t bucket = 0; bucket <= count; ++bucket) {
-        const double begin = m_first + static_cast<double>(bucket) / m_bucketsPerX;
-        // One piece early rather than late, so that rounding of the bucket's number does no harm.
-        while (piece + 1 < m_pieces.size() && m_pieces[piece + 1].x < begin)
+    for (std::size_t bucket = 0; bucket < m_buckets.size(); ++bucket) {
+        // A little early, so that rounding of a bucket's number does no harm: the search runs to the piece at the begin
+        // of the next bucket.
+        const double begin = (static_cast<double>(bucket) - 1e-6) / m_bucketsPerX + m_first;
+        while (piece + 1 < m_pieces.size() && m_pieces[piece + 1].x <= begin)
             ++piece;
         m_buckets[bucket] = static_cast<std::uint32_t>(piece);
     }

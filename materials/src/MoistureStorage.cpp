@@ -40,8 +40,6 @@ constexpr std::size_t MAX_GENERATED = 10000;
 constexpr double DRY_REMAINDER = 2e-4;
 
 constexpr double NORMALIZED_TOLERANCE = 0.001;
-/// Contents closer together than this, in parts of the saturated one, are the same.
-constexpr double SAME_CONTENT = 1e-12;
 /// Difference between the largest content and THETA_EFF that the digits of a file explain.
 constexpr double SATURATION_TOLERANCE = 1e-6;
 

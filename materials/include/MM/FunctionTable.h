@@ -36,9 +36,13 @@ public:
             derivative = 0;
             return m_lastValue;
         }
-        std::size_t i = m_buckets[static_cast<std::size_t>((x - m_first) * m_bucketsPerX)];
-        while (m_pieces[i + 1].x <= x)
-            ++i;
+        const auto bucket = static_cast<std::size_t>((x - m_first) * m_bucketsPerX);
+        std::size_t i = m_buckets[bucket];
+        std::size_t end = m_buckets[bucket + 1] + std::size_t{1};
+        while (end - i > 1) {
+            const std::size_t middle = (i + end) / 2;
+            (m_pieces[middle].x <= x ? i : end) = middle;
+        }
         const Piece & piece = m_pieces[i];
         const double t = x - piece.x;
         derivative = piece.c1 + t * (2 * piece.c2 + 3 * t * piece.c3);
@@ -56,7 +60,7 @@ private:
     void makeBuckets();
 
     std::vector<Piece> m_pieces;          ///< one for each point; the last one ends the search
-    std::vector<std::uint32_t> m_buckets; ///< the piece at the begin of each bucket
+    std::vector<std::uint32_t> m_buckets; ///< the piece at the begin of each bucket, one more at the end
     double m_bucketsPerX = 0;
     double m_first = 0, m_last = 0;
     double m_firstValue = 0, m_lastValue = 0;

@@ -42,6 +42,9 @@ public:
     /// Largest deviation of derived functions from the Kelvin law, in parts of the saturated content.
     static constexpr double DERIVED_TOLERANCE = 1e-4;
 
+    /// Contents closer together than this, in parts of the saturated one, are the same.
+    static constexpr double SAME_CONTENT = 1e-12;
+
     MoistureStorage();
 
     /// Makes the functions ready to evaluate. Throws "Error initializing moisture storage functionality for
