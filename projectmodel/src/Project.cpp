@@ -43,19 +43,21 @@ bool isBuiltIn(const std::string & placeholder) {
     return placeholder == KOR::Path::PROJECT_DIRECTORY || placeholder == KOR::Path::INSTALL_DIRECTORY;
 }
 
+void readPlaceholder(Project & project, const TiXmlElement & element) {
+    const xml::ElementReader reader(element, PLACEHOLDERS);
+    const std::string name = reader.attribute("name");
+    if (isBuiltIn(name))
+        KOR::message(KOR::text("Placeholder '%1' is built in, its definition in the project is ignored.", name),
+                     KOR::MSG_WARNING, "[Project::readXMLRoot]");
+    else if (!project.m_placeholders.emplace(name, reader.text()).second)
+        reader.fail(KOR::text("Placeholder '%1' is defined more than once.", name));
+}
+
 void readPlaceholders(Project & project, const TiXmlElement & element) {
-    xml::readElement(element, PLACEHOLDERS, [&project](const xml::ElementReader & reader) {
+    const auto readOne = [&project](const TiXmlElement & child) { readPlaceholder(project, child); };
+    xml::readElement(element, PLACEHOLDERS, [&readOne](const xml::ElementReader & reader) {
         reader.children({
-            {"Placeholder",
-             [&project](const TiXmlElement & child) {
-                 const xml::ElementReader placeholder(child, PLACEHOLDERS);
-                 const std::string name = placeholder.attribute("name");
-                 if (isBuiltIn(name))
-                     KOR::message(KOR::text("Placeholder '%1' is built in, its definition in the project is ignored.", name),
-                                  KOR::MSG_WARNING, "[Project::readXMLRoot]");
-                 else if (!project.m_placeholders.emplace(name, placeholder.text()).second)
-                     placeholder.fail(KOR::text("Placeholder '%1' is defined more than once.", name));
-             }},
+            {"Placeholder", readOne}
         });
     });
 }
@@ -72,9 +74,25 @@ void writePlaceholders(const Project & project, TiXmlElement & root) {
 
 void readMaterials(Project & project, const TiXmlElement & element) {
     xml::readElement(element, MATERIALS, [&project](const xml::ElementReader & reader) {
-        const auto readOne = [&project](const TiXmlElement & child) { project.m_materials.emplace_back().readXML(child); };
-        reader.children({{"MaterialReference", readOne}});
+        const auto readOne = [&project](const TiXmlElement & child) {
+            project.m_materials.emplace_back().readXML(child);
+        };
+        reader.children({
+            {"MaterialReference", readOne}
+        });
     });
+}
+
+void writeMaterials(const Project & project, TiXmlElement & root) {
+    xml::writeList(root, "Materials", project.m_materials);
+}
+
+void readAssessments(Project & project, const TiXmlElement & element) {
+    xml::readList(element, "Assessment", project.m_assessments, "[Project::readXMLRoot]");
+}
+
+void writeAssessments(const Project & project, TiXmlElement & root) {
+    xml::writeList(root, "Assessments", project.m_assessments);
 }
 
 template <auto MEMBER> void readMember(Project & project, const TiXmlElement & element) {
@@ -85,20 +103,16 @@ template <auto MEMBER> void writeMember(const Project & project, TiXmlElement & 
     (project.*MEMBER).writeXML(root);
 }
 
-void readAssessments(Project & project, const TiXmlElement & element) {
-    xml::readList(element, "Assessment", project.m_assessments, "[Project::readXMLRoot]");
-}
-
 constexpr Section SECTIONS[] = {
-    {INFO, &readMember<&Project::m_projectInfo>, &writeMember<&Project::m_projectInfo>},
-    {"DirectoryPlaceholders", &readPlaceholders, &writePlaceholders},
-    {"Init", &readMember<&Project::m_init>, &writeMember<&Project::m_init>},
-    {"Materials", &readMaterials, [](const Project & project, TiXmlElement & root) { xml::writeList(root, "Materials", project.m_materials); }},
-    {"Discretization", &readMember<&Project::m_disc>, &writeMember<&Project::m_disc>},
-    {"Conditions", &readMember<&Project::m_conditions>, &writeMember<&Project::m_conditions>},
-    {"Outputs", &readMember<&Project::m_outputs>, &writeMember<&Project::m_outputs>},
-    {"Assignments", &readMember<&Project::m_assignments>, &writeMember<&Project::m_assignments>},
-    {"Assessments", &readAssessments, [](const Project & project, TiXmlElement & root) { xml::writeList(root, "Assessments", project.m_assessments); }},
+    {INFO,                    &readMember<&Project::m_projectInfo>, &writeMember<&Project::m_projectInfo>},
+    {"DirectoryPlaceholders", &readPlaceholders,                    &writePlaceholders                   },
+    {"Init",                  &readMember<&Project::m_init>,        &writeMember<&Project::m_init>       },
+    {"Materials",             &readMaterials,                       &writeMaterials                      },
+    {"Discretization",        &readMember<&Project::m_disc>,        &writeMember<&Project::m_disc>       },
+    {"Conditions",            &readMember<&Project::m_conditions>,  &writeMember<&Project::m_conditions> },
+    {"Outputs",               &readMember<&Project::m_outputs>,     &writeMember<&Project::m_outputs>    },
+    {"Assignments",           &readMember<&Project::m_assignments>, &writeMember<&Project::m_assignments>},
+    {"Assessments",           &readAssessments,                     &writeAssessments                    },
 };
 
 /// "6.1"

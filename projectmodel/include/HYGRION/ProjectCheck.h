@@ -14,10 +14,10 @@ public:
 
     struct Finding {
         severity_t severity = FAULT;
-        int line = 0;                     ///< in the file, 0 if unknown
-        std::string place;                ///< the definition, "interface 'Outside'"; may be empty
-        std::string message;              ///< what is wrong
-        std::vector<std::string> context; ///< what was being done, from the inside out; may be empty
+        int line = 0;                          ///< in the file, 0 if unknown
+        std::string place = {};                ///< the definition, "interface 'Outside'"; may be empty
+        std::string message = {};              ///< what is wrong
+        std::vector<std::string> context = {}; ///< what was being done, from the inside out; may be empty
 
         /// "line 12: interface 'Outside': message"
         std::string text() const;
