@@ -17,6 +17,15 @@ bool isNameCharacter(char c) {
     return isNameStart(c) || (c >= '0' && c <= '9') || c == '-' || c == '.' || c == ':';
 }
 
+/// Memory of a node, as the allocator rounds it [bytes].
+constexpr std::size_t ELEMENT_BYTES = sizeof(TiXmlElement) + 8;
+constexpr std::size_t ATTRIBUTE_BYTES = sizeof(TiXmlAttribute) + 16;
+constexpr std::size_t TEXT_BYTES = sizeof(TiXmlText) + 16;
+/// Nodes may take this much per byte of the file, and in any case SMALL_BYTES. Project files take about 12; "<a/>" over
+/// and over takes 56.
+constexpr std::size_t NODE_BYTES_PER_BYTE = 40;
+constexpr std::size_t SMALL_BYTES = 1u << 20;
+
 bool isBlank(char c) {
     return c == ' ' || c == '\t' || c == '\n' || c == '\r';
 }
@@ -51,6 +60,8 @@ std::optional<ParseError> Scanner::scan(const Visitor & visitor) {
             fail(KOR::text("The file ends inside of element '%1'.", m_open.back()));
         if (!m_hasRoot)
             fail("The file has no root element.");
+        if (m_nodeBytes > SMALL_BYTES + NODE_BYTES_PER_BYTE * m_content.size())
+            fail("The file consists of markup almost only and would take too much memory.");
     } catch (const Exception & ex) {
         return ParseError{lineAt(m_at), ex.message()};
     }
@@ -112,6 +123,8 @@ void Scanner::readText() {
         return;
     }
     checkReferences(m_at, end);
+    if (!trimmed(m_content.substr(m_at, end - m_at)).empty()) // others make no node
+        m_nodeBytes += TEXT_BYTES;
     m_at = end;
 }
 
@@ -137,6 +150,7 @@ bool Scanner::readStartTag(const Visitor & visitor) {
         fail(KOR::text("A second root element '%1'.", name));
     }
     m_hasRoot = true;
+    m_nodeBytes += ELEMENT_BYTES;
     for (std::size_t attributes = 0;; ++attributes) {
         skipBlanks();
         if (startsWith(">") || startsWith("/>"))
@@ -144,6 +158,7 @@ bool Scanner::readStartTag(const Visitor & visitor) {
         if (attributes == MAX_ATTRIBUTES)
             fail(KOR::text("Element '%1' has more than %2 attributes.", name, MAX_ATTRIBUTES));
         readAttribute();
+        m_nodeBytes += ATTRIBUTE_BYTES;
     }
     const bool isEmpty = m_content[m_at] == '/';
     m_at += isEmpty ? 2 : 1;

@@ -47,6 +47,7 @@ private:
     std::size_t m_at = 0;
     std::vector<std::string_view> m_open; ///< names of the open elements, outermost first
     bool m_hasRoot = false;
+    std::size_t m_nodeBytes = 0; ///< that the document will take for its nodes, without their texts
 };
 
 } // namespace KOR::xml

@@ -26,4 +26,19 @@ TEST(Xml, HeadOfADocument) {
     }
 }
 
+TEST(Xml, RefusesMarkupThatTakesTooMuchMemory) {
+    const auto repeated = [](const std::string & part, std::size_t count) {
+        std::string content = "<R>";
+        for (std::size_t i = 0; i < count; ++i)
+            content += part;
+        return content + "</R>";
+    };
+    constexpr std::size_t MANY = 40000;
+    EXPECT_NO_THROW(KOR::xml::check(repeated("<a/>", 1000)));
+    EXPECT_THROW(KOR::xml::check(repeated("<a/>", MANY)), KOR::Exception);
+    EXPECT_THROW(KOR::xml::check(repeated("<a/>x", MANY)), KOR::Exception);
+    EXPECT_NO_THROW(KOR::xml::check(repeated("<Range>0 0 0 0</Range>\n  ", MANY)));
+    EXPECT_NO_THROW(KOR::xml::check(repeated("<KOR:Flag name='a'>true</KOR:Flag>", MANY)));
+}
+
 } // namespace
