@@ -5,6 +5,7 @@
 #include <KOR/Strings.h>
 
 #include <algorithm>
+#include <cstdint>
 
 namespace KOR::xml {
 
@@ -139,12 +140,17 @@ std::string ElementReader::attribute(const char * name) const {
 }
 
 void ElementReader::children(std::span<const Child> rows) const {
+    std::uint64_t seen = 0; // no element has more than a few dozen kinds of children
     for (const TiXmlElement * child = m_element.FirstChildElement(); child != nullptr;
          child = child->NextSiblingElement()) {
         const auto row = std::find_if(rows.begin(), rows.end(),
                                       [child](const Child & known) { return known.name == child->ValueStr(); });
         if (row == rows.end())
             fail(*child, KOR::text(m_texts.unknownTag, child->ValueStr()));
+        const std::uint64_t bit = std::uint64_t{1} << ((row - rows.begin()) % 64);
+        if (row->isOnce && (seen & bit) != 0)
+            fail(*child, KOR::text("Element '%1' is given more than once.", row->name));
+        seen |= bit;
         readChild(*child, *row);
     }
 }

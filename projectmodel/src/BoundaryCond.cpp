@@ -71,16 +71,13 @@ void BoundaryCond::readXML(const TiXmlElement & element) {
         read.m_type = xml::keywordAttribute<condition_t>(reader, "type");
         read.m_kind = xml::keywordAttribute<kind_t>(reader, "kind");
         reader.children({
-            {"KOR:Parameter",
-             [&](const TiXmlElement & child) { xml::readParameter(child, read.m_para, read.m_intPara, VALUES); }           },
-            {"KOR:Flag",                [&](const TiXmlElement & child) { read.m_flag.readXML(child, VALUES); }            },
-            {"KOR:IntPara",             [&](const TiXmlElement & child) { read.m_intPara.readXML(child, VALUES); }         },
-            {"CCReference",             [&](const TiXmlElement & child) { xml::readReference(child, read.m_ccReferences); }},
-            {"Schedule",                [&](const TiXmlElement & child) { read.m_schedule = KOR::xml::text(child); }       },
-            {"OtherInterfaceReference",
-             [&](const TiXmlElement & child) { read.m_otherInterfaceReference = KOR::xml::text(child); }                   },
-            {"ContactConditionName",
-             [&](const TiXmlElement & child) { read.m_contactConditionName = KOR::xml::text(child); }                      },
+            xml::any("KOR:Parameter", xml::into(read.m_para, read.m_intPara, VALUES)),
+            xml::any("KOR:Flag", xml::into(read.m_flag, VALUES)),
+            xml::any("KOR:IntPara", xml::into(read.m_intPara, VALUES)),
+            xml::any("CCReference", xml::into(read.m_ccReferences)),
+            xml::once("Schedule", xml::into(read.m_schedule)),
+            xml::once("OtherInterfaceReference", xml::into(read.m_otherInterfaceReference)),
+            xml::once("ContactConditionName", xml::into(read.m_contactConditionName)),
         });
     });
     *this = std::move(read);

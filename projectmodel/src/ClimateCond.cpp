@@ -109,10 +109,10 @@ void ClimateCond::readXML(const TiXmlElement & element) {
         read.m_type = xml::keywordAttribute<condition_t>(reader, "type");
         read.m_kind = xml::keywordAttribute<kind_t>(reader, "kind");
         reader.children({
-            {"KOR:Parameter", [&](const TiXmlElement & child) { read.m_para.readXML(child, VALUES); }    },
-            {"KOR:Flag",      [&](const TiXmlElement & child) { read.m_flag.readXML(child, VALUES); }    },
-            {"Filename",      [&](const TiXmlElement & child) { read.m_filename = xml::path(child); }    },
-            {"Species",       [&](const TiXmlElement & child) { read.m_species = KOR::xml::text(child); }},
+            xml::any("KOR:Parameter", xml::into(read.m_para, VALUES)),
+            xml::any("KOR:Flag", xml::into(read.m_flag, VALUES)),
+            xml::once("Filename", xml::into(read.m_filename)),
+            xml::once("Species", xml::into(read.m_species)),
         });
     });
     *this = std::move(read);

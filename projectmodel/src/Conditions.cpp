@@ -38,11 +38,11 @@ template <typename Item> void readItems(const TiXmlElement & element, std::strin
         names.insert(element, item.m_name);
     xml::readElement(element, LIST, [&](const xml::ElementReader & reader) {
         reader.children({
-            {tag,
-             [&](const TiXmlElement & child) {
-                 items.emplace_back().readXML(child);
-                 names.insert(child, items.back().m_name);
-             }},
+            xml::any(tag,
+                     [&](const TiXmlElement & child) {
+                         items.emplace_back().readXML(child);
+                         names.insert(child, items.back().m_name);
+                     }),
         });
     });
 }

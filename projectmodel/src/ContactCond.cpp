@@ -65,10 +65,11 @@ void ContactCond::readXML(const TiXmlElement & element) {
         read.m_type = xml::keywordAttribute<condition_t>(reader, "type");
         read.m_kind = xml::keywordAttribute<kind_t>(reader, "kind");
         reader.children({
-            {"KOR:Parameter",    [&](const TiXmlElement & child) { read.m_para.readXML(child, PARAMETERS); }       },
-            {"KOR:Flag",         [&](const TiXmlElement & child) { read.m_flag.readXML(child, FLAGS); }            },
-            {"KOR:LinearSpline", [&](const TiXmlElement & child) { readFunction(child, reader, read.m_functions); }},
-            {"FoilName",         [&](const TiXmlElement & child) { read.m_foilName = KOR::xml::text(child); }      },
+            xml::any("KOR:Parameter", xml::into(read.m_para, PARAMETERS)),
+            xml::any("KOR:Flag", xml::into(read.m_flag, FLAGS)),
+            xml::any("KOR:LinearSpline",
+                     [&](const TiXmlElement & child) { readFunction(child, reader, read.m_functions); }),
+            xml::once("FoilName", xml::into(read.m_foilName)),
         });
     });
     *this = std::move(read);

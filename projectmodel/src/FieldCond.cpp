@@ -45,21 +45,19 @@ void FieldCond::readXML(const TiXmlElement & element) {
         read.m_name = reader.attribute("name");
         read.m_type = xml::keywordAttribute<condition_t>(reader, "type");
         reader.children({
-            {"KOR:Parameter",
-             [&](const TiXmlElement & child) { xml::readParameter(child, read.m_para, read.m_intPara, VALUES); }    },
-            {"KOR:Flag",                [&](const TiXmlElement & child) { read.m_flag.readXML(child, VALUES); }     },
-            {"KOR:IntPara",             [&](const TiXmlElement & child) { read.m_intPara.readXML(child, VALUES); }  },
-            {"CCReference",
-             [&](const TiXmlElement & child) {
-                 const auto type = KOR::xml::attribute(child, "type");
-                 if (type && KeywordList::KeywordExists<additionalClimate_t>(*type))
-                     xml::readReference(child, read.m_additionalReferences);
-                 else
-                     xml::readReference(child, read.m_ccReferences);
-             }                                                                                                      },
-            {"Schedule",                [&](const TiXmlElement & child) { read.m_schedule = KOR::xml::text(child); }},
-            {"OtherInterfaceReference",
-             [&](const TiXmlElement & child) { read.m_otherInterfaceReference = KOR::xml::text(child); }            },
+            xml::any("KOR:Parameter", xml::into(read.m_para, read.m_intPara, VALUES)),
+            xml::any("KOR:Flag", xml::into(read.m_flag, VALUES)),
+            xml::any("KOR:IntPara", xml::into(read.m_intPara, VALUES)),
+            xml::any("CCReference",
+                     [&](const TiXmlElement & child) {
+                         const auto type = KOR::xml::attribute(child, "type");
+                         if (type && KeywordList::KeywordExists<additionalClimate_t>(*type))
+                             xml::readReference(child, read.m_additionalReferences);
+                         else
+                             xml::readReference(child, read.m_ccReferences);
+                     }),
+            xml::once("Schedule", xml::into(read.m_schedule)),
+            xml::once("OtherInterfaceReference", xml::into(read.m_otherInterfaceReference)),
         });
     });
     *this = std::move(read);

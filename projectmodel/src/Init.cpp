@@ -51,10 +51,10 @@ std::vector<Init::Module> readModules(const TiXmlElement & element, const xml::E
     std::vector<Init::Module> modules;
     xml::readElement(element, texts, [&modules](const xml::ElementReader & reader) {
         reader.children({
-            {"Module",
-             [&](const TiXmlElement & child) {
-                 modules.push_back({KOR::xml::text(child), KOR::xml::attribute(child, "overrides")});
-             }},
+            xml::any("Module",
+                     [&](const TiXmlElement & child) {
+                         modules.push_back({KOR::xml::text(child), KOR::xml::attribute(child, "overrides")});
+                     }),
         });
     });
     return modules;
@@ -105,10 +105,10 @@ void Init::readXML(const TiXmlElement & element) {
     Init read;
     xml::readElement(element, SECTION, [&read](const xml::ElementReader & reader) {
         reader.children({
-            {"SimulationParameter", [&](const TiXmlElement & child) { read.readGeneralParametersXML(child); }   },
-            {"SolverParameter",     [&](const TiXmlElement & child) { read.m_solverSettings.readXML(child); }   },
-            {"ModelSettingsSalt",   [&](const TiXmlElement & child) { read.m_modelSettingsSalt.readXML(child); }},
-            {"ModelSettingsVOC",    [&](const TiXmlElement & child) { read.m_modelSettingsVOC.readXML(child); } },
+            xml::once("SimulationParameter", [&](const TiXmlElement & child) { read.readGeneralParametersXML(child); }),
+            xml::once("SolverParameter", xml::into(read.m_solverSettings)),
+            xml::once("ModelSettingsSalt", xml::into(read.m_modelSettingsSalt)),
+            xml::once("ModelSettingsVOC", xml::into(read.m_modelSettingsVOC)),
         });
     });
     *this = std::move(read);
@@ -118,26 +118,22 @@ void Init::readGeneralParametersXML(const TiXmlElement & element) {
     const auto readInteger = [this](const TiXmlElement & child) { m_intPara.readXML(child, INTEGERS); };
     xml::readElement(element, GENERAL, [&](const xml::ElementReader & reader) {
         reader.children({
-            {"BalanceEquationModule",
-             [&](const TiXmlElement & child) { m_balanceEquationModule = KOR::xml::text(child); }                            },
-            {"FluxModules",             [&](const TiXmlElement & child) { m_fluxModules = readModules(child, FLUX_MODULES); }},
-            {"SourceModules",
-             [&](const TiXmlElement & child) { m_sourceModules = readModules(child, SOURCE_MODULES); }                       },
-            {"Interval",                [&](const TiXmlElement & child) { m_interval.readXML(child); }                       },
-            {"ClimateDataFilePath",     [&](const TiXmlElement & child) { m_climateDataFilePath = xml::path(child); }        },
-            {"KOR:Parameter",
-             [&](const TiXmlElement & child) { xml::readParameter(child, m_para, m_intPara, VALUES); }                       },
-            {"KOR:Flag",                [&](const TiXmlElement & child) { m_flag.readXML(child, VALUES); }                   },
-            {"KOR:IntPara",             readInteger                                                                          },
-            {"StartYear",               readInteger                                                                          },
-            {"TimeZone",                readInteger                                                                          },
-            {"DefaultInitialCondition",
-             [&](const TiXmlElement & child) { m_defaultInitialCondition.readXML(child, VALUES); }                           },
-            {"LambdaSelection",
-             [&](const TiXmlElement & child) {
-                 m_lambdaSelection = xml::keywordText<lambdaSelection_t>(
-                     child, "Invalid parameter value for LambdaSelection property.", GENERAL.where);
-             }                                                                                                               },
+            xml::once("BalanceEquationModule", xml::into(m_balanceEquationModule)),
+            xml::once("FluxModules",
+                      [&](const TiXmlElement & child) { m_fluxModules = readModules(child, FLUX_MODULES); }),
+            xml::once("SourceModules",
+                      [&](const TiXmlElement & child) { m_sourceModules = readModules(child, SOURCE_MODULES); }),
+            xml::once("Interval", xml::into(m_interval)),
+            xml::once("ClimateDataFilePath", xml::into(m_climateDataFilePath)),
+            xml::any("KOR:Parameter", xml::into(m_para, m_intPara, VALUES)),
+            xml::any("KOR:Flag", xml::into(m_flag, VALUES)),
+            xml::any("KOR:IntPara", readInteger),
+            xml::any("StartYear", readInteger),
+            xml::any("TimeZone", readInteger),
+            xml::any("DefaultInitialCondition", xml::into(m_defaultInitialCondition, VALUES)),
+            xml::once(
+                "LambdaSelection",
+                xml::into(m_lambdaSelection, "Invalid parameter value for LambdaSelection property.", GENERAL.where)),
         });
     });
 }

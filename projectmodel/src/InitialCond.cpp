@@ -55,16 +55,17 @@ void InitialCond::readXML(const TiXmlElement & element) {
         read.m_name = reader.attribute("name");
         read.m_type = xml::keywordAttribute<condition_t>(reader, "type");
         reader.children({
-            {"KOR:Parameter",
-             [&](const TiXmlElement & child) {
-                 read.m_value.readXML(child);
-                 if (read.m_value.name() != VALUE)
-                     reader.fail(
-                         child,
-                         KOR::text("Expected KOR:Parameter with name '%1' in InitialCondition element, found '%2'.",
-                                   VALUE, read.m_value.name()));
-             }                                                                                             },
-            {"Reference",     [&](const TiXmlElement & child) { read.m_reference = KOR::xml::text(child); }},
+            xml::once("KOR:Parameter",
+                      [&](const TiXmlElement & child) {
+                          read.m_value.readXML(child);
+                          if (read.m_value.name() != VALUE)
+                              reader.fail(
+                                  child,
+                                  KOR::text(
+                                      "Expected KOR:Parameter with name '%1' in InitialCondition element, found '%2'.",
+                                      VALUE, read.m_value.name()));
+                      }),
+            xml::once("Reference", xml::into(read.m_reference)),
         });
     });
     *this = std::move(read);

@@ -44,22 +44,17 @@ constexpr ParaLimit LIMITS[] = {
 void Interface::readXML(const TiXmlElement & element) {
     Interface read;
     xml::readElement(element, TEXTS, [&read](const xml::ElementReader & reader) {
-        const auto choice = [](auto & member) {
-            return [&member](const TiXmlElement & child) {
-                member = xml::keywordText<typename std::remove_reference_t<decltype(member)>::value_type>(child);
-            };
-        };
         read.m_name = reader.attribute("name");
         read.m_type = xml::keywordAttribute<type_t>(reader, "type");
         reader.children({
-            {"BCReference",        [&](const TiXmlElement & child) { read.m_bcReferences.push_back(KOR::xml::text(child)); }},
-            {"KOR:Parameter",      [&](const TiXmlElement & child) { read.m_para.readXML(child, VALUES); }                  },
-            {"KOR:Flag",           [&](const TiXmlElement & child) { read.m_flag.readXML(child, VALUES); }                  },
-            {"ClimateTypeIndoor",  choice(read.m_climateTypeIndoor)                                                         },
-            {"IndoorWTAType",      choice(read.m_indoorWTAType)                                                             },
-            {"ClimateTypeOutdoor", choice(read.m_climateTypeOutdoor)                                                        },
-            {"FMUInterfaceType",   choice(read.m_fmuInterfaceType)                                                          },
-            {"OtherSideType",      choice(read.m_otherSideType)                                                             },
+            xml::any("BCReference", xml::into(read.m_bcReferences)),
+            xml::any("KOR:Parameter", xml::into(read.m_para, VALUES)),
+            xml::any("KOR:Flag", xml::into(read.m_flag, VALUES)),
+            xml::once("ClimateTypeIndoor", xml::into(read.m_climateTypeIndoor)),
+            xml::once("IndoorWTAType", xml::into(read.m_indoorWTAType)),
+            xml::once("ClimateTypeOutdoor", xml::into(read.m_climateTypeOutdoor)),
+            xml::once("FMUInterfaceType", xml::into(read.m_fmuInterfaceType)),
+            xml::once("OtherSideType", xml::into(read.m_otherSideType)),
         });
     });
     *this = std::move(read);

@@ -15,6 +15,7 @@ constexpr xml::ElementTexts TEXTS{
     .wrapping = {},
     .inChildCause = "%1\nError reading KOR:Parameter element in 'Interval' element.",
 };
+constexpr NamedValueTexts VALUES{.where = TEXTS.where};
 
 [[noreturn]] void refuse(std::string message) {
     throw KOR::Exception(std::move(message), "[Interval::checkParameters]");
@@ -40,7 +41,7 @@ void Interval::readXML(const TiXmlElement & element) {
     Interval read;
     xml::readElement(element, TEXTS, [&read](const xml::ElementReader & reader) {
         reader.children({
-            {"KOR:Parameter", [&](const TiXmlElement & child) { read.m_para.readXML(child, {.where = TEXTS.where}); }},
+            xml::any("KOR:Parameter", xml::into(read.m_para, VALUES)),
         });
     });
     *this = std::move(read);

@@ -23,12 +23,12 @@ void ModelSettingsSalt::readXML(const TiXmlElement & element) {
     ModelSettingsSalt read;
     xml::readElement(element, TEXTS, [&read](const xml::ElementReader & reader) {
         reader.children({
-            {"SaltDatabase",   [&](const TiXmlElement & child) { read.m_saltDatabase = xml::path(child); }},
-            {"SaltSpeciesIDs",
-             [&](const TiXmlElement & child) {
-                 for (const std::string_view id : KOR::words(KOR::xml::text(child)))
-                     read.m_saltSpeciesIDs.emplace_back(id);
-             }                                                                                            },
+            xml::once("SaltDatabase", xml::into(read.m_saltDatabase)),
+            xml::once("SaltSpeciesIDs",
+                      [&](const TiXmlElement & child) {
+                          for (const std::string_view id : KOR::words(KOR::xml::text(child)))
+                              read.m_saltSpeciesIDs.emplace_back(id);
+                      }),
         });
     });
     *this = std::move(read);

@@ -39,10 +39,11 @@ void ModelSettingsVOC::readXML(const TiXmlElement & element) {
     ModelSettingsVOC read;
     xml::readElement(element, TEXTS, [&read](const xml::ElementReader & reader) {
         reader.children({
-            {"VOCDatabase",     [&](const TiXmlElement & child) { read.m_vocDatabase = xml::path(child); }        },
-            {"VOCID",           [&](const TiXmlElement & child) { read.m_vocID = KOR::xml::text(child); }         },
-            {"MaterialMapping",
-             [&](const TiXmlElement & child) { read.m_materialMapping.push_back(mapping(KOR::xml::text(child))); }},
+            xml::once("VOCDatabase", xml::into(read.m_vocDatabase)),
+            xml::once("VOCID", xml::into(read.m_vocID)),
+            xml::any(
+                "MaterialMapping",
+                [&](const TiXmlElement & child) { read.m_materialMapping.push_back(mapping(KOR::xml::text(child))); }),
         });
     });
     *this = std::move(read);

@@ -29,19 +29,19 @@ void OutputFile::readXML(const TiXmlElement & element) {
         std::optional<space_type_t> spaceType;
         std::optional<std::string> outputGrid;
         reader.children({
-            {"Quantity",
-             [&](const TiXmlElement & child) {
-                 read.m_quantity = KOR::xml::text(child);
-                 if (read.m_quantity == OLD_QUANTITY) {
-                     KOR::message(RENAMING, KOR::MSG_INFORMATION, std::string(TEXTS.where), 1);
-                     read.m_quantity = NEW_QUANTITY;
-                 }
-                 if (const auto unit = KOR::xml::attribute(child, "unit"))
-                     read.m_outputUnit.set(*unit);
-             }                                                                                                   },
-            {"TimeType",   [&](const TiXmlElement & child) { timeType = xml::keywordText<time_type_t>(child); }  },
-            {"SpaceType",  [&](const TiXmlElement & child) { spaceType = xml::keywordText<space_type_t>(child); }},
-            {"OutputGrid", [&](const TiXmlElement & child) { outputGrid = KOR::xml::text(child); }               },
+            xml::once("Quantity",
+                      [&](const TiXmlElement & child) {
+                          read.m_quantity = KOR::xml::text(child);
+                          if (read.m_quantity == OLD_QUANTITY) {
+                              KOR::message(RENAMING, KOR::MSG_INFORMATION, std::string(TEXTS.where), 1);
+                              read.m_quantity = NEW_QUANTITY;
+                          }
+                          if (const auto unit = KOR::xml::attribute(child, "unit"))
+                              read.m_outputUnit.set(*unit);
+                      }),
+            xml::once("TimeType", xml::into(timeType)),
+            xml::once("SpaceType", xml::into(spaceType)),
+            xml::once("OutputGrid", xml::into(outputGrid)),
         });
         const auto require = [&](bool isGiven, std::string_view message) {
             if (!isGiven)

@@ -20,7 +20,7 @@ void OutputGrid::readXML(const TiXmlElement & element) {
     xml::readElement(element, TEXTS, [&read](const xml::ElementReader & reader) {
         read.m_name = reader.attribute("name");
         reader.children({
-            {"Interval", [&](const TiXmlElement & child) { read.m_intervals.emplace_back().readXML(child); }},
+            xml::any("Interval", xml::into(read.m_intervals)),
         });
     });
     *this = std::move(read);

@@ -61,19 +61,18 @@ void Outputs::readXML(const TiXmlElement & element) {
     Outputs read;
     xml::readElement(element, TEXTS, [&read](const xml::ElementReader & reader) {
         reader.children({
-            {"KOR:Unit",      [&](const TiXmlElement & child) { read.m_timeUnit = readTimeUnit(reader, child); }    },
-            {"KOR:Parameter",
-             [&](const TiXmlElement & child) { xml::readParameter(child, read.m_para, read.m_intPara, PARAMETERS); }},
-            {"KOR:IntPara",   [&](const TiXmlElement & child) { read.m_intPara.readXML(child, PARAMETERS); }        },
-            {"KOR:Flag",      [&](const TiXmlElement & child) { read.m_flag.readXML(child, FLAGS); }                },
-            {"OutputGrids",
-             [&](const TiXmlElement & child) {
-                 readItems(child, "OutputGrid", read.m_outputGrids, "Error reading output grids.");
-             }                                                                                                      },
-            {"OutputFiles",
-             [&](const TiXmlElement & child) {
-                 readItems(child, "OutputFile", read.m_outputFiles, "Error reading output files.");
-             }                                                                                                      },
+            xml::once("KOR:Unit", [&](const TiXmlElement & child) { read.m_timeUnit = readTimeUnit(reader, child); }),
+            xml::any("KOR:Parameter", xml::into(read.m_para, read.m_intPara, PARAMETERS)),
+            xml::any("KOR:IntPara", xml::into(read.m_intPara, PARAMETERS)),
+            xml::any("KOR:Flag", xml::into(read.m_flag, FLAGS)),
+            xml::once("OutputGrids",
+                      [&](const TiXmlElement & child) {
+                          readItems(child, "OutputGrid", read.m_outputGrids, "Error reading output grids.");
+                      }),
+            xml::once("OutputFiles",
+                      [&](const TiXmlElement & child) {
+                          readItems(child, "OutputFile", read.m_outputFiles, "Error reading output files.");
+                      }),
         });
     });
     *this = std::move(read);

@@ -33,7 +33,7 @@ void Schedule::readXML(const TiXmlElement & element) {
         enabled.set("enabled", reader.attribute("enabled"));
         read.m_enabled = enabled.isEnabled();
         reader.children({
-            {"Interval", [&](const TiXmlElement & child) { read.m_intervals.emplace_back().readXML(child); }},
+            xml::any("Interval", xml::into(read.m_intervals)),
         });
     });
     *this = std::move(read);

@@ -21,8 +21,8 @@ void SolutionDefinition::readXML(const TiXmlElement & element) {
     xml::readElement(element, TEXTS, [&read](const xml::ElementReader & reader) {
         read.m_name = reader.attribute("name");
         reader.children({
-            {"KOR:Parameter", [&](const TiXmlElement & child) { read.m_para.emplace_back().readXML(child); }          },
-            {"SaltSpecies",   [&](const TiXmlElement & child) { read.m_saltSpecies.push_back(KOR::xml::text(child)); }},
+            xml::any("KOR:Parameter", xml::into(read.m_para)),
+            xml::any("SaltSpecies", xml::into(read.m_saltSpecies)),
         });
     });
     *this = std::move(read);

@@ -22,7 +22,12 @@ constexpr NamedValueTexts VALUES{.where = TEXTS.where};
 } // namespace
 
 KOR::Parameter SolverSettings::parameter(para_t key) const {
-    return parameterOrDefault(m_para, key);
+    KOR::Parameter result = parameterOrDefault(m_para, key);
+    const bool isBounded = key == para_t::MinTimeStep || key == para_t::InitialTimeStep;
+    const KOR::Parameter * longest = m_para.find(para_t::MaxTimeStep);
+    if (isBounded && !m_para.contains(key) && longest != nullptr && result.value() > longest->value())
+        result.set_value(longest->ioValue(), longest->ioUnit());
+    return result;
 }
 bool SolverSettings::isEnabled(flag_t key) const {
     return isEnabledOrDefault(m_flag, key);
@@ -40,18 +45,14 @@ SolverSettings::precond_t SolverSettings::preconditioner() const {
 void SolverSettings::readXML(const TiXmlElement & element) {
     SolverSettings read;
     xml::readElement(element, TEXTS, [&read](const xml::ElementReader & reader) {
-        const auto choice = [](auto & member, std::string_view message) {
-            return [&member, message](const TiXmlElement & child) {
-                using Enum = typename std::remove_reference_t<decltype(member)>::value_type;
-                member = xml::keywordText<Enum>(child, message, TEXTS.where);
-            };
-        };
         reader.children({
-            {"Integrator",                                choice(read.m_integrator,                                         "Invalid keyword for Integrator attribute")},
-            {"LESSolver",                                           choice(read.m_lesSolver,                                                                                                 "Invalid keyword for LESSolver attribute")},
-            {"Preconditioner", choice(read.m_precond,"Invalid keyword for Preconditioner attribute")},
-            {"KOR:Parameter",                      [&](const TiXmlElement & child) { read.m_para.readXML(child, VALUES); }                                                                      },
-            {"KOR:Flag",                             [&](const TiXmlElement & child) { read.m_flag.readXML(child, VALUES); }},
+            xml::once("Integrator",
+                      xml::into(read.m_integrator, "Invalid keyword for Integrator attribute", TEXTS.where)),
+            xml::once("LESSolver", xml::into(read.m_lesSolver, "Invalid keyword for LESSolver attribute", TEXTS.where)),
+            xml::once("Preconditioner",
+                      xml::into(read.m_precond, "Invalid keyword for Preconditioner attribute", TEXTS.where)),
+            xml::any("KOR:Parameter", xml::into(read.m_para, VALUES)),
+            xml::any("KOR:Flag", xml::into(read.m_flag, VALUES)),
         });
     });
     *this = std::move(read);
@@ -73,7 +74,7 @@ void SolverSettings::checkParameters() const {
     checkDefaultLimits(m_para, WHERE);
     const auto seconds = [this](para_t key) { return parameter(key).get_value("s"); };
     const auto checkOrder = [&](para_t smaller, para_t larger) {
-        if ((m_para.contains(smaller) || m_para.contains(larger)) && seconds(smaller) > seconds(larger))
+        if (m_para.contains(smaller) && seconds(smaller) > seconds(larger))
             throw KOR::Exception(KOR::text("Parameter '%1' (%2) must not exceed '%3' (%4).",
                                            KeywordList::Keyword(smaller), parameter(smaller).valueText(),
                                            KeywordList::Keyword(larger), parameter(larger).valueText()),

@@ -17,10 +17,12 @@
 /// What the readers and writers of the project's elements share beyond KOR::xml.
 namespace HYGRION::xml {
 
+using KOR::xml::any;
 using KOR::xml::appendElement;
 using KOR::xml::appendText;
 using KOR::xml::ElementReader;
 using KOR::xml::ElementTexts;
+using KOR::xml::once;
 using KOR::xml::readElement;
 using KOR::xml::setAttribute;
 
@@ -57,11 +59,6 @@ template <typename Enum>
 void appendKeyword(TiXmlElement & parent, const std::string & name, std::optional<Enum> value) {
     if (value)
         appendKeyword(parent, name, *value);
-}
-
-/// The path in an element's text.
-inline KOR::Path path(const TiXmlElement & element) {
-    return KOR::Path(KOR::xml::text(element));
 }
 
 /// Appends a parameter under another tag than "KOR:Parameter".
@@ -108,6 +105,48 @@ template <typename Enum> void readReference(const TiXmlElement & element, std::m
 template <typename Enum> void writeReferences(TiXmlElement & parent, const std::map<Enum, std::string> & references) {
     for (const auto & [type, name] : references)
         setAttribute(appendText(parent, "CCReference", name), "type", KeywordList::Keyword(type));
+}
+
+// *** What becomes of a child: the rows of a reader name the members ***
+
+/// An element that reads itself.
+template <typename Item> auto into(Item & item) {
+    return [&item](const TiXmlElement & child) { item.readXML(child); };
+}
+/// One more of several elements that read themselves.
+template <typename Item> auto into(std::vector<Item> & items) {
+    return [&items](const TiXmlElement & child) { items.emplace_back().readXML(child); };
+}
+inline auto into(std::string & text) {
+    return [&text](const TiXmlElement & child) { text = KOR::xml::text(child); };
+}
+inline auto into(std::vector<std::string> & texts) {
+    return [&texts](const TiXmlElement & child) { texts.push_back(KOR::xml::text(child)); };
+}
+inline auto into(KOR::Path & path) {
+    return [&path](const TiXmlElement & child) { path = KOR::Path(KOR::xml::text(child)); };
+}
+inline auto into(std::optional<std::string> & text) {
+    return [&text](const TiXmlElement & child) { text = KOR::xml::text(child); };
+}
+/// A keyword as text. Throws as keyword.
+template <typename Enum>
+requires std::is_enum_v<Enum>
+auto into(std::optional<Enum> & choice, std::string_view message = {}, std::string_view where = {}) {
+    return [&choice, message, where](const TiXmlElement & child) { choice = keywordText<Enum>(child, message, where); };
+}
+/// Values named by keywords.
+template <typename Enum, typename Value> auto into(NamedSet<Enum, Value> & values, const NamedValueTexts & texts) {
+    return [&values, &texts](const TiXmlElement & child) { values.readXML(child, texts); };
+}
+/// "KOR:Parameter" elements among which integers may stand.
+template <typename Enum, typename IntEnum>
+auto into(ParaSet<Enum> & parameters, IntParaSet<IntEnum> & integers, const NamedValueTexts & texts) {
+    return [&](const TiXmlElement & child) { readParameter(child, parameters, integers, texts); };
+}
+/// The climate condition of each quantity.
+template <typename Enum> auto into(std::map<Enum, std::string> & references) {
+    return [&references](const TiXmlElement & child) { readReference(child, references); };
 }
 
 /// Refuses a second definition with the same identification name, in linear time.

@@ -112,18 +112,23 @@ TEST(Checks, NonsenseInSettingsIsRefusedByName) {
         const char * message;
     };
     const Row ROWS[] = {
-        {Para::RelTol,          -1e-5, "---", "Parameter 'RelTol' is -1e-05 ---, it must be positive, at most 0.1 ---."   },
-        {Para::AbsTolMoisture,  0,     "g",   "Parameter 'AbsTolMoisture' is 0 g, it must be positive."                   },
-        {Para::MaxOrder,        6,     "---", "Parameter 'MaxOrder' is 6 ---, it must lie within 1..5 ---."               },
-        {Para::MinTimeStep,     -1,    "s",   "Parameter 'MinTimeStep' is -1 s, it must not be negative."                 },
-        {Para::MaxTimeStep,     1,     "ms",  "Parameter 'InitialTimeStep' (0.01 s) must not exceed 'MaxTimeStep' (1 ms)."},
-        {Para::InitialTimeStep, 1,     "h",   "Parameter 'InitialTimeStep' (1 h) must not exceed 'MaxTimeStep' (30 min)." },
+        {Para::RelTol,          -1e-5, "---", "Parameter 'RelTol' is -1e-05 ---, it must be positive, at most 0.1 ---."  },
+        {Para::AbsTolMoisture,  0,     "g",   "Parameter 'AbsTolMoisture' is 0 g, it must be positive."                  },
+        {Para::MaxOrder,        6,     "---", "Parameter 'MaxOrder' is 6 ---, it must lie within 1..5 ---."              },
+        {Para::MinTimeStep,     -1,    "s",   "Parameter 'MinTimeStep' is -1 s, it must not be negative."                },
+        {Para::MinTimeStep,     31,    "min", "Parameter 'MinTimeStep' (31 min) must not exceed 'MaxTimeStep' (30 min)." },
+        {Para::InitialTimeStep, 1,     "h",   "Parameter 'InitialTimeStep' (1 h) must not exceed 'MaxTimeStep' (30 min)."},
     };
     for (const Row & row : ROWS) {
         Init init;
         init.m_solverSettings.m_para.set(row.key, row.value, row.unit);
         EXPECT_EQ(refusal(init), row.message);
     }
+    SolverSettings shortSteps;
+    shortSteps.m_para.set(Para::MaxTimeStep, 1, "ms");
+    EXPECT_EQ(refusal(shortSteps), "");
+    EXPECT_EQ(shortSteps.parameter(Para::InitialTimeStep).get_value("ms"), 1) << "a default follows what is given";
+    EXPECT_EQ(shortSteps.parameter(Para::MinTimeStep).get_value("s"), 1e-8);
     SolverSettings wrongUnit;
     wrongUnit.m_para.set(Para::RelTol, 1, "kg");
     EXPECT_EQ(caught([&] { wrongUnit.checkParameters(); }).message(),

@@ -132,6 +132,8 @@ const Fault FAULTS[] = {
      "name='Cyclic'>true</KOR:Flag>\n<KOR:Flag name='Cyclic'>false</KOR:Flag></ClimateCondition>", 3,
      "'Cyclic' is given more than once.", "[ClimateCond::readXML]",
      "Error reading element 'KOR:Flag' in ClimateCondition element."},
+    {"ClimateFileTwice", "<ClimateCondition name='a' type='Temperature' kind='CCM'>\n<Filename>b</Filename>\n<Filename/>"
+     "</ClimateCondition>", 3, "Element 'Filename' is given more than once.", "[ClimateCond::readXML]"},
     {"BoundaryReferenceType",
      "<BoundaryCondition name='a' type='HeatConduction' "
      "kind='Exchange'>\n<CCReference>x</CCReference></BoundaryCondition>", 2,

@@ -10,6 +10,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 
 /// What all readers and writers of XML share. Input is hostile until checked; TinyXML sees only what passed.
 namespace KOR::xml {
@@ -80,6 +81,7 @@ public:
     struct Child {
         std::string_view name;
         std::function<void(const TiXmlElement &)> read;
+        bool isOnce = false; ///< a second one is refused, so that none is dropped silently
     };
 
     ElementReader(const TiXmlElement & element, const ElementTexts & texts) : m_element(element), m_texts(texts) {}
@@ -90,7 +92,7 @@ public:
     /// The element's text, trimmed.
     std::string text() const { return xml::text(m_element); }
     /// Hands each child element to the row of its name; chains inChild above what fails there.
-    /// Throws unknownTag for a child that has no row.
+    /// Throws unknownTag for a child that has no row, "Element '%1' is given more than once." for one that stands again.
     void children(std::span<const Child> rows) const;
     void children(std::initializer_list<Child> rows) const { children(std::span(rows.begin(), rows.size())); }
     /// Throws the message with the element's line and the reader's identifier.
@@ -103,6 +105,15 @@ private:
     const TiXmlElement & m_element;
     const ElementTexts & m_texts;
 };
+
+/// The row of a child that may stand any number of times.
+inline ElementReader::Child any(std::string_view name, std::function<void(const TiXmlElement &)> read) {
+    return {name, std::move(read)};
+}
+/// The row of a child that may stand only once.
+inline ElementReader::Child once(std::string_view name, std::function<void(const TiXmlElement &)> read) {
+    return {name, std::move(read), true};
+}
 
 /// Throws the failure of an element's reader: located, with the element's wrapping text chained above.
 [[noreturn]] void throwWrapped(const TiXmlElement & element, const ElementTexts & texts, const Exception & failure);

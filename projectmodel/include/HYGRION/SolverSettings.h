@@ -42,7 +42,7 @@ public:
     std::optional<lesSolver_t> m_lesSolver;
     std::optional<precond_t> m_precond;
 
-    /// The given value or the default.
+    /// The given value or the default; the default of a time step never exceeds the longest step that was given.
     KOR::Parameter parameter(para_t key) const;
     bool isEnabled(flag_t key) const;
     integrator_t integrator() const;
