@@ -59,12 +59,10 @@ MaterialEvaluator::MaterialEvaluator(const Material & material, Interpolation in
                 : storage.mode() == MoistureStorage::MODE_PC ? Storage::OVER_PC
                                                              : Storage::OVER_RH;
     m_saturation = storage.saturation();
-    m_slope = storage.slopeAtSaturation();
-    m_threshold = storage.thresholdPressure();
     m_nearlySaturated = MoistureStorage::NEARLY_SATURATED * m_saturation;
     if (m_storage == Storage::AIR) {
         m_nearlySaturated = m_saturation;
-        m_threshold = 0;
+        m_slope = storage.slopeAtSaturation();
         m_stateByContent = FunctionTable({0, m_saturation}, {0, 1}, Interpolation::LINEAR);
         m_contentByState = FunctionTable({0, 1}, {0, m_saturation}, Interpolation::LINEAR);
     } else if (m_storage != Storage::TIGHT) {
@@ -77,6 +75,9 @@ MaterialEvaluator::MaterialEvaluator(const Material & material, Interpolation in
         }
         m_contentByState = FunctionTable(contents, interpolation);
         m_stateByContent = FunctionTable(states, interpolation);
+        const double state = m_stateByContent.value(m_nearlySaturated);
+        m_threshold = overPC ? -std::pow(10.0, state) : liquidPressure(state);
+        m_slope = (m_saturation - m_nearlySaturated) / -m_threshold;
     }
     for (int direction = 0; direction < 3; ++direction) {
         Direction & d = m_directions[index(direction)];
@@ -125,6 +126,9 @@ MaterialEvaluator::Value MaterialEvaluator::content(double liquidPressure) const
         result.value = m_contentByState.value(humidity, result.slope);
         result.slope *= humidity / kelvinPressure();
     }
+    // The two tables agree but for their last digits; the content must not jump down where the line takes over.
+    if (m_storage != Storage::AIR)
+        result.value = std::fmin(result.value, m_nearlySaturated);
     return result;
 }
 
