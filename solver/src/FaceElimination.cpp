@@ -9,7 +9,7 @@ namespace SOLVER {
 
 namespace {
 
-constexpr int MAX_ITERATIONS = 60;
+constexpr int MAX_ITERATIONS = 150;
 constexpr double CONVERGED_HUMIDITY = 1e-13;
 constexpr double CONVERGED_TEMPERATURE = 1e-11; ///< [K]
 constexpr double LOWEST_HUMIDITY = 1e-30;
@@ -23,16 +23,17 @@ double latentHeat(module_t module) {
 
 /// Moves a node by a Newton step. The humidity stays positive and changes by no more than it has left, the
 /// temperature by no more than 20 K, so that a bad start does not leave the range of the functions.
-/// \return the size of the step in units of the tolerances
-double move(FaceNode & node, double dT, double dPhi) {
+/// \param damping of the step, 1 for a full one
+/// \return the size of the full step in units of the tolerances
+double move(FaceNode & node, double dT, double dPhi, double damping) {
     dT = std::clamp(dT, -20.0, 20.0);
     const double lower = std::max(0.1 * node.humidity, LOWEST_HUMIDITY);
     const double upper = std::max(4 * node.humidity, node.humidity + 0.1);
     const double humidity = std::clamp(node.humidity + dPhi, lower, upper);
     const double step =
         std::max(std::fabs(dT) / CONVERGED_TEMPERATURE, std::fabs(humidity - node.humidity) / CONVERGED_HUMIDITY);
-    node.temperature += dT;
-    node.humidity = humidity;
+    node.temperature += damping * dT;
+    node.humidity += damping * (humidity - node.humidity);
     return step;
 }
 
@@ -40,12 +41,13 @@ FaceNode nodeAtCell(const HalfCell & half) {
     return {half.cell.temperature, std::max(half.cell.humidity, 1e-6)};
 }
 
-/// Newton's iteration: \p step solves and moves once, and returns the size of the step in tolerances, NaN if the system
-/// is singular. \return whether it converged; a failure shows as a flux that is not a number
+/// Newton's iteration: \p step(damping) solves and moves once, and returns the size of the step in tolerances, NaN if the
+/// system is singular. Where full steps run in a circle (around the bend of the conductivity near saturation), shorter
+/// ones end it. \return whether it converged; a failure shows as a flux that is not a number
 template <typename Step> bool iterate(Step && step) {
     double size = FAILED_STEP;
     for (int i = 0; i < MAX_ITERATIONS && size >= 1; ++i)
-        size = step();
+        size = step(i < 12 ? 1.0 : i < 60 ? 0.5 : 0.2);
     return size < FAILED_STEP;
 }
 constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
@@ -84,7 +86,7 @@ Model::FaceFlux perfectContact(const HalfCell & a, const HalfCell & b, const The
     FaceNode node{(nodeA.temperature + nodeB.temperature) / 2, std::sqrt(nodeA.humidity * nodeB.humidity)};
     HalfCell::Flux fa{};
     HalfCell::Flux fb{};
-    const bool converged = iterate([&] {
+    const bool converged = iterate([&](double damping) {
         fa = a.flux(node, thermodynamics);
         fb = b.flux(node, thermodynamics);
         std::array<double, 2> r{fa.conduction + fb.conduction + latent * (fa.vapor + fb.vapor),
@@ -96,7 +98,7 @@ Model::FaceFlux perfectContact(const HalfCell & a, const HalfCell & b, const The
               fa.vaporByPhi + fb.vaporByPhi + fa.liquidByPhi + fb.liquidByPhi}}
         };
         pinInactive(j, r, module);
-        return solveDense(j, r) ? move(node, -r[0], -r[1]) : NOT_A_NUMBER;
+        return solveDense(j, r) ? move(node, -r[0], -r[1], damping) : NOT_A_NUMBER;
     });
     if (!converged)
         fa.conduction = fa.vapor = NOT_A_NUMBER;
@@ -120,7 +122,7 @@ Model::FaceFlux resistiveContact(const HalfCell & a, const HalfCell & b, const C
     double conduction = 0;
     double vapor = 0;
     double liquid = 0;
-    const bool converged = iterate([&] {
+    const bool converged = iterate([&](double damping) {
         const HalfCell::Flux fa = a.flux(na, thermodynamics);
         const HalfCell::Flux fb = b.flux(nb, thermodynamics);
         conduction = heatLink * (na.temperature - nb.temperature);
@@ -148,8 +150,8 @@ Model::FaceFlux resistiveContact(const HalfCell & a, const HalfCell & b, const C
         pinInactive(j, r, module);
         if (!solveDense(j, r))
             return NOT_A_NUMBER;
-        const double stepA = move(na, -r[0], -r[1]);
-        const double stepB = move(nb, -r[2], -r[3]);
+        const double stepA = move(na, -r[0], -r[1], damping);
+        const double stepB = move(nb, -r[2], -r[3], damping);
         return std::max(stepA, stepB);
     });
     // Through a link the fluxes are what the half cells agree on; phase may change on either side of it.
@@ -194,7 +196,7 @@ HalfCell::Flux solveNode(const HalfCell & inside, const SurfaceLoad & load, doub
                          double suction, FaceNode & node, const Thermodynamics & thermodynamics, module_t module) {
     const double latent = latentHeat(module);
     HalfCell::Flux f{};
-    const bool converged = iterate([&] {
+    const bool converged = iterate([&](double damping) {
         if (hasSuction)
             node.humidity = std::exp(-suction / thermodynamics.kelvin(node.temperature));
         f = inside.flux(node, thermodynamics);
@@ -221,7 +223,7 @@ HalfCell::Flux solveNode(const HalfCell & inside, const SurfaceLoad & load, doub
                 j[k][k] = 1;
                 r[k] = k == 0 ? node.temperature - inside.cell.temperature : node.humidity - inside.cell.humidity;
             }
-        return solveDense(j, r) ? move(node, -r[0], -r[1]) : NOT_A_NUMBER;
+        return solveDense(j, r) ? move(node, -r[0], -r[1], damping) : NOT_A_NUMBER;
     });
     if (!converged)
         f.conduction = f.vapor = NOT_A_NUMBER;

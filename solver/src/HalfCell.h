@@ -26,11 +26,12 @@ struct FaceNode {
 };
 
 /// The way from a cell's centre to one of its faces.
-struct HalfCell {
-    const MaterialTable & table;
-    const Model::CellState & cell;
-    double distance; ///< [m]
-    double head;     ///< suction that gravity adds on the way [Pa]
+class HalfCell {
+public:
+    /// \param wayLength from the centre to the face [m] \param gravityHead suction that gravity adds on the way [Pa]
+    HalfCell(const MaterialTable & material, const Model::CellState & state, double wayLength, double gravityHead)
+        : cell(state), table(material), distance(wayLength), head(gravityHead),
+          referenceHumidity(std::exp(-state.suction / kelvinPressure(T_REF))) {}
 
     /// Densities of flux from the centre to the face and their derivatives with respect to the face node.
     struct Flux {
@@ -58,10 +59,19 @@ struct HalfCell {
         f.vaporPressureByPhi = saturation;
         f.vaporPressureByT = f.vaporPressure * logSaturationPressureSlope(T);
 
-        // Conductivities of centre and face are averaged; that of the face moves with its state.
-        const double factor = thermodynamics.permeabilityFactor((cell.temperature + T) / 2);
-        const double permeability = factor * (cell.vapor + face.vapor) / 2 / distance;
-        const double permeabilityBySuction = factor * slopes.vapor / 2 / distance;
+        // The permeability is the mean over the humidities on the way. With the mean of both ends instead a wetting
+        // surface would close itself: vapour flux would fall with the humidity that drives it, and the balance of the
+        // face have several solutions.
+        const double factor = thermodynamics.permeabilityFactor((cell.temperature + T) / 2) / distance;
+        const double faceHumidity = std::exp(-suction / kelvinPressure(T_REF));
+        const double humidityDrop = referenceHumidity - faceHumidity;
+        const bool isNear = std::fabs(humidityDrop) < 1e-5;
+        const double mean =
+            isNear ? (cell.vapor + face.vapor) / 2 : (cell.vaporPotential - face.vaporPotential) / humidityDrop;
+        const double meanBySuction =
+            isNear ? slopes.vapor / 2 : (face.vapor - mean) / humidityDrop * faceHumidity / kelvinPressure(T_REF);
+        const double permeability = factor * mean;
+        const double permeabilityBySuction = factor * meanBySuction;
         const double drop = cell.vaporPressure - f.vaporPressure;
         f.vapor = permeability * drop;
         f.vaporByPhi = permeabilityBySuction * suctionByPhi * drop - permeability * f.vaporPressureByPhi;
@@ -82,6 +92,14 @@ struct HalfCell {
         f.liquidByT = liquidBySuction * suctionByT;
         return f;
     }
+
+    const Model::CellState & cell;
+
+private:
+    const MaterialTable & table;
+    double distance;
+    double head;
+    double referenceHumidity; ///< of the cell at T_REF
 };
 
 } // namespace SOLVER

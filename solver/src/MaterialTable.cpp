@@ -1,5 +1,7 @@
 #include <SOLVER/MaterialTable.h>
 
+#include <SOLVER/Physics.h>
+
 #include <KOR/Exception.h>
 
 #include <algorithm>
@@ -105,6 +107,16 @@ MaterialTable::MaterialTable(const MaterialFunctions & functions)
         }
     }
 
+    // The vapour potential: the permeability is linear enough within an interval for the trapezoidal rule over humidity.
+    const auto humidity = [](double x) { return std::exp(-std::pow(10.0, x) / kelvinPressure(T_REF)); };
+    std::vector<double> vaporPotential(count, 0.0);
+    for (std::size_t i = count - 1; i-- > 0;)
+        vaporPotential[i] =
+            vaporPotential[i + 1] + (vapor[i] + vapor[i + 1]) / 2 * (humidity(pC[i]) - humidity(pC[i + 1]));
+    const auto vaporPotentialSlope = [&](std::size_t i) {
+        return -vapor[i] * humidity(pC[i]) * std::pow(10.0, pC[i]) * LN10 / kelvinPressure(T_REF);
+    };
+
     std::vector<double> moistureSteps(count - 1);
     std::vector<double> negativePC(count);
     for (std::size_t i = 0; i < count; ++i) {
@@ -119,11 +131,13 @@ MaterialTable::MaterialTable(const MaterialFunctions & functions)
     const std::vector<double> lambdaSlopes = monotoneSlopes(steps, lambda);
     m_nodes.resize(count);
     for (std::size_t i = 0; i < count; ++i)
-        m_nodes[i] = {moisture[i], inverse[i],     potential[i], -LN10 * std::pow(10.0, pC[i]) * liquid[i],
-                      vapor[i],    vaporSlopes[i], lambda[i],    lambdaSlopes[i]};
+        m_nodes[i] = {moisture[i], inverse[i],     potential[i],      -LN10 * std::pow(10.0, pC[i]) * liquid[i],
+                      vapor[i],    vaporSlopes[i], vaporPotential[i], vaporPotentialSlope(i),
+                      lambda[i],   lambdaSlopes[i]};
 
     m_suctionStart = std::pow(10.0, m_pCStart);
     m_wetConductivity = liquid[0];
+    m_wetHumidity = humidity(m_pCStart);
     m_wetSlope = m_suctionStart * LN10 * inverse[0];
 }
 
@@ -132,15 +146,22 @@ MaterialTable::State MaterialTable::interpolate(std::size_t interval, double t, 
     const Node & b = m_nodes[interval + 1];
     return {suction, hermite(t, PC_STEP, a.potential, a.potentialSlope, b.potential, b.potentialSlope),
             hermite(t, PC_STEP, a.vapor, a.vaporSlope, b.vapor, b.vaporSlope),
-            hermite(t, PC_STEP, a.lambda, a.lambdaSlope, b.lambda, b.lambdaSlope)};
+            hermite(t, PC_STEP, a.lambda, a.lambdaSlope, b.lambda, b.lambdaSlope),
+            hermite(t, PC_STEP, a.vaporPotential, a.vaporPotentialSlope, b.vaporPotential, b.vaporPotentialSlope)};
+}
+
+MaterialTable::State MaterialTable::wetState(double suction) const {
+    const Node & wettest = m_nodes.front();
+    const double humidity = std::exp(-suction / kelvinPressure(T_REF));
+    return {suction, wettest.potential + m_wetConductivity * (m_suctionStart - suction), wettest.vapor, wettest.lambda,
+            wettest.vaporPotential + wettest.vapor * (humidity - m_wetHumidity)};
 }
 
 MaterialTable::State MaterialTable::fromMoisture(double moisture, std::uint32_t & interval) const {
     const Node & wettest = m_nodes.front();
     if (moisture >= wettest.moisture) {
         const double suction = m_suctionStart + (moisture - wettest.moisture) * m_wetSlope;
-        return {suction, wettest.potential + m_wetConductivity * (m_suctionStart - suction), wettest.vapor,
-                wettest.lambda};
+        return wetState(suction);
     }
     const auto last = static_cast<std::uint32_t>(m_nodes.size() - 2);
     std::uint32_t i = std::min(interval, last);
@@ -160,11 +181,9 @@ MaterialTable::State MaterialTable::fromMoisture(double moisture, std::uint32_t 
 }
 
 MaterialTable::State MaterialTable::fromSuction(double suction, Slopes & slopes) const {
-    const Node & wettest = m_nodes.front();
     if (suction <= m_suctionStart) {
         slopes = {m_wetConductivity, 0, 0};
-        return {suction, wettest.potential + m_wetConductivity * (m_suctionStart - suction), wettest.vapor,
-                wettest.lambda};
+        return wetState(suction);
     }
     const double position =
         std::min((std::log10(suction) - m_pCStart) / PC_STEP, static_cast<double>(m_nodes.size() - 1));

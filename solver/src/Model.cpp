@@ -30,6 +30,7 @@ Model::Model(ModelInput input)
         m_cells[c].potential = state.potential;
         m_cells[c].vapor = state.vapor;
         m_cells[c].lambda = state.lambda;
+        m_cells[c].vaporPotential = state.vaporPotential;
     }
     for (const ModelInput::Face & face : m_input.faces) {
         m_neighbours.at(face.a).push_back(face.b);
@@ -80,6 +81,7 @@ void Model::evaluateCells(std::span<const double> state) {
             cell.potential = s.potential;
             cell.vapor = s.vapor;
             cell.lambda = s.lambda;
+            cell.vaporPotential = s.vaporPotential;
         }
         if (m_hasHeat)
             cell.temperature = T_ZERO + state[m_unknowns * c] / (table.heatCapacity() + C_WATER * cell.moisture);

@@ -178,7 +178,7 @@ TEST(Model, SymmetricTwoDimensionalSetUpStaysSymmetric) {
         }
     input.climate = [](double, std::span<SurfaceLoad> loads) {
         for (SurfaceLoad & load : loads)
-            load = {.heatTransfer = 8, .airTemperature = 293, .vaporTransfer = 2.5e-8, .vaporPressure = 2200};
+            load = {.heatTransfer = 8, .airTemperature = 293, .vaporTransfer = 2.5e-8, .vaporPressure = 1900};
     };
     std::vector<double> first;
     struct Choice {

@@ -29,10 +29,11 @@ public:
 
     /// The transport state of a cell.
     struct State {
-        double suction;   ///< [Pa]; negative when overfilled
-        double potential; ///< integral of the liquid conductivity over suction, from here to the dry end [kg/ms]
-        double vapor;     ///< vapour permeability [s]
-        double lambda;    ///< thermal conductivity [W/mK]
+        double suction;        ///< [Pa]; negative when overfilled
+        double potential;      ///< integral of the liquid conductivity over suction, from here to the dry end [kg/ms]
+        double vapor;          ///< vapour permeability [s]
+        double lambda;         ///< thermal conductivity [W/mK]
+        double vaporPotential; ///< integral of the vapour permeability over relative humidity at T_REF [s]
     };
     /// The same at a suction, with derivatives with respect to it.
     struct Slopes {
@@ -59,9 +60,11 @@ private:
         double inverseSlope;              ///< dpC / dmoisture
         double potential, potentialSlope; ///< and d/dpC
         double vapor, vaporSlope;
+        double vaporPotential, vaporPotentialSlope; ///< and d/dpC
         double lambda, lambdaSlope;
     };
     State interpolate(std::size_t interval, double t, double suction) const;
+    State wetState(double suction) const;
 
     std::string m_name;
     double m_heatCapacity;
@@ -70,6 +73,7 @@ private:
     double m_suctionStart = 0; ///< [Pa]
     double m_wetSlope = 0;     ///< dsuction / dmoisture of the linear extension, negative
     double m_wetConductivity = 0;
+    double m_wetHumidity = 0; ///< relative humidity of the first node at T_REF
     bool m_conductsLiquid = false;
     std::vector<Node> m_nodes;
 };

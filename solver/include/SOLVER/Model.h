@@ -81,14 +81,15 @@ public:
 
     // ---- what the last right-hand side saw --------------------------------------------------------------------
     struct CellState {
-        double temperature;   ///< [K]
-        double moisture;      ///< [kg/m3]
-        double suction;       ///< [Pa]
-        double humidity;      ///< relative humidity [-]
-        double vaporPressure; ///< [Pa]
-        double potential;     ///< [kg/ms]
-        double vapor;         ///< vapour permeability [s]
-        double lambda;        ///< [W/mK]
+        double temperature;    ///< [K]
+        double moisture;       ///< [kg/m3]
+        double suction;        ///< [Pa]
+        double humidity;       ///< relative humidity [-]
+        double vaporPressure;  ///< [Pa]
+        double potential;      ///< [kg/ms]
+        double vapor;          ///< vapour permeability [s]
+        double lambda;         ///< [W/mK]
+        double vaporPotential; ///< see MaterialTable::State [s]
     };
     /// Per area of the face, from a to b.
     struct FaceFlux {
