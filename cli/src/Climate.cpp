@@ -10,7 +10,9 @@
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <filesystem>
 #include <iomanip>
 #include <numbers>

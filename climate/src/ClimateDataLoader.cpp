@@ -4,9 +4,11 @@
 #include <KOR/Exception.h>
 #include <KOR/Strings.h>
 
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 #include <fstream>
+#include <optional>
 
 namespace CCM {
 

@@ -3,6 +3,7 @@
 
 #include <KOR/Time.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace CCM {

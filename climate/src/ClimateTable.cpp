@@ -6,6 +6,7 @@
 #include <KOR/FileIO.h>
 #include <KOR/Strings.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace CCM {

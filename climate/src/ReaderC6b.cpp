@@ -7,6 +7,7 @@
 #include <KOR/Strings.h>
 #include <KOR/Version.h>
 
+#include <algorithm>
 #include <cmath>
 #include <sstream>
 

@@ -7,6 +7,7 @@
 #include <KOR/Strings.h>
 #include <KOR/UnitList.h>
 
+#include <algorithm>
 #include <cmath>
 #include <fstream>
 

@@ -9,6 +9,7 @@
 #include <KOR/Time.h>
 
 #include <numbers>
+#include <optional>
 
 namespace CCM {
 

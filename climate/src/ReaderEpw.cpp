@@ -6,6 +6,7 @@
 #include <KOR/Numbers.h>
 #include <KOR/Time.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace CCM {

@@ -7,7 +7,9 @@
 #include <KOR/Strings.h>
 #include <KOR/Time.h>
 
+#include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace CCM {
 

@@ -4,7 +4,9 @@
 
 #include <KOR/Exception.h>
 
+#include <algorithm>
 #include <cmath>
+#include <functional>
 #include <numbers>
 #include <numeric>
 
@@ -191,13 +193,14 @@ void YearMaker::makeRadiation() {
     for (std::size_t i = 0; i < HOURS_OF_YEAR; ++i)
         m_cloudiness[i] = 0.87 * slow[i] + 0.5 * fast[i];
 
-    // Clear sky: direct light after Meinel, 0.7^(air mass^0.678), not above the model's own limit; of what the air takes
-    // away from it, three tenths reach the ground as diffuse light.
+    // Clear sky: direct light after Meinel, not above the model's own limit; of what the air takes away from it, four
+    // tenths reach the ground as diffuse light. Meinel's 0.7 is right for clear mountain air, near the sea it is hazier.
     SolarRadiationModel model;
     model.m_climate.m_latitude = m_data.m_latitude;
     model.m_climate.m_longitude = m_data.m_longitude;
     model.m_climate.setUtcOffset(m_data.utcOffset());
     const double pressure = 101325 * std::pow(1 - 2.25577e-5 * m_data.m_elevation, 5.25588);
+    const double transmittance = 0.65 + 0.05 * std::clamp(m_data.m_elevation / 1800, 0.0, 1.0);
     Hours sine(HOURS_OF_YEAR);
     Hours clearDirect(HOURS_OF_YEAR);
     Hours clearGlobal(HOURS_OF_YEAR);
@@ -209,9 +212,9 @@ void YearMaker::makeRadiation() {
         sine[i] = sun.sinAltitude;
         const double outside = 1367 * (1 + 0.033 * std::cos(2 * PI * t / SECONDS_OF_YEAR));
         const double airMass = relativeAirMass(PI / 2 - sun.altitude, pressure);
-        clearDirect[i] = std::min(outside * std::pow(0.7, std::pow(airMass, 0.678)),
+        clearDirect[i] = std::min(outside * std::pow(transmittance, std::pow(airMass, 0.678)),
                                   model.clearSkyNormalRadiation(t, sun.sinAltitude));
-        clearGlobal[i] = sine[i] * (clearDirect[i] + 0.3 * (outside - clearDirect[i]));
+        clearGlobal[i] = sine[i] * (clearDirect[i] + 0.4 * (outside - clearDirect[i]));
     }
     const Months clear = monthlyMeans(clearGlobal);
     Months nodes{};
@@ -255,7 +258,7 @@ void YearMaker::makeTemperature() {
         const auto noon = static_cast<std::size_t>(std::floor(days) + 365) % 365;
         const double weight = days - std::floor(days);
         const double amplitude = (1 - weight) * swing[noon] + weight * swing[(noon + 1) % 365];
-        const double deviation = 2.8 + 0.8 * std::cos(2 * PI * time / HOURS_OF_YEAR + season); // K
+        const double deviation = 3.4 + 0.9 * std::cos(2 * PI * time / HOURS_OF_YEAR + season); // K
         weather[i] = deviation * anomaly[i] + amplitude * std::cos(2 * PI * (time - 15) / 24);
     }
     const Months normals = wanted(&MonthlyNormals::Month::temperature);

@@ -3,8 +3,10 @@
 #include <KOR/Exception.h>
 #include <KOR/Time.h>
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <optional>
 
 namespace CCM {
 

@@ -2,6 +2,7 @@
 
 #include <CCM/ClimateQuantity.h>
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 

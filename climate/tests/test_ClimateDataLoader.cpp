@@ -2,6 +2,8 @@
 
 #include <KOR/Binary.h>
 
+#include <algorithm>
+
 using namespace CCM;
 
 namespace {

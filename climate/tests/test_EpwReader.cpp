@@ -4,6 +4,9 @@
 
 #include <KOR/Strings.h>
 
+#include <algorithm>
+#include <cmath>
+
 using namespace CCM;
 
 namespace {

@@ -4,6 +4,8 @@
 #include <CCM/ReferenceYear.h>
 #include <CCM/SolarRadiationModel.h>
 
+#include <algorithm>
+#include <cmath>
 #include <set>
 
 using namespace CCM;

@@ -2,6 +2,10 @@
 
 #include <CCM/SolarRadiationModel.h>
 
+#include <algorithm>
+#include <cmath>
+#include <iostream>
+#include <map>
 #include <numbers>
 
 using namespace CCM;

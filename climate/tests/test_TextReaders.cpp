@@ -6,6 +6,7 @@
 
 #include <KOR/Strings.h>
 
+#include <algorithm>
 #include <numbers>
 
 using namespace CCM;
