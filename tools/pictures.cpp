@@ -2,6 +2,7 @@
 #include "HygDebugApplication.h"
 #include "HygMainWindow.h"
 #include "HygSettings.h"
+#include "dialogs/HygPreferencesDialog.h"
 #include "views/HygLogModel.h"
 
 #include <QtExt/LanguageHandler.h>
@@ -78,6 +79,10 @@ void draw(const QString & target, const QString & home, const QString & language
     auto * dock = window.findChild<QDockWidget *>(QStringLiteral("logDock"));
     save(window, target + QStringLiteral("/start") + suffix);
     save(*dock, target + QStringLiteral("/log") + suffix);
+
+    HygPreferencesDialog preferences(settings, &languages, &window);
+    preferences.show();
+    save(preferences, target + QStringLiteral("/preferences") + suffix);
 }
 
 } // namespace
