@@ -61,7 +61,7 @@ constexpr ChoiceRow THEMES[] = {
 
 constexpr const char * PROJECT_SUFFIX = "h6p";
 constexpr int STATE_VERSION = 1;
-constexpr int LOG_HEIGHT = 210;
+constexpr int LOG_HEIGHT = 226;
 
 } // namespace
 

@@ -1,6 +1,7 @@
 // pictures DIRECTORY: draws the pictures of the documentation, each in English and German, light and dark.
 #include "HygDebugApplication.h"
 #include "HygMainWindow.h"
+#include "HygMessageHandler.h"
 #include "HygSettings.h"
 #include "dialogs/HygPreferencesDialog.h"
 #include "views/HygLogModel.h"
@@ -10,7 +11,8 @@
 
 #include <KOR/Exception.h>
 #include <KOR/FileIO.h>
-#include <KOR/MessageHandler.h>
+#include <KOR/Parameter.h>
+#include <KOR/Xml.h>
 
 #include <QDir>
 #include <QDockWidget>
@@ -23,66 +25,79 @@
 namespace {
 
 constexpr QSize WINDOW(1280, 800);
+constexpr int LOG_HEIGHT = 340;
+
+enum language_t { English, German, NUM_LANGUAGES };
+constexpr const char * LANGUAGES[NUM_LANGUAGES] = {"en", "de"};
 
 // What an engineer may have worked on; the last one has been deleted since.
-constexpr const char * PROJECTS[] = {
-    "Projects/Town hall/South facade, interior insulation.h6p",
-    "Projects/Town hall/Beam end in the south facade.h6p",
-    "Projects/Kindergarten/Timber-frame wall.h6p",
-    "Projects/Kindergarten/Flat roof with drying reserve.h6p",
-    "Projects/School/Window reveal.h6p",
-    "Projects/Old studies/Cellar wall.h6p",
+constexpr const char * PROJECTS[][NUM_LANGUAGES] = {
+    {"Projects/Town hall/South facade, interior insulation", "Projekte/Rathaus/Südfassade mit Innendämmung"       },
+    {"Projects/Town hall/Beam end in the south facade",      "Projekte/Rathaus/Balkenkopf in der Südfassade"       },
+    {"Projects/Kindergarten/Timber-frame wall",              "Projekte/Kindergarten/Holzrahmenwand"                 },
+    {"Projects/Kindergarten/Flat roof with drying reserve",  "Projekte/Kindergarten/Flachdach mit Trocknungsreserve"},
+    {"Projects/School/Window reveal",                        "Projekte/Schule/Fensterlaibung"                       },
+    {"Projects/Old studies/Cellar wall",                     "Projekte/Alte Studien/Kellerwand"                     },
 };
 constexpr std::size_t NUM_EXISTING = 5;
 
-struct MessageRow {
-    int type;
-    const char * text;
-};
-constexpr MessageRow MESSAGES[] = {
-    {KOR::MSG_PROGRESS, "Material database: 214 materials read in 41 ms."                                    },
-    {KOR::MSG_PROGRESS, "Reading project file 'South facade, interior insulation.h6p'."                      },
-    {KOR::MSG_WARNING,
-     "Material 'Lime plaster': no vapour permeability below 30 % relative humidity, the value there is kept."},
-    {KOR::MSG_PROGRESS, "Climate data: 8760 hourly values, year 2024, 51.05° N 13.74° E."                  },
-    {KOR::MSG_ERROR,    "Error in XML file, line 118: Missing 'unit' attribute in KOR:Parameter element."    },
-    {KOR::MSG_DEBUG,    "Grid: 64 columns, 1 row; largest ratio of neighbouring widths 1.6."                 },
-    {KOR::MSG_PROGRESS, "Project saved."                                                                     },
-};
+QString projectPath(const QString & home, std::size_t i, language_t language) {
+    return home + QLatin1Char('/') + QString::fromUtf8(PROJECTS[i][language]) + QStringLiteral(".h6p");
+}
+
+/// What a reader says of a value without its unit.
+void readBrokenValue() {
+    TiXmlDocument document;
+    KOR::xml::parse("<InitialCondition>\n  <KOR:Parameter name='Temperature'>20</KOR:Parameter>\n</InitialCondition>",
+                    document);
+    try {
+        KOR::Parameter().readXML(*document.RootElement()->FirstChildElement());
+    } catch (const KOR::Exception & ex) {
+        KOR::Exception(ex, "Error reading InitialCondition element.", "[InitialCond::readXML]").report();
+    }
+}
 
 void save(QWidget & widget, const QString & path) {
-    QTest::qWait(50); // layouts and collected messages
+    QTest::qWait(80); // layouts and collected messages
     if (!widget.grab().save(path))
         throw KOR::Exception(KOR::text("Cannot write '%1'.", path.toStdString()), "[pictures]");
     std::printf("%s\n", qPrintable(path));
 }
 
-void draw(const QString & target, const QString & home, const QString & language, const QString & theme) {
+void draw(const QString & target, const QString & home, language_t language, const QString & theme) {
     HygSettings settings(QStringLiteral("KOR"), QStringLiteral("Hygrion pictures"));
     settings.setDefaults();
     settings.m_theme = theme;
-    settings.m_langId = language;
-    for (auto project = std::rbegin(PROJECTS); project != std::rend(PROJECTS); ++project)
-        settings.addRecentProject(home + QLatin1Char('/') + QLatin1String(*project));
+    settings.m_langId = QLatin1String(LANGUAGES[language]);
+    for (std::size_t i = std::size(PROJECTS); i-- > 0;)
+        settings.addRecentProject(projectPath(home, i, language));
     QtExt::Palette::apply(theme);
-    QtExt::LanguageHandler languages(settings.directory(HygSettings::DIR_INSTALLATION) + "/translations", "hygrion");
+
+    HygLogModel messages;
+    HygMessageHandler handler;
+    QObject::connect(&handler, &HygMessageHandler::msgReceived, &messages, &HygLogModel::append);
+    KOR::MessageHandlerRegistry::instance().setMessageHandler(&handler);
+    QtExt::LanguageHandler languages("translations", "hygrion");
     languages.install(settings);
 
-    const QString suffix = QStringLiteral("_%1_%2.png").arg(language, theme);
-    HygLogModel messages;
+    const QString suffix = QStringLiteral("_%1_%2.png").arg(settings.m_langId, theme);
     HygMainWindow window(settings, languages, messages);
     window.resize(WINDOW);
     window.show();
-    for (const MessageRow & row : MESSAGES)
-        messages.append(row.type, QString::fromUtf8(row.text));
-    messages.flush();
-    auto * dock = window.findChild<QDockWidget *>(QStringLiteral("logDock"));
     save(window, target + QStringLiteral("/start") + suffix);
-    save(*dock, target + QStringLiteral("/log") + suffix);
+
+    languages.installTranslator(QStringLiteral("nl")); // not there
+    languages.installTranslator(settings.m_langId);
+    window.openProject(QString::fromUtf8(PROJECTS[NUM_EXISTING][language]) + ".h6p");
+    readBrokenValue();
+    auto * log = window.findChild<QDockWidget *>(QStringLiteral("logDock"));
+    window.resizeDocks({log}, {LOG_HEIGHT}, Qt::Vertical);
+    save(*log, target + QStringLiteral("/log") + suffix);
 
     HygPreferencesDialog preferences(settings, &languages, &window);
     preferences.show();
     save(preferences, target + QStringLiteral("/preferences") + suffix);
+    KOR::MessageHandlerRegistry::instance().setMessageHandler(nullptr);
 }
 
 } // namespace
@@ -97,16 +112,18 @@ int main(int argc, char * argv[]) {
     HygDebugApplication::initResources();
     QCoreApplication::setApplicationName(QStringLiteral("Hygrion 6.1"));
     QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 9));
-    const QString target = QCoreApplication::arguments().value(1, QStringLiteral("."));
+    const QString target = QDir(QCoreApplication::arguments().value(1)).absolutePath();
+    QDir::setCurrent(QCoreApplication::applicationDirPath()); // the pictures hold no path of this computer
     try {
-        for (std::size_t i = 0; i < NUM_EXISTING; ++i) {
-            const QString path = home.path() + QLatin1Char('/') + QLatin1String(PROJECTS[i]);
-            QDir().mkpath(QFileInfo(path).path());
-            KOR::writeFile(path.toStdString(), "<HygrionProject/>\n");
-        }
-        for (const char * language : {"en", "de"})
+        for (const language_t language : {English, German}) {
+            for (std::size_t i = 0; i < NUM_EXISTING; ++i) {
+                const QString path = projectPath(home.path(), i, language);
+                QDir().mkpath(QFileInfo(path).path());
+                KOR::writeFile(path.toStdString(), "<HygrionProject/>\n");
+            }
             for (const char * theme : {QtExt::Palette::LIGHT, QtExt::Palette::DARK})
-                draw(target, home.path(), QLatin1String(language), QLatin1String(theme));
+                draw(target, home.path(), language, QLatin1String(theme));
+        }
     } catch (const KOR::Exception & ex) {
         ex.report();
         return 1;

@@ -726,6 +726,10 @@
         <source>%1, missing: %2</source>
         <translation>%1, fehlt: %2</translation>
     </message>
+    <message>
+        <source>missing</source>
+        <translation>fehlt</translation>
+    </message>
 </context>
 <context>
     <name>HygStartView</name>

@@ -2,7 +2,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QLocale>
 
 #include <algorithm>
 
@@ -78,7 +77,7 @@ QVariant HygProjectListModel::data(const QModelIndex & index, int role) const {
     case FolderRole:
         return entry.folder;
     case ModifiedRole:
-        return entry.modified.isValid() ? QLocale().toString(entry.modified.date(), QLocale::ShortFormat) : QString();
+        return entry.state == Usable ? entry.modified.date().toString(Qt::ISODate) : tr("missing");
     case IsMissingRole:
         return entry.state != Usable;
     default:

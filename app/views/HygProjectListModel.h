@@ -9,7 +9,12 @@
 class HygProjectListModel : public QAbstractListModel {
     Q_OBJECT
 public:
-    enum role_t { PathRole = Qt::UserRole, FolderRole, ModifiedRole, IsMissingRole };
+    enum role_t {
+        PathRole = Qt::UserRole,
+        FolderRole,
+        ModifiedRole, ///< day of the last change, or that the file is missing
+        IsMissingRole
+    };
 
     using QAbstractListModel::QAbstractListModel;
 
