@@ -24,6 +24,7 @@
 #include <QLabel>
 #include <QMetaMethod>
 #include <QProcess>
+#include <QScreen>
 #include <QTimer>
 #include <QUrl>
 
@@ -80,6 +81,7 @@ HygMainWindow::HygMainWindow(HygSettings & settings, QtExt::LanguageHandler & la
     retranslate();
     showView(Start);
 
+    resize(size().boundedTo(screen()->availableSize()));
     restoreGeometry(m_settings.m_mainWindowGeometry);
     if (!restoreState(m_settings.m_mainWindowState, STATE_VERSION))
         resizeDocks({m_ui->logDock}, {LOG_HEIGHT}, Qt::Vertical);

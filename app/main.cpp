@@ -166,7 +166,11 @@ int main(int argc, char * argv[]) {
                 window->showProblem(QString::fromUtf8(problem->what()));
         if (!logProblem.empty())
             window->showProblem(QString::fromStdString(logProblem));
-        QTimer::singleShot(SHOW_DELAY_MS, window.get(), &QWidget::showMaximized);
+        QTimer::singleShot(SHOW_DELAY_MS, window.get(), [&] {
+            window->showMaximized();
+            if (splash)
+                splash->raise();
+        });
 
         const int result = QApplication::exec();
         window.reset();

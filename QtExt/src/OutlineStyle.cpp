@@ -75,4 +75,11 @@ QSize OutlineStyle::sizeFromContents(ContentsType type, const QStyleOption * opt
     return result;
 }
 
+int OutlineStyle::styleHint(StyleHint hint, const QStyleOption * option, const QWidget * widget,
+                            QStyleHintReturn * returnData) const {
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
+        return 0;
+    return QProxyStyle::styleHint(hint, option, widget, returnData);
+}
+
 } // namespace QtExt

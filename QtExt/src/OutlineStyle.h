@@ -18,6 +18,9 @@ public:
                             const QWidget * widget) const override;
     QSize sizeFromContents(ContentsType type, const QStyleOption * option, const QSize & size,
                            const QWidget * widget) const override;
+    /// Dialog buttons bear no pictures: the system's would not match our icons.
+    int styleHint(StyleHint hint, const QStyleOption * option, const QWidget * widget,
+                  QStyleHintReturn * returnData) const override;
 
 private:
     /// Draws with an option of the type that the element has; false if it is another.
