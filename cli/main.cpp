@@ -9,6 +9,7 @@ namespace {
 /// The families of commands, in the order of the help. A new one is a source file, a line in Families.h and a line here.
 constexpr CMD::AddCommands FAMILIES[] = {
     CMD::addClimate,
+    CMD::addMaterial,
     CMD::addUnits,
 };
 

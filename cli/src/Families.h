@@ -6,6 +6,7 @@
 namespace CMD {
 
 void addClimate(Commands & program);
+void addMaterial(Commands & program);
 void addUnits(Commands & program);
 
 } // namespace CMD

@@ -3,6 +3,7 @@
 #include "Pages.h"
 
 #include <KOR/Exception.h>
+#include <KOR/MessageHandler.h>
 
 #include <algorithm>
 #include <new>
@@ -45,7 +46,23 @@ void spellOutNumbers(std::vector<std::string> & arguments) {
             argument.insert(1, "0");
 }
 
+/// Messages of the libraries are no results: they go to the error stream.
+class Messages : public KOR::MessageHandler {
+public:
+    explicit Messages(std::ostream & err) : m_err(err) {
+        KOR::MessageHandlerRegistry::instance().setMessageHandler(this);
+    }
+    ~Messages() override { KOR::MessageHandlerRegistry::instance().setMessageHandler(nullptr); }
+
+protected:
+    void writeConsole(const std::string & line, int, bool) override { m_err << line << std::flush; }
+
+private:
+    std::ostream & m_err;
+};
+
 exit_t perform(const CLI::App & command, const Actions & actions, std::ostream & out, std::ostream & err) {
+    const Messages messages(err);
     Output output(out, err, command.count("--json") > 0);
     try {
         actions.at (&command)(output);
