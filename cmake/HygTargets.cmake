@@ -36,6 +36,8 @@ target_compile_options(hyg_options INTERFACE
 if(HYG_SANITIZE)
   target_compile_options(hyg_options INTERFACE -fsanitize=${HYG_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer -g1)
   target_link_options(hyg_options INTERFACE -fsanitize=${HYG_SANITIZE})
+  target_sources(hyg_options INTERFACE
+    $<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,EXECUTABLE>:${CMAKE_CURRENT_LIST_DIR}/SanitizerDefaults.cpp>)
 endif()
 
 set(HYG_PCH <algorithm> <array> <cmath> <cstdint> <functional> <map> <memory> <optional> <span> <string> <string_view>

@@ -35,7 +35,7 @@ QString LanguageHandler::systemLanguage() {
 }
 
 QString LanguageHandler::requiredLanguage(const Settings & settings) {
-    const QString required = settings.langId().isEmpty() ? systemLanguage() : settings.langId();
+    QString required = settings.langId().isEmpty() ? systemLanguage() : settings.langId();
     log("System locale: '%1'.\n", QLocale::system().name(), KOR::MSG_PROGRESS, "[LanguageHandler::requiredLanguage]");
     log("Translation required for locale: '%1'.\n", required, KOR::MSG_PROGRESS, "[LanguageHandler::requiredLanguage]");
     return required;

@@ -88,7 +88,7 @@ double luminance(const QColor & color) {
     return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
 }
 double contrast(const QColor & a, const QColor & b) {
-    const auto [low, high] = std::minmax(luminance(a), luminance(b));
+    const auto [low, high] = std::minmax({luminance(a), luminance(b)}); // by value
     return (high + 0.05) / (low + 0.05);
 }
 
