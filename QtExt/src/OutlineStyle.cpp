@@ -1,5 +1,7 @@
 #include "OutlineStyle.h"
 
+#include <QApplication>
+#include <QPainter>
 #include <QStyleFactory>
 #include <QStyleOption>
 
@@ -12,6 +14,48 @@ constexpr int BUTTON_ROOM = 12;
 
 bool isDark(const QStyleOption * option) {
     return option != nullptr && option->palette.color(QPalette::Window).lightness() < 128;
+}
+
+struct SignRow {
+    QStyle::StandardPixmap pixmap;
+    QRgb color;
+    char16_t sign;
+    bool isTriangle;
+};
+constexpr SignRow SIGNS[] = {
+    {QStyle::SP_MessageBoxInformation, 0x1a66d6, u'i', false},
+    {QStyle::SP_MessageBoxQuestion,    0x1a66d6, u'?', false},
+    {QStyle::SP_MessageBoxWarning,     0xe0930b, u'!', true },
+    {QStyle::SP_MessageBoxCritical,    0xc5362c, u'!', false},
+};
+
+QIcon drawnSign(const SignRow & row) {
+    constexpr int SIZE = 128; // scaled down to what is wanted
+    QPixmap pixmap(SIZE, SIZE);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setBrush(QColor(row.color));
+    painter.setPen(QPen(QColor(row.color), 12, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    QRect glyph(0, 0, SIZE, SIZE);
+    if (row.isTriangle) {
+        painter.drawPolygon(QPolygonF({
+            {64,  14 },
+            {120, 112},
+            {8,   112}
+        }));
+        glyph.setTop(22);
+    } else {
+        painter.drawEllipse(QRectF(10, 10, 108, 108));
+    }
+    QFont font = QApplication::font();
+    font.setPixelSize(76);
+    font.setBold(true);
+    painter.setFont(font);
+    painter.setPen(Qt::white);
+    painter.drawText(glyph, Qt::AlignCenter, QString(QChar(row.sign)));
+    painter.end();
+    return pixmap;
 }
 
 } // namespace
@@ -80,6 +124,13 @@ int OutlineStyle::styleHint(StyleHint hint, const QStyleOption * option, const Q
     if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
         return 0;
     return QProxyStyle::styleHint(hint, option, widget, returnData);
+}
+
+QIcon OutlineStyle::standardIcon(StandardPixmap pixmap, const QStyleOption * option, const QWidget * widget) const {
+    for (const SignRow & row : SIGNS)
+        if (row.pixmap == pixmap)
+            return drawnSign(row);
+    return QProxyStyle::standardIcon(pixmap, option, widget);
 }
 
 } // namespace QtExt

@@ -21,6 +21,8 @@ public:
     /// Dialog buttons bear no pictures: the system's would not match our icons.
     int styleHint(StyleHint hint, const QStyleOption * option, const QWidget * widget,
                   QStyleHintReturn * returnData) const override;
+    /// The signs of message boxes in our own drawing.
+    QIcon standardIcon(StandardPixmap pixmap, const QStyleOption * option, const QWidget * widget) const override;
 
 private:
     /// Draws with an option of the type that the element has; false if it is another.

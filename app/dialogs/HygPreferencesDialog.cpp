@@ -38,7 +38,9 @@ using namespace HygPreferences;
 
 namespace {
 
-constexpr int MAX_HEIGHT = 700; ///< fits a small notebook
+constexpr int MAX_HEIGHT = 700;        ///< fits a small notebook
+constexpr int MAX_CONTENT_WIDTH = 900; ///< beyond it the contents are scrolled
+constexpr int MARGIN = 8;
 constexpr int LABEL_COLUMN = 0;
 constexpr int EDITOR_COLUMN = 1;
 constexpr int SMALLEST_FONT = 7;
@@ -125,7 +127,7 @@ QString answerText(int answer) {
 void mark(QWidget & widget, bool found) {
     QPalette palette;
     if (found)
-        palette.setColor(QPalette::Window, QtExt::Palette::color(QtExt::Palette::FOUND_BASE));
+        palette.setColor(widget.backgroundRole(), QtExt::Palette::color(QtExt::Palette::FOUND_BASE));
     widget.setPalette(found ? palette : QPalette());
     widget.setAutoFillBackground(found);
 }
@@ -147,7 +149,6 @@ HygPreferencesDialog::HygPreferencesDialog(HygSettings & settings, QtExt::Langua
     m_nothingFound->setObjectName(QStringLiteral("nothingFound"));
     m_scroll->setWidgetResizable(true);
     m_scroll->setFrameShape(QFrame::NoFrame);
-    m_scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 
     auto * layout = new QGridLayout(this);
     layout->setHorizontalSpacing(16);
@@ -159,7 +160,7 @@ HygPreferencesDialog::HygPreferencesDialog(HygSettings & settings, QtExt::Langua
     buildSections();
 
     connect(m_search, &QLineEdit::textChanged, this, &HygPreferencesDialog::setFilter);
-    connect(m_groups, &QListWidget::currentRowChanged, this, &HygPreferencesDialog::showMatches);
+    connect(m_groups, &QListWidget::currentRowChanged, this, &HygPreferencesDialog::showGroup);
     connect(m_buttons, &QDialogButtonBox::accepted, this, &HygPreferencesDialog::accept);
     connect(m_buttons, &QDialogButtonBox::rejected, this, &HygPreferencesDialog::reject);
     connect(m_buttons->button(QDialogButtonBox::Apply), &QPushButton::clicked, this, &HygPreferencesDialog::apply);
@@ -173,7 +174,7 @@ HygPreferencesDialog::HygPreferencesDialog(HygSettings & settings, QtExt::Langua
     load();
     retranslate();
     m_groups->setCurrentRow(0);
-    setMinimumSize(640, 420);
+    setMinimumHeight(420); // the width comes from the contents
     setMaximumHeight(MAX_HEIGHT);
     resize(840, 560);
 }
@@ -181,7 +182,7 @@ HygPreferencesDialog::HygPreferencesDialog(HygSettings & settings, QtExt::Langua
 void HygPreferencesDialog::buildSections() {
     auto * pages = new QWidget;
     auto * column = new QVBoxLayout(pages);
-    column->setContentsMargins(0, 0, 8, 0);
+    column->setContentsMargins(0, 0, MARGIN, 0);
     column->setSpacing(18);
     column->addWidget(m_nothingFound);
     for (int group = 0; group < NUM_GROUPS; ++group) {
@@ -400,9 +401,13 @@ void HygPreferencesDialog::reject() {
 void HygPreferencesDialog::applyLook() {
     if (m_isLoading)
         return;
+    // An unchanged field leaves the language that the command line has chosen.
     const QString stored = fieldValue("LangID").toString();
-    showLook(fieldValue("Theme").toString(), fieldValue("FontPointSize").toUInt(),
-             stored.isEmpty() ? QtExt::LanguageHandler::systemLanguage() : stored);
+    QString language = stored.isEmpty() ? QtExt::LanguageHandler::systemLanguage() : stored;
+    for (const Field & field : m_fields)
+        if (qstrcmp(field.row->key, "LangID") == 0 && field.initial == stored)
+            language = m_languageBefore;
+    showLook(fieldValue("Theme").toString(), fieldValue("FontPointSize").toUInt(), language);
 }
 
 void HygPreferencesDialog::showLook(const QString & theme, unsigned int fontPointSize, const QString & language) {
@@ -425,6 +430,14 @@ void HygPreferencesDialog::setFilter(const QString & text) {
     }
     m_words = text.simplified().split(' ', Qt::SkipEmptyParts);
     showMatches();
+    if (!m_words.isEmpty()) { // from the top, with the first group found as the chosen one
+        int first = 0;
+        while (first < NUM_GROUPS - 1 && m_groups->item(first)->isHidden())
+            ++first;
+        const QSignalBlocker blocker(m_groups);
+        m_groups->setCurrentRow(first);
+        m_scroll->verticalScrollBar()->setValue(0);
+    }
 }
 
 bool HygPreferencesDialog::matches(const Field & field) const {
@@ -457,11 +470,15 @@ void HygPreferencesDialog::showMatches() {
         m_sections[index].widget->setVisible(isSearching ? found[index] > 0 : group == m_groups->currentRow());
     }
     m_nothingFound->setVisible(total == 0);
+}
+
+void HygPreferencesDialog::showGroup() {
+    showMatches();
     m_scroll->widget()->adjustSize();
     QApplication::sendPostedEvents(m_scroll->widget(), QEvent::LayoutRequest);
     const int current = std::max(0, m_groups->currentRow());
     const QWidget * section = m_sections[static_cast<std::size_t>(current)].widget;
-    m_scroll->verticalScrollBar()->setValue(isSearching && section->isVisibleTo(this) ? section->y() : 0);
+    m_scroll->verticalScrollBar()->setValue(m_words.isEmpty() ? 0 : section->y());
 }
 
 void HygPreferencesDialog::changeEvent(QEvent * event) {
@@ -550,5 +567,10 @@ void HygPreferencesDialog::fillGroups() {
         listWidth = std::max(listWidth, fontMetrics().horizontalAdvance(title));
     }
     m_groups->setFixedWidth(listWidth + 56);
+    int sectionWidth = 0;
+    for (const Section & section : m_sections)
+        sectionWidth = std::max(sectionWidth, section.grid->minimumSize().width());
+    m_scroll->setMinimumWidth(
+        std::min(sectionWidth + m_scroll->verticalScrollBar()->sizeHint().width() + MARGIN, MAX_CONTENT_WIDTH));
     m_searchIcon->setIcon(HygIconEngine::icon(QStringLiteral("search")));
 }

@@ -81,6 +81,7 @@ private:
     void fillGroups();
     bool matches(const Field & field) const;
     void showMatches();
+    void showGroup();
 
     HygSettings & m_settings;
     QtExt::LanguageHandler * m_languages;

@@ -160,6 +160,37 @@ TEST_F(HygPreferencesDialogTest, LanguageOfTheRunStaysUnlessAnotherIsChosen) {
     EXPECT_EQ(languages.langId(), QtExt::LanguageHandler::systemLanguage());
 }
 
+TEST_F(HygPreferencesDialogTest, OtherChangesLeaveTheLanguageOfTheRun) {
+    settings.setLangIdOfRun("de");
+    languages.install(settings);
+    open();
+    choose("Theme", "dark");
+    choose("FontPointSize", "12");
+    EXPECT_EQ(languages.langId(), "de");
+    click(QDialogButtonBox::Ok);
+    EXPECT_EQ(languages.langId(), "de");
+    EXPECT_EQ(stored()->m_langId, "");
+}
+
+TEST_F(HygPreferencesDialogTest, LargeFontsCutNothing) {
+    for (const char * language : {"en", "de"})
+        for (const char * size : {"0", "11", "14"}) {
+            SCOPED_TRACE(testing::Message() << language << ' ' << size);
+            languages.installTranslator(language);
+            open();
+            choose("FontPointSize", size);
+            auto * groups = field<QListWidget>("groups");
+            for (int group = 0; group < groups->count(); ++group) {
+                groups->setCurrentRow(group);
+                QCoreApplication::processEvents();
+                const auto * scroll = dialog->findChild<QScrollArea *>();
+                EXPECT_LE(scroll->widget()->width(), scroll->viewport()->width()) << "group " << group;
+            }
+            EXPECT_LE(dialog->height(), 700);
+            click(QDialogButtonBox::Cancel);
+        }
+}
+
 TEST_F(HygPreferencesDialogTest, SearchShowsWhatHoldsAllWords) {
     struct Case {
         const char * words;
@@ -186,12 +217,15 @@ TEST_F(HygPreferencesDialogTest, SearchShowsWhatHoldsAllWords) {
         }
         EXPECT_EQ(field<QLabel>("nothingFound")->isVisible(), c.found.empty());
     }
+    search->setText("cells"); // the first group found becomes the chosen one
+    auto * groups = field<QListWidget>("groups");
+    EXPECT_EQ(groups->currentRow(), HygPreferences::GROUP_GENERAL);
+    EXPECT_TRUE(groups->item(HygPreferences::GROUP_SKETCH)->isHidden());
     QTest::keyClick(search, Qt::Key_Return); // does not close
     QTest::keyClick(search, Qt::Key_Escape); // clears first
     EXPECT_TRUE(dialog->isVisible());
     EXPECT_TRUE(search->text().isEmpty());
 
-    auto * groups = field<QListWidget>("groups");
     for (int group = 0; group < groups->count(); ++group) { // without a search: one group at a time
         EXPECT_FALSE(groups->item(group)->isHidden());
         groups->setCurrentRow(group);
