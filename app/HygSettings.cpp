@@ -1,11 +1,11 @@
 #include "HygSettings.h"
 
+#include <KOR/Directories.h>
 #include <KOR/Exception.h>
 #include <KOR/UnitList.h>
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QStandardPaths>
 
 namespace {
 
@@ -39,13 +39,17 @@ constexpr AddressRow ADDRESSES[] = {
 constexpr const char * KURVIO = "\\KurvioApp.exe";
 constexpr const char * KLIMEDIT = "\\Klimedit.exe";
 
+/// Where there is no home directory (a service), the directory for temporary files serves.
 QString userDataDirectory() {
 #ifdef Q_OS_WIN
-    const QString parent = QDir::homePath() + QStringLiteral("/AppData/Roaming");
+    return QDir::homePath() + QStringLiteral("/AppData/Roaming/") + KOR::directories::APPLICATION_NAME;
 #else
-    const QString parent = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    try {
+        return QString::fromStdString(KOR::directories::userData().str());
+    } catch (const KOR::Exception &) {
+        return QDir::tempPath() + '/' + KOR::directories::APPLICATION_NAME;
+    }
 #endif
-    return parent + QStringLiteral("/Hygrion6");
 }
 
 } // namespace
