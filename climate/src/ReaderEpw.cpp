@@ -178,7 +178,10 @@ void EpwReader::readRecords() {
     m_stamps.reserve(expected);
     std::string_view line;
     while (m_lines.nextNonEmpty(line)) {
-        splitFields(line, m_fields, NUM_FIELDS);
+        if (line.find('"') == std::string_view::npos)
+            splitAtCommas(line, m_fields, NUM_FIELDS);
+        else
+            splitFields(line, m_fields, NUM_FIELDS);
         if (m_fields.size() < MIN_FIELDS)
             failInLine("bad format.");
         Stamp stamp;
@@ -206,7 +209,7 @@ void EpwReader::setTimes() {
     bool isOneYear = true;
     bool isHourly = true;
     for (std::size_t i = 0; i < m_stamps.size(); ++i) {
-        isHourly = isHourly && std::fmod(m_stamps[i].secondsOfYear, 3600) == 0;
+        isHourly = isHourly && static_cast<std::int64_t>(m_stamps[i].secondsOfYear) % 3600 == 0;
         isOneYear = isOneYear && (i == 0 || m_stamps[i].secondsOfYear > m_stamps[i - 1].secondsOfYear);
     }
     std::vector<double> points(m_stamps.size());

@@ -7,6 +7,11 @@
 #include <KOR/Strings.h>
 
 #include <algorithm>
+#include <bit>
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+#include <cstring>
 #include <fstream>
 
 namespace CCM {
@@ -134,11 +139,66 @@ void splitFields(std::string_view line, std::vector<std::string_view> & fields, 
     }
 }
 
+void splitAtCommas(std::string_view line, std::vector<std::string_view> & fields, std::size_t maxFields) {
+    constexpr std::uint64_t ONES = 0x0101010101010101;
+    constexpr std::uint64_t LOW_BITS = 0x7F * ONES;
+    fields.resize(maxFields);
+    const char * const text = line.data();
+    std::size_t count = 0;
+    std::size_t start = 0;
+    const auto take = [&](std::size_t end) {
+        fields[count++] = std::string_view(text + start, end - start);
+        start = end + 1;
+        return count < maxFields;
+    };
+    std::size_t at = 0;
+    for (; at + 8 <= line.size(); at += 8) { // eight characters at once
+        std::uint64_t word = 0;
+        std::memcpy(&word, text + at, 8);
+        word ^= ONES * ','; // commas are now zero
+        // The top bit of each byte that is zero, exactly: the addition cannot carry from byte to byte.
+        std::uint64_t commas = ~(((word & LOW_BITS) + LOW_BITS) | word | LOW_BITS);
+        for (; commas != 0; commas &= commas - 1)
+            if (!take(at + static_cast<std::size_t>(std::countr_zero(commas)) / 8))
+                return;
+    }
+    for (; at < line.size(); ++at)
+        if (text[at] == ',' && !take(at))
+            return;
+    take(line.size());
+    fields.resize(count);
+}
+
 std::string unquoted(std::string_view field) {
     return KOR::replaced(toUtf8(field), "\"\"", "\"");
 }
 
 double numberOrMissing(std::string_view field) {
+    static constexpr double POWERS_OF_TEN[] = {1,   1e1, 1e2,  1e3,  1e4,  1e5,  1e6, 1e7,
+                                               1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14};
+    constexpr std::size_t MAX_EXACT = 15; // digits that a double holds exactly, so that one division rounds rightly
+    field = withoutBlanks(field);
+    const bool isNegative = !field.empty() && field[0] == '-';
+    std::string_view digits = field.substr(isNegative ? 1 : 0);
+    std::int64_t whole = 0;
+    std::size_t point = std::string_view::npos;
+    std::size_t i = 0;
+    for (; i < digits.size() && i <= MAX_EXACT; ++i) {
+        const auto digit = static_cast<unsigned char>(digits[i] - '0');
+        if (digit <= 9)
+            whole = whole * 10 + digit;
+        else if (digits[i] == '.' && point == std::string_view::npos)
+            point = i;
+        else
+            break;
+    }
+    const bool hasPoint = point != std::string_view::npos;
+    const std::size_t decimals = hasPoint ? digits.size() - point - 1 : 0;
+    const std::size_t count = digits.size() - (hasPoint ? 1 : 0);
+    if (i == digits.size() && count > 0 && count <= MAX_EXACT && decimals < MAX_EXACT) {
+        const double value = static_cast<double>(whole) / POWERS_OF_TEN[decimals];
+        return isNegative ? -value : value;
+    }
     return KOR::parseDouble(field).value_or(MISSING);
 }
 

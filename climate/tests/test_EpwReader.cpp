@@ -1,5 +1,7 @@
 #include "ClimateTest.h"
 
+#include "../src/TextFile.h"
+
 #include <CCM/SolarRadiationModel.h>
 
 #include <KOR/Strings.h>
@@ -64,6 +66,64 @@ ClimateDataLoader parsed(const std::string & text, bool headerOnly = false) {
     ClimateDataLoader data;
     data.parseEPW(text, headerOnly);
     return data;
+}
+
+/// The quick way for short numbers gives the very double that the thorough way gives.
+TEST(EpwReader, ReadsNumbersToTheLastBit) {
+    for (const char * field : {"0",
+                               "-0.00",
+                               "+1.5",
+                               "1.",
+                               ".5",
+                               ".",
+                               "-",
+                               "",
+                               " 12.30 ",
+                               "1e3",
+                               "-1E-2",
+                               "0.1",
+                               "99999.9",
+                               "123456789012345",
+                               "1234567890123456",
+                               "9007199254740993",
+                               "0.123456789012345",
+                               "12345678.9012345",
+                               "1.2.3",
+                               "--1",
+                               "+-1",
+                               "1 2",
+                               "nan",
+                               "inf",
+                               "0x10",
+                               "1e400",
+                               "100000",
+                               "00000000000000000001",
+                               "3.141592653589793",
+                               "-273.15",
+                               "\t5\v"}) {
+        const double expected = KOR::parseDouble(field).value_or(MISSING);
+        EXPECT_EQ(numberOrMissing(field), expected) << field;
+        EXPECT_EQ(std::signbit(numberOrMissing(field)), std::signbit(expected)) << field;
+    }
+    std::uint64_t random = 1;
+    for (int i = 0; i < 20000; ++i) {
+        random = random * 6364136223846793005 + 1442695040888963407;
+        const std::string field =
+            std::to_string(random >> (20 + i % 40)) + '.' + std::to_string((random & 0xFFFFFFFF) >> (i % 30));
+        ASSERT_EQ(numberOrMissing(field), KOR::parseDouble(field).value_or(MISSING)) << field;
+    }
+}
+
+TEST(EpwReader, SplitsAtEveryComma) {
+    std::vector<std::string_view> fields;
+    for (const std::string line :
+         {"", ",", "a,b", ",,,,,,,,,,", "12345678,2345678,,\x2D\xAC,-", "abcdefgh,", "\x80,\xFF,\x2B"}) {
+        splitAtCommas(line, fields, 100);
+        EXPECT_EQ(fields, KOR::split(line, ','));
+        splitAtCommas(line, fields, 2);
+        EXPECT_LE(fields.size(), 2U);
+        EXPECT_EQ(fields[0], KOR::split(line, ',')[0]);
+    }
 }
 
 TEST(EpwReader, ReadsLocationAndColumns) {

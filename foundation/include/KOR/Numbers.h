@@ -27,10 +27,11 @@ std::optional<double> parseDouble(std::string_view text);
 /// An integer that fills the whole text (blanks around it are skipped) and fits the type, else nothing.
 template <typename Integer>
 requires std::is_integral_v<Integer> std::optional<Integer> parseInteger(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(" \t\r\n");
-    if (first == std::string_view::npos)
-        return std::nullopt;
-    text = text.substr(first, text.find_last_not_of(" \t\r\n") - first + 1);
+    const auto isBlank = [](char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; };
+    while (!text.empty() && isBlank(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && isBlank(text.back()))
+        text.remove_suffix(1);
     if (text.size() > 1 && text[0] == '+' && text[1] != '-')
         text.remove_prefix(1);
     Integer value{};
