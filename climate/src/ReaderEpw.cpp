@@ -88,7 +88,8 @@ std::string_view EpwReader::requiredLine(std::string_view & line) {
 
 void EpwReader::readHeader() {
     std::string_view line;
-    requiredLine(line);
+    if (!m_lines.next(line))
+        throw KOR::Exception("Error reading line 1.", WHERE);
     splitFields(line, m_fields, NUM_FIELDS);
     std::array<double, 4> place{};
     bool isGood = m_fields.size() >= 10;

@@ -24,6 +24,8 @@ public:
         ST_MISSING = 2,     ///< some values are missing
         ST_IMPLAUSIBLE = 4  ///< some values are outside the plausible range
     };
+    /// Of the dialogs that ask for a climate file.
+    static constexpr const char * FILE_FILTER = "Climate data container files (*.c6b *.epw *.wac);;All files (*.*)";
     static constexpr std::int32_t NO_YEAR = -9999;
     static constexpr std::uint32_t NO_INDEX = 0xFFFFFFFF;
 
