@@ -53,8 +53,13 @@ quantity_t quantityOf(const std::string & keyword) {
                          "[CMD::convert]");
 }
 
+/// A year that is not given is shown as 2001.
+std::string timeText(std::int32_t year, double t) {
+    return KOR::Time(year == ClimateDataLoader::NO_YEAR ? 2001 : year, t).toString();
+}
+
 std::string timeText(const ClimateDataLoader & data, double t) {
-    return KOR::Time(data.m_startYear == ClimateDataLoader::NO_YEAR ? 2001 : data.m_startYear, t).toString();
+    return timeText(data.m_startYear, t);
 }
 
 Json numberOrNull(double value) {
@@ -269,7 +274,7 @@ void sample(const Sample & arguments, Output & output) {
         data.setTime(year, t);
         Json values;
         if (!output.isJson())
-            output.text() << std::left << std::setw(34) << TIME_CAPTION << timeText(data, t) << '\n';
+            output.text() << std::left << std::setw(34) << TIME_CAPTION << timeText(year, t) << '\n';
         for (unsigned int q = 0; q < NUM_QUANTITIES; ++q) {
             const ClimateQuantity & quantity = CLIMATE_QUANTITIES[q];
             const double value = data.m_currentValues[q];
@@ -342,7 +347,7 @@ void radiation(const Radiation & arguments, Output & output) {
         });
         if (output.isJson())
             continue;
-        output.text() << std::left << std::setw(21) << timeText(model.m_climate, t) << std::right << std::setw(13)
+        output.text() << std::left << std::setw(21) << timeText(year, t) << std::right << std::setw(13)
                       << KOR::toString(load.direct, 6) << std::setw(16) << KOR::toString(load.diffuse, 6)
                       << std::setw(17) << KOR::toString(load.incidenceAngle / DEGREE, 6) << std::setw(16)
                       << KOR::toString(sun.altitude / DEGREE, 6) << std::setw(15)
