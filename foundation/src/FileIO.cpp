@@ -165,7 +165,7 @@ void writeFile(const std::string & path, std::string_view content) {
     const bool exists = ::stat(target.c_str(), &status) == 0;
     if (exists && !S_ISREG(status.st_mode))
         throw Exception(text("'%1' is not a regular file.", path), "[KOR::writeFile]");
-    if (exists && ::access(target.c_str(), W_OK) != 0)
+    if (exists && ::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0)
         throw Exception(text("Cannot write file '%1': %2", path, reason()), "[KOR::writeFile]");
 
     Temporary temporary(target);

@@ -14,8 +14,8 @@ namespace {
 /// TinyXML's printer passes "&#x" through as if it were a character reference. The ampersand of such a text is held
 /// by this private-use character until the document is printed.
 constexpr std::string_view REFERENCE_START = "&#x";
-constexpr std::string_view HELD_AMPERSAND = "\xEF\x9F\xBF"; // U+F7FF
-constexpr std::string_view HELD_START = "\xEF\x9F\xBF#x";
+constexpr std::string_view HELD_START = "\xEF\x9F\xBF#x"; // U+F7FF
+constexpr std::string_view ESCAPED_START = "&amp;#x";
 
 constexpr std::string_view LINE_PREFIX = "Error in XML file, line ";
 
@@ -42,9 +42,9 @@ std::optional<ParseError> parse(const std::string & content, TiXmlDocument & doc
     if (auto error = Scanner(content).scan())
         return error;
     document.Parse(content.c_str(), nullptr, TIXML_ENCODING_UTF8);
-    if (!document.Error())
+    if (!document.Error() && document.RootElement() != nullptr)
         return std::nullopt;
-    ParseError error{document.ErrorRow(), document.ErrorDesc()};
+    ParseError error{document.ErrorRow(), document.Error() ? document.ErrorDesc() : "The file cannot be read as XML."};
     document.Clear();
     return error;
 }
@@ -75,7 +75,7 @@ std::string print(const TiXmlDocument & document) {
     TiXmlPrinter printer;
     printer.SetIndent("  ");
     document.Accept(&printer);
-    return replaced(printer.Str(), HELD_AMPERSAND, "&amp;");
+    return replaced(printer.Str(), HELD_START, ESCAPED_START);
 }
 
 std::string withLine(const TiXmlElement & element, std::string_view message) {
@@ -104,6 +104,10 @@ std::string text(const TiXmlElement & element) {
     for (const TiXmlNode * node = element.FirstChild(); node != nullptr; node = node->NextSibling())
         if (const TiXmlText * part = node->ToText())
             whole += part->ValueStr();
+        else if (const TiXmlElement * child = node->ToElement())
+            throw Exception(withLine(*child, KOR::text("Unexpected element '%1' in the text of element '%2'.",
+                                                       child->ValueStr(), element.ValueStr())),
+                            "[KOR::xml::text]");
     return std::string(trimmed(whole));
 }
 
@@ -130,7 +134,13 @@ TiXmlElement & appendText(TiXmlElement & parent, const std::string & name, std::
 }
 
 void appendComment(TiXmlElement & parent, const std::string & text) {
-    parent.LinkEndChild(new TiXmlComment((' ' + text + ' ').c_str()));
+    std::string spaced = " ";
+    for (const char c : text) {
+        if (c == '-' && spaced.back() == '-') // two dashes would end the comment
+            spaced += ' ';
+        spaced += c;
+    }
+    parent.LinkEndChild(new TiXmlComment((spaced + ' ').c_str()));
 }
 
 std::string ElementReader::attribute(const char * name) const {

@@ -89,17 +89,18 @@ bool Scanner::step(const Visitor & visitor) {
 }
 
 void Scanner::readDeclaration() {
-    const std::size_t start = m_at;
-    skipPast("?>", "The XML declaration is not closed.");
-    const std::string_view declaration = m_content.substr(start, m_at - start);
-    if (!declaration.starts_with("<?xml ") || std::count(declaration.begin(), declaration.end(), '>') != 1)
-        fail("The XML declaration is malformed.");
-    const std::size_t encoding = declaration.find("encoding");
-    if (encoding == std::string_view::npos)
-        return;
-    const std::string name = lowered(declaration.substr(encoding));
-    if (name.find("utf-8") == std::string::npos && name.find("ascii") == std::string::npos)
-        fail("The file declares an encoding other than UTF-8.");
+    // TinyXML gives up without a word at a declaration that is malformed.
+    m_at += 2;
+    if (readName() != "xml")
+        fail("Processing instructions are not accepted.");
+    for (skipBlanks(); !startsWith("?>"); skipBlanks()) {
+        const auto [name, value] = readAttribute();
+        if (name == "encoding" && lowered(value) != "utf-8" && lowered(value) != "us-ascii")
+            fail("The file declares an encoding other than UTF-8.");
+        if (name != "version" && name != "encoding" && name != "standalone")
+            fail("The XML declaration is malformed.");
+    }
+    m_at += 2;
 }
 
 void Scanner::skipComment() {
@@ -174,7 +175,7 @@ bool Scanner::readStartTag(const Visitor & visitor) {
     return true;
 }
 
-void Scanner::readAttribute() {
+Scanner::Attribute Scanner::readAttribute() {
     const std::string_view name = readName();
     skipBlanks();
     if (!startsWith("="))
@@ -186,18 +187,20 @@ void Scanner::readAttribute() {
     const std::size_t end = m_content.find(m_content[m_at], m_at + 1);
     if (end == std::string_view::npos)
         fail(KOR::text("The value of attribute '%1' is not closed.", name));
-    checkReferences(m_at, end);
+    const std::size_t start = m_at + 1;
+    checkReferences(start, end);
     m_at = end + 1;
+    return {name, m_content.substr(start, end - start)};
 }
 
-void Scanner::checkReferences(std::size_t start, std::size_t end) const {
+void Scanner::checkReferences(std::size_t start, std::size_t end) {
     // Searched within the text only: a search that runs on to the next '&' of the file costs time quadratic in its size.
     const std::string_view part = m_content.substr(start, end - start);
     for (std::size_t at = part.find('&'); at != std::string_view::npos; at = part.find('&', at + 1))
         checkReference(start + at);
 }
 
-void Scanner::checkReference(std::size_t at) const {
+void Scanner::checkReference(std::size_t at) {
     const std::string_view rest = m_content.substr(at + 1, 12);
     for (const std::string_view known : {"amp;", "lt;", "gt;", "quot;", "apos;"})
         if (rest.starts_with(known))
@@ -207,8 +210,10 @@ void Scanner::checkReference(std::size_t at) const {
     unsigned long code = 0;
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), code, isHex ? 16 : 10);
     if (!rest.starts_with('#') || error != std::errc{} || end == digits.data() + digits.size() || *end != ';' ||
-        code == 0 || code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF))
+        code == 0 || code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF)) {
+        m_at = at;
         fail(KOR::text("Malformed character reference '&%1'.", rest.substr(0, validUtf8Length(rest))));
+    }
 }
 
 std::string_view Scanner::readName() {

@@ -26,6 +26,10 @@ public:
     std::optional<ParseError> scan(const Visitor & visitor = {});
 
 private:
+    struct Attribute {
+        std::string_view name, value;
+    };
+
     bool step(const Visitor & visitor); ///< false: stop
     bool readEndTag(const Visitor & visitor);
     bool readStartTag(const Visitor & visitor);
@@ -33,9 +37,9 @@ private:
     void skipComment();
     void skipCharacterData();
     void readText();
-    void readAttribute();
-    void checkReferences(std::size_t start, std::size_t end) const;
-    void checkReference(std::size_t at) const;
+    Attribute readAttribute();
+    void checkReferences(std::size_t start, std::size_t end);
+    void checkReference(std::size_t at);
     std::string_view readName();
     void skipBlanks();
     /// Moves behind the next \p mark; fails with \p description when there is none.

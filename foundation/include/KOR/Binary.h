@@ -29,6 +29,30 @@ template <typename T> T read_binary(std::istream & in) {
     return value;
 }
 
+namespace detail {
+/// Reads a 32-bit count and as many elements; takes memory in steps as they arrive.
+template <typename Container>
+Container readCounted(std::istream & in, std::uint32_t maxCount, const char * tooLong, const char * where) {
+    using Element = typename Container::value_type;
+    constexpr std::size_t CHUNK = 65536 / sizeof(Element);
+    std::uint32_t count = 0;
+    if (!in.read(reinterpret_cast<char *>(&count), sizeof(count)))
+        throw Exception("Error reading from input stream!", where);
+    if (count > maxCount)
+        throw Exception(tooLong, where);
+    Container values;
+    while (values.size() < count) {
+        const std::size_t start = values.size();
+        const std::size_t step = std::min<std::size_t>(std::max(CHUNK, start), count - start);
+        values.resize(start + step);
+        if (!in.read(reinterpret_cast<char *>(values.data() + start),
+                     static_cast<std::streamsize>(step * sizeof(Element))))
+            throw Exception("Error reading from input stream!", where);
+    }
+    return values;
+}
+} // namespace detail
+
 /// 32-bit length, then the bytes, no terminator.
 void write_string_binary(std::ostream & out, std::string_view text);
 
@@ -43,21 +67,8 @@ template <typename T> void write_vector_binary(std::ostream & out, const std::ve
 
 /// Throws ("[read_vector_binary]") "Vector length exceeds given maximum!" and "Error reading from input stream!".
 template <typename T> std::vector<T> read_vector_binary(std::istream & in, std::uint32_t maxCount) {
-    constexpr std::size_t CHUNK = 65536 / sizeof(T);
-    std::uint32_t count = 0;
-    if (!in.read(reinterpret_cast<char *>(&count), sizeof(count)))
-        throw Exception("Error reading from input stream!", "[read_vector_binary]");
-    if (count > maxCount)
-        throw Exception("Vector length exceeds given maximum!", "[read_vector_binary]");
-    std::vector<T> values;
-    while (values.size() < count) {
-        const std::size_t start = values.size();
-        const std::size_t step = std::min<std::size_t>(std::max(CHUNK, start), count - start);
-        values.resize(start + step);
-        if (!in.read(reinterpret_cast<char *>(values.data() + start), static_cast<std::streamsize>(step * sizeof(T))))
-            throw Exception("Error reading from input stream!", "[read_vector_binary]");
-    }
-    return values;
+    return detail::readCounted<std::vector<T>>(in, maxCount, "Vector length exceeds given maximum!",
+                                               "[read_vector_binary]");
 }
 
 } // namespace KOR

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <concepts>
 #include <string>
 #include <string_view>
 
@@ -11,12 +12,13 @@ namespace KOR {
 class Flag {
 public:
     Flag() = default;
-    Flag(std::string name, bool state) : m_name(std::move(name)), m_state(state) {}
+    /// Only for bool itself: a text would become true, whatever it says.
+    Flag(std::string name, std::same_as<bool> auto state) : m_name(std::move(name)), m_state(state) {}
 
     /// Sets name and state; "1", "yes", "true" and "0", "no", "false" are read without regard to case.
     /// Throws "Invalid value '%2' for flag '%1'!" ("[Flag::set]"); the flag stays as it was.
     void set(std::string name, std::string_view text);
-    void set(std::string name, bool state) { *this = Flag(std::move(name), state); }
+    void set(std::string name, std::same_as<bool> auto state) { *this = Flag(std::move(name), state); }
 
     const std::string & name() const { return m_name; }
     bool isEnabled() const { return m_state; }

@@ -42,6 +42,8 @@ public:
     };
 
     static UnitList & instance();
+    UnitList(const UnitList &) = delete; // the index refers to the names of the records
+    UnitList & operator=(const UnitList &) = delete;
 
     /// Reads lines of the form "base op factor name op factor name ..."; with \p clear empties the registry first.
     /// Throws "Duplicate unit '%1' defined." ("[UnitList::read]").

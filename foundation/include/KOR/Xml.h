@@ -52,7 +52,7 @@ std::string withLine(const TiXmlElement & element, std::string_view message);
 /// The failure with the element's line in its innermost message, unless that names a line already.
 Exception located(const TiXmlElement & element, const Exception & failure);
 
-/// The element's text, trimmed; empty if there is none.
+/// The element's text, trimmed; empty if there is none. Throws, with the line, when there are elements in it.
 std::string text(const TiXmlElement & element);
 
 /// The attribute's value or nothing.
