@@ -75,10 +75,10 @@ void Assessment::readXML(const TiXmlElement & element) {
             read.m_layer = KOR::string2val<std::uint32_t>(KOR::xml::text(child));
         };
         reader.children({
-            {"CriteriaSet",   [&](const TiXmlElement & child) { read.m_criteriaSet = KOR::xml::text(child); } },
-            {"Layer",         readLayer                                                                       },
-            {"Range",         [&](const TiXmlElement & child) { read.m_range.emplace().readXML(child); }      },
-            {"KOR:Parameter", [&](const TiXmlElement & child) { read.m_limits.emplace_back().readXML(child); }},
+            xml::once("CriteriaSet", xml::into(read.m_criteriaSet)),
+            xml::once("Layer", readLayer),
+            xml::once("Range", [&](const TiXmlElement & child) { read.m_range.emplace().readXML(child); }),
+            xml::any("KOR:Parameter", xml::into(read.m_limits)),
         });
         read.checkParameters();
     });

@@ -24,14 +24,6 @@ constexpr xml::ElementTexts MATRICES{
     .wrapping = {},
 };
 
-void readMatrices(const TiXmlElement & element, std::vector<RotationMatrix> & matrices) {
-    const auto readOne = [&matrices](const TiXmlElement & child) { matrices.emplace_back().readXML(child); };
-    xml::ElementReader(element, MATRICES)
-        .children({
-            {"RotationMatrixInstance", readOne}
-    });
-}
-
 [[noreturn]] void refuse(const char * message) {
     throw KOR::Exception(message, "[Assignment::checkParameters]");
 }
@@ -54,15 +46,17 @@ void Assignment::readXML(const TiXmlElement & element) {
         const bool needsSide = read.m_type == type_t::Interface || read.m_type == type_t::ContactCondition;
         if (needsSide && read.m_location == location_t::Element)
             reader.fail(KOR::text("Invalid location for assignment of type '%1'.", KeywordList::Keyword(read.m_type)));
+        const auto readMatrices = [&read](const TiXmlElement & child) {
+            xml::ElementReader(child, MATRICES)
+                .children({xml::any("RotationMatrixInstance", xml::into(read.m_rotationMatrices))});
+        };
         reader.children({
-            {"Reference",               [&](const TiXmlElement & child) { read.m_reference = KOR::xml::text(child); }},
-            {"AssignmentName",          [&](const TiXmlElement & child) { read.m_name = KOR::xml::text(child); }     },
-            {"Range",                   [&](const TiXmlElement & child) { read.m_range.readXML(child); }             },
-            {"KOR:Point3D",             [&](const TiXmlElement & child) { read.m_coordinates.readXML(child); }       },
-            {"Mapping",
-             [&](const TiXmlElement & child) { read.m_anisotropy = xml::keywordText<AnisotropyInitType>(child); }    },
-            {"DirectionRotationMatrix",
-             [&](const TiXmlElement & child) { readMatrices(child, read.m_rotationMatrices); }                       },
+            xml::once("Reference", xml::into(read.m_reference)),
+            xml::once("AssignmentName", xml::into(read.m_name)),
+            xml::once("Range", xml::into(read.m_range)),
+            xml::once("KOR:Point3D", xml::into(read.m_coordinates)),
+            xml::once("Mapping", xml::into(read.m_anisotropy)),
+            xml::once("DirectionRotationMatrix", readMatrices),
         });
     });
     *this = std::move(read);

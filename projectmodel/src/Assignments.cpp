@@ -69,9 +69,7 @@ bool follow(Assignment & assignment, const Axis & axis, const std::vector<std::u
 void Assignments::readXML(const TiXmlElement & element) {
     std::vector<Assignment> read;
     xml::readElement(element, TEXTS, [&read](const xml::ElementReader & reader) {
-        reader.children({
-            {"Assignment", [&read](const TiXmlElement & child) { read.emplace_back().readXML(child); }}
-        });
+        reader.children({xml::any("Assignment", xml::into(read))});
     });
     m_list = std::move(read);
 }

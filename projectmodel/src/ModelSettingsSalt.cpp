@@ -26,7 +26,8 @@ void ModelSettingsSalt::readXML(const TiXmlElement & element) {
             xml::once("SaltDatabase", xml::into(read.m_saltDatabase)),
             xml::once("SaltSpeciesIDs",
                       [&](const TiXmlElement & child) {
-                          for (const std::string_view id : KOR::words(KOR::xml::text(child)))
+                          const std::string ids = KOR::xml::text(child);
+                          for (const std::string_view id : KOR::words(ids))
                               read.m_saltSpeciesIDs.emplace_back(id);
                       }),
         });

@@ -56,9 +56,7 @@ void readPlaceholder(Project & project, const TiXmlElement & element) {
 void readPlaceholders(Project & project, const TiXmlElement & element) {
     const auto readOne = [&project](const TiXmlElement & child) { readPlaceholder(project, child); };
     xml::readElement(element, PLACEHOLDERS, [&readOne](const xml::ElementReader & reader) {
-        reader.children({
-            {"Placeholder", readOne}
-        });
+        reader.children({xml::any("Placeholder", readOne)});
     });
 }
 
@@ -74,12 +72,7 @@ void writePlaceholders(const Project & project, TiXmlElement & root) {
 
 void readMaterials(Project & project, const TiXmlElement & element) {
     xml::readElement(element, MATERIALS, [&project](const xml::ElementReader & reader) {
-        const auto readOne = [&project](const TiXmlElement & child) {
-            project.m_materials.emplace_back().readXML(child);
-        };
-        reader.children({
-            {"MaterialReference", readOne}
-        });
+        reader.children({xml::any("MaterialReference", xml::into(project.m_materials))});
     });
 }
 

@@ -2,11 +2,18 @@
 
 #include <KOR/Xml.h>
 
-#include <algorithm>
+#include <vector>
 
 namespace HYGRION {
 
 namespace {
+
+constexpr KOR::xml::ElementTexts TEXTS{
+    .where = "[Project::readProjectInfoXML]",
+    .missingAttr = {},
+    .unknownTag = "Unknown element '%1' in ProjectInfo section.",
+    .wrapping = {},
+};
 
 struct Line {
     const char * element;
@@ -33,16 +40,11 @@ void ProjectInfo::readXML(const TiXmlElement & element) {
     ProjectInfo read;
     read.m_created = KOR::xml::attribute(element, "created").value_or("");
     read.m_lastEdited = KOR::xml::attribute(element, "lastEdited").value_or("");
-    for (const TiXmlElement * child = element.FirstChildElement(); child != nullptr;
-         child = child->NextSiblingElement()) {
-        const auto * line = std::find_if(std::begin(LINES), std::end(LINES),
-                                         [child](const Line & row) { return child->ValueStr() == row.element; });
-        if (line == std::end(LINES))
-            throw KOR::Exception(KOR::xml::withLine(*child, KOR::text("Unknown element '%1' in ProjectInfo section.",
-                                                                      child->ValueStr())),
-                                 "[Project::readProjectInfoXML]");
-        read.*line->text = KOR::xml::text(*child);
-    }
+    std::vector<KOR::xml::ElementReader::Child> rows;
+    for (const Line & line : LINES)
+        rows.push_back(KOR::xml::once(
+            line.element, [&read, &line](const TiXmlElement & child) { read.*line.text = KOR::xml::text(child); }));
+    KOR::xml::ElementReader(element, TEXTS).children(rows);
     *this = std::move(read);
 }
 

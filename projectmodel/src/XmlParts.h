@@ -110,7 +110,9 @@ template <typename Enum> void writeReferences(TiXmlElement & parent, const std::
 // *** What becomes of a child: the rows of a reader name the members ***
 
 /// An element that reads itself.
-template <typename Item> auto into(Item & item) {
+template <typename Item>
+requires std::is_class_v<Item>
+auto into(Item & item) {
     return [&item](const TiXmlElement & child) { item.readXML(child); };
 }
 /// One more of several elements that read themselves.
@@ -130,6 +132,11 @@ inline auto into(std::optional<std::string> & text) {
     return [&text](const TiXmlElement & child) { text = KOR::xml::text(child); };
 }
 /// A keyword as text. Throws as keyword.
+template <typename Enum>
+requires std::is_enum_v<Enum>
+auto into(Enum & choice) {
+    return [&choice](const TiXmlElement & child) { choice = keywordText<Enum>(child); };
+}
 template <typename Enum>
 requires std::is_enum_v<Enum>
 auto into(std::optional<Enum> & choice, std::string_view message = {}, std::string_view where = {}) {
