@@ -14,7 +14,13 @@ class TiXmlElement;
 
 namespace HYGRION {
 
-/// The settings of one assessment of the results: what is judged, where, by which criteria.
+/// The settings of one assessment of the results: what is judged, where, by which criteria. In the project file:
+///
+///     <Assessment name="Mould" type="MoldGrowth" assignment="1DLayer">
+///       <CriteriaSet>sensitive</CriteriaSet>          name of a set of criteria, may be missing
+///       <Layer>2</Layer>                              or <Range> of cells, both may be missing
+///       <KOR:Parameter name="MaxMouldIndex" unit="---">1</KOR:Parameter>   any of limits() of the type
+///     </Assessment>
 class Assessment {
 public:
     enum class AssessmentType {
