@@ -396,6 +396,8 @@ void HygMainWindow::changeEvent(QEvent * event) {
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::LanguageChange)
         retranslate();
+    else if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        updateRecentProjects(); // files may have come or gone in the meantime
 }
 
 void HygMainWindow::paintEvent(QPaintEvent * event) {

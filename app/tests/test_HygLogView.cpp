@@ -23,6 +23,7 @@ struct Forwarding {
     int level;
     int consoleLevel;
     bool isForwarded;
+    friend void PrintTo(const Forwarding & row, std::ostream * out) { *out << row.name; }
 };
 class MessageForwarding : public testing::TestWithParam<Forwarding> {};
 

@@ -83,6 +83,7 @@ struct Printing {
     const char * name;
     const char * argument;
     const char * text;
+    friend void PrintTo(const Printing & row, std::ostream * out) { *out << row.name; }
 };
 class StartUpPrints : public StartUp, public testing::WithParamInterface<Printing> {};
 
@@ -105,6 +106,7 @@ struct Option {
     const char * argument;
     const char * expected;
     const char * unexpected;
+    friend void PrintTo(const Option & row, std::ostream * out) { *out << row.name; }
 };
 class StartUpOptions : public StartUp, public testing::WithParamInterface<Option> {};
 
@@ -158,6 +160,13 @@ TEST_F(StartUp, IsNotHeldUpByALockThatAKilledProgramLeft) {
     EXPECT_TRUE(waitFor(SHOWN, 5000));
     m_process.terminate();
     EXPECT_TRUE(m_process.waitForFinished(5000));
+}
+
+TEST_F(StartUp, EndsWithOneWhenAFailureEscapes) {
+    if (!QFileInfo::exists("/dev/full"))
+        GTEST_SKIP() << "there is no /dev/full here";
+    m_process.setStandardOutputFile("/dev/full"); // the help page cannot be written
+    EXPECT_EQ(run({"--help"}), 1);
 }
 
 TEST_F(StartUp, SaysWhatToDoWithoutAScreen) {

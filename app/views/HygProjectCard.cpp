@@ -8,6 +8,7 @@
 #include <QBoxLayout>
 #include <QClipboard>
 #include <QDesktopServices>
+#include <QDir>
 #include <QEvent>
 #include <QFileInfo>
 #include <QGuiApplication>
