@@ -446,8 +446,11 @@ void defineGenerate(CLI::App & app, Generate & arguments) {
 
 /// "New York Central Park", "US" -> "New_York_Central_Park_US.c6b"
 std::string fileName(const std::string & city, const std::string & country) {
+    std::string title = city;
+    if (!country.empty())
+        title.append("_").append(country);
     std::string name;
-    for (const char c : city + (country.empty() ? "" : "_" + country)) {
+    for (const char c : title) {
         const bool isPlain = (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '-';
         if (isPlain || (!name.empty() && name.back() != '_'))
             name += isPlain ? c : '_';

@@ -31,7 +31,7 @@ public:
         do
             if (!m_lines.nextNonEmpty(line))
                 return false;
-        while (line.front() == '#');
+        while (line.starts_with('#'));
         splitFields(line, m_cells, MAX_COLUMNS);
         return true;
     }
@@ -48,7 +48,7 @@ public:
     double number(std::string_view caption) const {
         const auto value = KOR::parseDouble(cell(caption));
         if (!value)
-            fail(KOR::text("'%1' in column %2 is not a number.", toUtf8(cell(caption)), caption));
+            fail(KOR::text("'%1' in column %2 is not a number.", excerpt(cell(caption)), caption));
         return *value;
     }
     [[noreturn]] void fail(const std::string & reason) const {

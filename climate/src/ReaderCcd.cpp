@@ -103,7 +103,7 @@ ClimateDataLoader::HeaderLine ClimateDataLoader::valueFromParaString(std::string
     if (keyword.empty() || words.size() != 2) {
         constexpr const char * ID = "[CCM::ClimateDataLoader::valueFromParaString]";
         const KOR::Exception cause(
-            KOR::text("Invalid header line '%1', expected format <keyword> : <value> <unit>.", toUtf8(line)), ID);
+            KOR::text("Invalid header line '%1', expected format <keyword> : <value> <unit>.", excerpt(line)), ID);
         throw KOR::Exception(cause, "Invalid header.\n", ID);
     }
     return {toUtf8(keyword), toUtf8(words[0]), toUtf8(words[1])};

@@ -106,7 +106,7 @@ double TryReader::number(std::size_t column) const {
     const auto value = KOR::parseDouble(m_words[column]);
     if (!value)
         throw KOR::Exception(KOR::text("Invalid data line: %1, '%2' in column %3 is not a number.", m_lines.number(),
-                                       toUtf8(m_words[column]), column + 1),
+                                       excerpt(m_words[column]), column + 1),
                              WHERE);
     return *value;
 }

@@ -242,13 +242,13 @@ void EpwReader::setTimes() {
 /// over those hours of their period of which nothing else is known.
 void EpwReader::spreadRain() {
     std::vector<double> & rain = m_data.m_data[Q_RAIN];
-    const auto end = [this](std::size_t row) {
+    const auto endOf = [this](std::size_t row) {
         return m_data.isAnnual() ? 3600.0 * static_cast<double>(row + 1) : m_data.m_timePoints[row];
     };
     const auto length = [&](std::size_t row) { // of a record [h]
         if (rain.size() < 2)
             return 1.0;
-        return std::min(row == 0 ? end(1) - end(0) : end(row) - end(row - 1), 3600.0) / 3600;
+        return std::min(row == 0 ? endOf(1) - endOf(0) : endOf(row) - endOf(row - 1), 3600.0) / 3600;
     };
     std::stable_sort(m_rain.begin(), m_rain.end(),
                      [](const RainSum & a, const RainSum & b) { return a.hours < b.hours; });
@@ -260,7 +260,7 @@ void EpwReader::spreadRain() {
         double rest = sum.depth;
         double unknownHours = 0;
         std::size_t first = sum.row + 1;
-        while (first > 0 && end(first - 1) > end(sum.row) - sum.hours * 3600) {
+        while (first > 0 && endOf(first - 1) > endOf(sum.row) - sum.hours * 3600) {
             --first;
             if (isMissing(rain[first]))
                 unknownHours += length(first);

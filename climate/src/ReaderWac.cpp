@@ -210,7 +210,7 @@ void WacReader::readRecord(std::string_view line, std::size_t row) {
         if (!value)
             throw KOR::Exception(KOR::text("Error reading data line #%1 (total line #%2): '%3' in column %4 is not a "
                                            "number.",
-                                           row + 1, m_lines.number(), toUtf8(fields[i]), m_columns[i].name),
+                                           row + 1, m_lines.number(), excerpt(fields[i]), m_columns[i].name),
                                  WHERE);
         if (m_columns[i].column == C_GLOBAL)
             global = *value;
@@ -236,7 +236,7 @@ void WacReader::readRecords() {
         if (!m_lines.next(line))
             throw KOR::Exception(
                 KOR::text("Error reading data line #%1 (total line #%2), last successfully read line was '%3'.",
-                          row + 1, m_lines.number() + 1, toUtf8(lastLine)),
+                          row + 1, m_lines.number() + 1, excerpt(lastLine)),
                 WHERE);
         if (KOR::trimmed(line).empty())
             throw KOR::Exception(KOR::text("Missing data, empty line encountered in data line #%1 (total line #%2), "

@@ -81,6 +81,15 @@ std::string toUtf8(std::string_view text) {
     return out;
 }
 
+std::string excerpt(std::string_view line) {
+    constexpr std::size_t MAX_LENGTH = 200;
+    if (line.size() <= MAX_LENGTH)
+        return toUtf8(line);
+    const std::string_view begin = line.substr(0, MAX_LENGTH);
+    const std::size_t valid = KOR::validUtf8Length(begin); // the cut may go through a character of up to four bytes
+    return toUtf8(valid + 4 > MAX_LENGTH ? begin.substr(0, valid) : begin) + "...";
+}
+
 LineReader::LineReader(std::string_view text) : m_text(text) {
     if (m_text.starts_with("\xEF\xBB\xBF"))
         m_text.remove_prefix(3);

@@ -16,6 +16,9 @@ std::string readText(const std::string & path, bool headerOnly, const char * whe
 /// The text as UTF-8: what is not well-formed UTF-8 is taken for Windows-1252.
 std::string toUtf8(std::string_view text);
 
+/// The beginning of a line of a file, as UTF-8, for messages; long lines end with "...".
+std::string excerpt(std::string_view line);
+
 /// The lines of a text with any kind of line ends; a byte-order mark is skipped.
 class LineReader {
 public:

@@ -392,6 +392,12 @@ INSTANTIATE_TEST_SUITE_P(
                     TextFault{"Commas", "ccd", "T : C\n,,,,,,,,\n", "#2: Invalid format of line 2"}),
     [](const auto & fault) { return std::string(fault.param.name); });
 
+TEST(Messages, QuoteNoMoreThanTheBeginningOfALongLine) {
+    const std::string line = std::string(199, 'x') + "\xC3\xA4" + std::string(1000, 'y');
+    EXPECT_EQ(caught([&] { ClimateDataLoader::valueFromParaString(line); }).cause(),
+              "Invalid header line '" + std::string(199, 'x') + "...', expected format <keyword> : <value> <unit>.");
+}
+
 TEST(CcdReader, NamesTheFileItCannotOpen) {
     EXPECT_EQ(caught([] { ClimateDataLoader::readCCDFile("/none/a.ccd"); }).message(),
               "#0: Cannot open file '/none/a.ccd'.");
