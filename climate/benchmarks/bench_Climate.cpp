@@ -84,7 +84,8 @@ BENCHMARK(readEpwHeader)->Unit(benchmark::kMillisecond);
 
 /// The same file, read by a reader that is common in Python; the script says how long the best of its reads took.
 void readEpwInPython(benchmark::State & state) {
-    const std::string command = "/usr/bin/python3 '" HYG_SOURCE_DIR "/climate/benchmarks/read_epw.py' '" + epwFile() + "'";
+    const std::string command =
+        "/usr/bin/python3 '" HYG_SOURCE_DIR "/climate/benchmarks/read_epw.py' '" + epwFile() + "'";
     for ([[maybe_unused]] auto _ : state) {
         FILE * pipe = ::popen(command.c_str(), "r");
         double seconds = 0;

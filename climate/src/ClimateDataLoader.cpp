@@ -78,6 +78,7 @@ std::optional<quantity_t> quantityByKeyword(std::string_view keyword) {
 void ClimateDataLoader::readClimateData(const std::string & path, bool headerOnly) {
     constexpr const char * WHERE = "[ClimateDataLoader::readClimateData]";
     const std::string extension = KOR::lowered(std::filesystem::path(path).extension().string());
+    bool isKnown = true;
     try {
         if (extension == ".epw") {
             readClimateDataEPW(path, headerOnly);
@@ -93,11 +94,13 @@ void ClimateDataLoader::readClimateData(const std::string & path, bool headerOnl
         } else if (extension == ".dat") {
             readClimateDataBBSRDat(path, headerOnly);
         } else {
-            throw KOR::Exception("Unknown/unsupported climate data file format.", WHERE);
+            isKnown = false;
         }
     } catch (const KOR::Exception & ex) {
         throw KOR::Exception(ex, "Error reading climate data file.", WHERE);
     }
+    if (!isKnown)
+        throw KOR::Exception("Unknown/unsupported climate data file format.", WHERE);
 }
 
 void ClimateDataLoader::checkValues() {

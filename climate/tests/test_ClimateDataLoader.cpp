@@ -348,7 +348,7 @@ TEST(Container, KeepsTheFunctionOfOverrideSplines) {
 TEST(ReadClimateData, NamesFilesItCannotRead) {
     ClimateDataLoader data;
     for (const char * name : {"a.txt", "a", "a.ccd"})
-        EXPECT_EQ(caught([&] { data.readClimateData(scratchFile(name)); }).cause(),
+        EXPECT_EQ(caught([&] { data.readClimateData(scratchFile(name)); }).message(),
                   "Unknown/unsupported climate data file format.");
     for (const char * name : {"none.epw", "none.c6b", "none.WAC", "none.dat"}) {
         const KOR::Exception ex = caught([&] { data.readClimateData(scratchFile(name)); });
