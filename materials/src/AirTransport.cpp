@@ -20,6 +20,7 @@ constexpr MaterialFunctionBase::SectionTexts TEXTS{
     .fewLines = "Error reading data for function '%1'.",
     .wrapping = "Error reading air transport data!",
     .where = "[AirTransport::read]",
+    .whereWrite = "[AirTransport::write]",
 };
 
 } // namespace

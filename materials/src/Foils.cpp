@@ -15,6 +15,7 @@ constexpr MaterialFunctionBase::SectionTexts TEXTS{
     .fewLines = "Error reading data for function '%1'.",
     .wrapping = "Error reading foil data!",
     .where = "[Foils::read]",
+    .whereWrite = "[Foils::write]",
 };
 
 /// The parameter of the contact resistance model for each one of a foil behind SD_VALUE: same order.

@@ -5,6 +5,7 @@
 
 #include <KOR/Exception.h>
 
+#include <cmath>
 #include <ostream>
 
 namespace MM {
@@ -146,8 +147,13 @@ void MaterialFunctionBase::write(std::ostream & out, std::size_t indent) const {
                 << '\n';
     for (std::size_t i = 0; i < m_functions.size(); ++i)
         if (!m_functions[i].empty()) {
-            out << std::string(indent, ' ')
-                << "FUNCTION = " << KeywordList::Keyword(m_texts->functions, static_cast<int>(i)) << '\n';
+            const std::string name = KeywordList::Keyword(m_texts->functions, static_cast<int>(i));
+            const auto isFinite = [](double value) { return std::isfinite(value); };
+            const auto & y = m_functions[i].y();
+            if (!m_functions[i].valid() || !std::all_of(y.begin(), y.end(), isFinite))
+                throw KOR::Exception(KOR::text("Function '%1' holds points that could not be read again.", name),
+                                     std::string(m_texts->whereWrite));
+            out << std::string(indent, ' ') << "FUNCTION = " << name << '\n';
             m_functions[i].write(out, indent + 4);
         }
     for (const ModelDataContainer & model : m_models.models())

@@ -28,6 +28,7 @@ constexpr MaterialFunctionBase::SectionTexts TEXTS{
     .fewLines = "Error reading data for function '%1'.",
     .wrapping = "Error reading moisture storage material data!",
     .where = "[MoistureStorage::read]",
+    .whereWrite = "[MoistureStorage::write]",
 };
 
 /// Of the spline generated from a Gauss model.

@@ -31,6 +31,7 @@ constexpr MaterialFunctionBase::SectionTexts TEXTS{
     .fewLines = "Error reading data for function '%1' because too less lines left.",
     .wrapping = "Error reading moisture transport material data!",
     .where = "[MoistureTransport::read]",
+    .whereWrite = "[MoistureTransport::write]",
 };
 
 /// Logarithms below this stand for "nothing".

@@ -59,7 +59,7 @@ double MrcGAUSS_dpC::value(double pC) const {
     double sum = 0;
     for (const Peak & peak : m_peaks) {
         const double t = (pC - peak.centre) * peak.narrowness;
-        if (t * t < 700) // else below the smallest number
+        if (t * t < 45) // beyond, less than a 1e-19th of the peak
             sum += peak.height * std::exp(-t * t);
     }
     return sum;

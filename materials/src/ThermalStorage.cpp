@@ -21,6 +21,7 @@ constexpr MaterialFunctionBase::SectionTexts TEXTS{
     .fewLines = "Error reading data for function '%1'.",
     .wrapping = "Error reading moisture storage material data!",
     .where = "[ThermalStorage::read]",
+    .whereWrite = "[ThermalStorage::write]",
 };
 
 double require(const Material & material, Need need, const char * message) {

@@ -27,6 +27,7 @@ constexpr MaterialFunctionBase::SectionTexts TEXTS{
     .fewLines = "Error reading data for function '%1'.",
     .wrapping = "Error reading thermal transport data!",
     .where = "[ThermalTransport::read]",
+    .whereWrite = "[ThermalTransport::write]",
 };
 
 bool isNear(double value, double target) {

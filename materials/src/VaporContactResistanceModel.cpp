@@ -13,6 +13,7 @@ constexpr MaterialFunctionBase::SectionTexts TEXTS{
     .fewLines = "Error reading data for function '%1'.",
     .wrapping = "Error reading vapor transport resistance section!",
     .where = "[VaporContactResistanceModel::read]",
+    .whereWrite = "[VaporContactResistanceModel::write]",
 };
 
 } // namespace

@@ -343,6 +343,17 @@ TEST(MaterialFile, LaterDefinitionsWinInAModelBlock) {
                                             "Overwriting previous definition.\n"));
 }
 
+TEST(MaterialFile, FunctionsThatCouldNotBeReadAreNotWritten) {
+    Material material = materialFrom(brickText());
+    KOR::LinearSpline spline;
+    spline.setPoints({0, 2, 1}, {0, 0, 0});
+    material.m_moistureStorage.setFunction(MoistureStorage::Functions::Theta_l_RH, spline);
+    const auto chain = chainOf([&] { material.content(); });
+    ASSERT_FALSE(chain.empty());
+    EXPECT_EQ(chain[0].message, "Function 'Theta_l(RH)' holds points that could not be read again.");
+    EXPECT_EQ(chain[0].where, "[MoistureStorage::write]");
+}
+
 TEST(MaterialFile, TooManyValuesAreRefusedBeforeTheyAreRead) {
     std::string line;
     for (int i = 0; i < 2'000'000; ++i)

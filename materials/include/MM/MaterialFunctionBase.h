@@ -29,6 +29,7 @@ public:
         std::string_view fewLines;   ///< a function without its two lines, %1 = its name
         std::string_view wrapping;   ///< chained above every fault
         std::string_view where;      ///< identifier of the reader
+        std::string_view whereWrite; ///< identifier of the writer
     };
 
     void clear();
@@ -36,7 +37,7 @@ public:
 
     /// Reads the section's lines (without comments). Throws the section's summary; the section is then empty.
     void read(std::span<const std::string_view> lines);
-    /// Writes parameters, functions and model blocks.
+    /// Writes parameters, functions and model blocks. Throws for a function that could not be read again.
     void write(std::ostream & out, std::size_t indent) const;
 
     /// A function as stored in the file. \param which enumerator of the section's own functions
