@@ -8,6 +8,9 @@
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
+#include <cmath>
+#include <iterator>
 #include <filesystem>
 #include <iomanip>
 #include <ostream>

@@ -7,6 +7,8 @@
 
 #include <KOR/Exception.h>
 
+#include <algorithm>
+
 namespace MM {
 
 namespace {

@@ -6,6 +6,7 @@
 #include <KOR/Numbers.h>
 #include <KOR/Strings.h>
 
+#include <iterator>
 #include <limits>
 #include <variant>
 

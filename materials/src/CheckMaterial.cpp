@@ -7,6 +7,7 @@
 
 #include <KOR/Exception.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace MM {

@@ -7,6 +7,8 @@
 #include "KeywordsMaterial.h"
 #include "KeywordsMeasuredData.h"
 
+#include <iterator>
+
 namespace MM {
 
 namespace {

@@ -5,6 +5,8 @@
 
 #include <omp.h>
 
+#include <algorithm>
+
 namespace MM {
 
 KeywordLine::KeywordLine(std::string_view line) {

@@ -4,6 +4,8 @@
 
 #include <KOR/Exception.h>
 
+#include <algorithm>
+
 namespace MM {
 
 const KOR::Parameter & Material::parameter(ParaTransport which, int direction) const {

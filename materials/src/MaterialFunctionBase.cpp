@@ -5,6 +5,7 @@
 
 #include <KOR/Exception.h>
 
+#include <algorithm>
 #include <cmath>
 #include <ostream>
 

@@ -8,6 +8,7 @@
 #include <KOR/Numbers.h>
 #include <KOR/Strings.h>
 
+#include <algorithm>
 #include <ctime>
 #include <iterator>
 #include <ostream>

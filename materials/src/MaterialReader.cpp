@@ -9,6 +9,8 @@
 #include <KOR/Strings.h>
 #include <KOR/Version.h>
 
+#include <algorithm>
+
 namespace MM {
 
 namespace {

@@ -10,6 +10,7 @@
 #include <KOR/Exception.h>
 #include <KOR/LinearSplineGenerator.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace MM {

@@ -9,6 +9,7 @@
 
 #include <KOR/Exception.h>
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 

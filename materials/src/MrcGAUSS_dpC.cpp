@@ -4,6 +4,7 @@
 #include <KOR/Numbers.h>
 #include <KOR/UnitList.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace MM {
@@ -59,7 +60,7 @@ double MrcGAUSS_dpC::value(double pC) const {
     double sum = 0;
     for (const Peak & peak : m_peaks) {
         const double t = (pC - peak.centre) * peak.narrowness;
-        if (t * t < 45) // beyond, less than a 1e-19th of the peak
+        if (t * t < 700) // else below the smallest number
             sum += peak.height * std::exp(-t * t);
     }
     return sum;

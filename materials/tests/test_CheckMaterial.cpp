@@ -2,6 +2,8 @@
 
 #include <MM/CheckMaterial.h>
 
+#include <functional>
+
 namespace MM {
 
 namespace {

@@ -5,6 +5,8 @@
 
 #include <KOR/FileIO.h>
 
+#include <algorithm>
+#include <cmath>
 #include <filesystem>
 #include <set>
 

@@ -4,6 +4,8 @@
 
 #include "MaterialTexts.h"
 
+#include <functional>
+
 using MM::KeywordList;
 using testing::Test;
 

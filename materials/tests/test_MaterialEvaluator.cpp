@@ -1,6 +1,7 @@
 #include "EvaluatorChecks.h"
 #include "MaterialTexts.h"
 
+#include <cmath>
 #include <numeric>
 
 namespace MM {

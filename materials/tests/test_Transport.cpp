@@ -3,6 +3,7 @@
 #include <MM/Foils.h>
 
 #include <cmath>
+#include <functional>
 
 namespace MM {
 

@@ -3,6 +3,7 @@
 #include <MM/VaporContactResistanceModel.h>
 
 #include <array>
+#include <span>
 #include <string>
 
 namespace MM {

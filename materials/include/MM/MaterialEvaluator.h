@@ -5,6 +5,7 @@
 #include <MM/MoistureTransport.h>
 
 #include <array>
+#include <cmath>
 #include <numbers>
 #include <span>
 
