@@ -114,7 +114,7 @@ std::string Material::pathWithId(const std::string & path, unsigned int id) {
 std::string Material::write(const std::string & path) {
     if (path.empty() || path.back() == '/')
         throw KOR::Exception("No filename given.", WHERE);
-    const std::string target = pathWithId(path, m_id);
+    std::string target = pathWithId(path, m_id);
     if (target != path)
         log(KOR::text("Renaming material file name '%1' to '%2'.\n", path, target), KOR::MSG_INFORMATION, WHERE);
     try {

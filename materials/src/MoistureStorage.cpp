@@ -309,16 +309,17 @@ double MoistureStorage::Thetal_pl(double liquidPressure, double temperature) con
         return m_c0;
     switch (m_mode) {
     case MODE_PC:
-        return liquidPressure > 0 ? liquidPressure * m_c1 + m_c0
-                                  : prepared(Functions::Theta_l_pC_de).value(std::log10(-liquidPressure));
+        if (liquidPressure >= 0)
+            return liquidPressure * m_c1 + m_c0;
+        return prepared(Functions::Theta_l_pC_de).value(std::log10(-liquidPressure));
     case MODE_MODEL:
         if (liquidPressure < m_c3)
             return m_vanGenuchten.m_modes.empty() ? 0 : m_c0 * m_vanGenuchten.value(liquidPressure);
         return (liquidPressure - m_c3) * m_c1 + m_c2;
     case MODE_RH:
-        return liquidPressure > 0
-                   ? liquidPressure * m_c1 + m_c0
-                   : prepared(Functions::Theta_l_RH).value(relativeHumidity(liquidPressure, temperature));
+        if (liquidPressure >= 0)
+            return liquidPressure * m_c1 + m_c0;
+        return prepared(Functions::Theta_l_RH).value(relativeHumidity(liquidPressure, temperature));
     case MODE_LINEAR:
         return liquidPressure < m_c3 ? m_c2 : (liquidPressure - m_c3) * m_c1 + m_c2;
     case MODE_NONE:

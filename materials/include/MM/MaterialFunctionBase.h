@@ -44,8 +44,8 @@ public:
     template <typename Functions> const KOR::LinearSpline & function(Functions which) const {
         return m_functions[slot(which)];
     }
-    template <typename Functions> void setFunction(Functions which, KOR::LinearSpline spline) {
-        m_functions[slot(which)] = std::move(spline);
+    template <typename Functions> void setFunction(Functions which, const KOR::LinearSpline & spline) {
+        m_functions[slot(which)] = spline;
     }
     template <typename Functions> bool has(Functions which) const { return !m_functions[slot(which)].empty(); }
     /// A function ready to evaluate; empty before prepareCalculation and where there is none.
