@@ -60,6 +60,10 @@ constexpr Normalized NORMALIZED[] = {
      "Require MEW parameter for denormalization of Kv_Thetal spline.",   "Invalid MEW value (%1 -) for denormalization of Kv_Thetal spline, must be > 0."          },
 };
 
+/// Of these only SP_SP is calculated with.
+constexpr std::string_view SERIAL_PARALLEL_PARAMETERS[] = {
+    "SP_Kl", "SP_KScale", "SP_SP", "SP_UNSAT", "SP_UseAdsorption", "SP_pCmax", "SP_ThetaLAdditional"};
+
 /// Liquid functions rise to 0 at x = 1, the vapour function falls from 0 at x = 0.
 bool isNormalized(const KOR::LinearSpline & spline, bool isVapor) {
     if (spline.size() < 2 || !isNear(spline.x().front(), 0) || !isNear(spline.x().back(), 1))
@@ -137,6 +141,11 @@ void MoistureTransport::prepareVapor(const Material & material, int direction) {
                     KOR::text("Invalid value %1 in function 'mew(RH)', all values must be above 0.", factor), PREPARE);
         m_vaporModel = VaporModel::MEW_FUNCTION;
     } else if (model != nullptr) {
+        for (const std::string_view keyword : SERIAL_PARALLEL_PARAMETERS)
+            if (model->find(keyword) != nullptr && model->values(keyword).size() != 1)
+                throw KOR::Exception(KOR::text("Expected a number for parameter %1 of model SERIAL_PARALLEL, got '%2'.",
+                                               keyword, shown(*model->find(keyword))),
+                                     PREPARE);
         const std::vector<double> share = model->values("SP_SP");
         if (share.size() != 1 || !(share[0] > 0 && share[0] <= 1))
             throw KOR::Exception("Model SERIAL_PARALLEL needs the parameter SP_SP above 0 and not above 1.", PREPARE);

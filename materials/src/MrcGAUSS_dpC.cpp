@@ -1,5 +1,8 @@
 #include <MM/MrcGAUSS_dpC.h>
 
+#include <MM/KeywordList.h>
+#include <MM/ModelHandler.h>
+
 #include <KOR/Exception.h>
 #include <KOR/Numbers.h>
 #include <KOR/UnitList.h>
@@ -54,6 +57,24 @@ void MrcGAUSS_dpC::setData(std::vector<Mode> modes) {
             WHERE);
     m_modes = std::move(modes);
     m_peaks = std::move(peaks);
+}
+
+ModelDataContainer MrcGAUSS_dpC::modelData() const {
+    std::vector<double> weights;
+    std::vector<double> radii;
+    std::vector<double> deviations;
+    for (const Mode & mode : m_modes) {
+        weights.push_back(mode.weight);
+        radii.push_back(mode.radius);
+        deviations.push_back(mode.sigma);
+    }
+    ModelDataContainer model;
+    model.m_type = KeywordList::Keyword(ModelHandler::ModelIdentifier::GAUSS);
+    model.set("GAUSS_MODALITY", KOR::toString(m_modes.size()));
+    model.set("GAUSS_Wi", KOR::joinNumbers(weights));
+    model.set("GAUSS_Ri", KOR::joinNumbers(radii));
+    model.set("GAUSS_Si", KOR::joinNumbers(deviations));
+    return model;
 }
 
 double MrcGAUSS_dpC::value(double pC) const {

@@ -61,6 +61,11 @@ TEST(MrcGauss, IntegralAgreesWithTheClosedForm) {
     for (double pC = 0.1; pC <= 12; pC += 0.1)
         EXPECT_NEAR(mrc.value(pC), gaussContent(pC, 0.3), 0.3 * 1e-6) << pC;
     EXPECT_EQ(MrcGAUSS_dpC().value(5), 0);
+    // The block can be made again from the modes.
+    const ModelDataContainer block = mrc.density().modelData();
+    EXPECT_EQ(block.m_type, "GAUSS");
+    EXPECT_EQ(*block.find("GAUSS_MODALITY"), "2");
+    EXPECT_EQ(block.values("GAUSS_Ri"), model.values("GAUSS_Ri"));
 }
 
 TEST(MrcGauss, BadParametersAreRefused) {

@@ -190,7 +190,15 @@ TEST(MoistureTransport, VaporModels) {
     models.clear();
     models.add(model);
     material.m_moistureTransport[0].setModels(models);
-    EXPECT_FALSE(chainOf([&] { material.prepareCalculation(); }).empty());
+    EXPECT_EQ(chainOf([&] { material.prepareCalculation(); }).front().message,
+              "Model SERIAL_PARALLEL needs the parameter SP_SP above 0 and not above 1.");
+    model.set("SP_SP", "0.5");
+    model.set("SP_pCmax", "much");
+    models.clear();
+    models.add(model);
+    material.m_moistureTransport[0].setModels(models);
+    EXPECT_EQ(chainOf([&] { material.prepareCalculation(); }).front().message,
+              "Expected a number for parameter SP_pCmax of model SERIAL_PARALLEL, got 'much'.");
 }
 
 /// Conductivity from diffusivity: the same flux, whatever drives it.

@@ -24,6 +24,9 @@ public:
     /// Throws the latter, and for a radius or deviation that is not above 0.
     void setData(std::vector<Mode> modes);
 
+    /// The model block that setData takes.
+    ModelDataContainer modelData() const;
+
     const std::vector<Mode> & modes() const { return m_modes; }
     /// [1/decade]
     double value(double pC) const;
