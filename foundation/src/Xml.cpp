@@ -95,7 +95,7 @@ Exception located(const TiXmlElement & element, const Exception & failure) {
 void throwWrapped(const TiXmlElement & element, const ElementTexts & texts, const Exception & failure) {
     const Exception cause = located(element, failure);
     if (texts.wrapping.empty())
-        throw cause;
+        throw Exception(cause);
     throw Exception(cause, std::string(texts.wrapping), std::string(texts.where));
 }
 
@@ -175,7 +175,7 @@ void ElementReader::readChild(const TiXmlElement & child, const Child & row) con
             throw Exception(cause, KOR::text(m_texts.inChildCause, cause.message(), row.name), where);
         if (!m_texts.inChild.empty())
             throw Exception(cause, KOR::text(m_texts.inChild, row.name), where);
-        throw cause;
+        throw Exception(cause);
     }
 }
 

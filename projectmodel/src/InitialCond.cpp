@@ -19,10 +19,10 @@ constexpr const char * VALUE = "Value";
 /// A value that is refused: at or beyond (or only beyond) a limit.
 struct Limit {
     InitialCond::condition_t type;
-    std::string_view unit;
-    double limit;
     bool isUpper;    ///< refuses values above, else below
     bool isIncluded; ///< refuses the limit itself as well
+    double limit;    ///< in unit
+    std::string_view unit;
     std::string_view message;
 
     bool refuses(double value) const {
@@ -34,16 +34,16 @@ struct Limit {
 
 using enum InitialCond::condition_t;
 // clang-format off
-//   type               unit    limit upper  included message
+//   type                upper  incl.  limit unit   message
 constexpr Limit LIMITS[] = {
-    {Temperature,        "C",     -50, false, true,  "Initial condition '%1' has probably an invalid temperature (<= -50 C)."},
-    {Temperature,        "C",     100, true,  true,  "Initial condition '%1' has probably an invalid temperature (>= 100 C)."},
-    {MoistureContent,    "m3/m3", 0,   false, false, "Initial condition '%1' has an invalid volumetric content (< 0 m3/m3)."},
-    {MoistureMass,       "kg/m3", 0,   false, false, "Initial condition '%1' has an invalid mass density (< 0 kg/m3)."},
-    {MoistureMassByMass, "kg/kg", 0,   false, false, "Initial condition '%1' has an invalid mass content (< 0 kg/kg)."},
-    {RelativeHumidity,   "%",     0,   false, false, "Initial condition '%1' has an invalid relative humidity (< 0 %%)."},
-    {RelativeHumidity,   "%",     100, true,  false, "Initial condition '%1' has an invalid relative humidity (> 100 %%)."},
-    {CapillaryPressure,  "Pa",    0,   true,  true,  "Initial condition '%1' has an invalid capillary pressure (>= 0 Pa)."},
+    {Temperature,        false, true,  -50, "C",     "Initial condition '%1' has probably an invalid temperature (<= -50 C)."},
+    {Temperature,        true,  true,  100, "C",     "Initial condition '%1' has probably an invalid temperature (>= 100 C)."},
+    {MoistureContent,    false, false, 0,   "m3/m3", "Initial condition '%1' has an invalid volumetric content (< 0 m3/m3)."},
+    {MoistureMass,       false, false, 0,   "kg/m3", "Initial condition '%1' has an invalid mass density (< 0 kg/m3)."},
+    {MoistureMassByMass, false, false, 0,   "kg/kg", "Initial condition '%1' has an invalid mass content (< 0 kg/kg)."},
+    {RelativeHumidity,   false, false, 0,   "%",     "Initial condition '%1' has an invalid relative humidity (< 0 %%)."},
+    {RelativeHumidity,   true,  false, 100, "%",     "Initial condition '%1' has an invalid relative humidity (> 100 %%)."},
+    {CapillaryPressure,  true,  true,  0,   "Pa",    "Initial condition '%1' has an invalid capillary pressure (>= 0 Pa)."},
 };
 // clang-format on
 

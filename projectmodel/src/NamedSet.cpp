@@ -12,7 +12,7 @@ namespace {
                                     const KOR::Exception & failure) {
     const KOR::Exception cause = KOR::xml::located(element, failure);
     if (texts.invalidValue.empty())
-        throw cause;
+        throw KOR::Exception(cause);
     throw KOR::Exception(cause, KOR::text(texts.invalidValue, readName(element)), std::string(texts.where));
 }
 
@@ -39,7 +39,7 @@ std::string readName(const TiXmlElement & element) {
 void throwUnknownName(const TiXmlElement & element, const NamedValueTexts & texts, const KOR::Exception & failure) {
     const KOR::Exception cause = KOR::xml::located(element, failure);
     if (texts.unknownName.empty())
-        throw cause;
+        throw KOR::Exception(cause);
     throw KOR::Exception(cause, KOR::text(texts.unknownName, readName(element)), std::string(texts.where));
 }
 

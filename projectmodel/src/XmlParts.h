@@ -35,7 +35,7 @@ Enum keyword(const TiXmlElement & at, std::string_view word, std::string_view me
     } catch (const KOR::Exception & ex) {
         const KOR::Exception cause = KOR::xml::located(at, ex);
         if (message.empty())
-            throw cause;
+            throw KOR::Exception(cause);
         throw KOR::Exception(cause, KOR::text(message, word), std::string(where));
     }
 }

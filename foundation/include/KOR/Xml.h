@@ -96,7 +96,7 @@ public:
     void children(std::span<const Child> rows) const;
     void children(std::initializer_list<Child> rows) const { children(std::span(rows.begin(), rows.size())); }
     /// Throws the message with the element's line and the reader's identifier.
-    [[noreturn]] void fail(std::string message) const { fail(m_element, std::move(message)); }
+    [[noreturn]] void fail(const std::string & message) const { fail(m_element, message); }
     [[noreturn]] void fail(const TiXmlElement & at, const std::string & message) const;
 
 private:
