@@ -105,7 +105,7 @@ void HygMainWindow::setUpViews() {
     addView(Start, m_startView);
     connect(m_ui->navigationBar, &HygNavigationBar::selected, this,
             [this](int id) { showView(static_cast<view_t>(id)); });
-    connect(m_startView, &HygStartView::newProjectRequested, this, &HygMainWindow::newProjectRequested);
+    connect(m_startView, &HygStartView::newProjectRequested, this, &HygMainWindow::chooseNewProject);
     connect(m_startView, &HygStartView::chooseProjectRequested, this, &HygMainWindow::chooseProject);
     connect(m_startView, &HygStartView::openProjectRequested, this, &HygMainWindow::openProject);
     connect(m_startView, &HygStartView::removeRecentRequested, this,
@@ -142,10 +142,10 @@ void HygMainWindow::setUpActions() {
         void (HygMainWindow::*slot)();
     };
     const ActionRow rows[] = {
-        {m_ui->actionNew,         "new",         &HygMainWindow::newProjectRequested},
-        {m_ui->actionOpen,        "open",        &HygMainWindow::chooseProject      },
-        {m_ui->actionPreferences, "preferences", &HygMainWindow::showPreferences    },
-        {m_ui->actionOpenLogFile, "logfile",     &HygMainWindow::openLogFile        },
+        {m_ui->actionNew,         "new",         &HygMainWindow::chooseNewProject},
+        {m_ui->actionOpen,        "open",        &HygMainWindow::chooseProject   },
+        {m_ui->actionPreferences, "preferences", &HygMainWindow::showPreferences },
+        {m_ui->actionOpenLogFile, "logfile",     &HygMainWindow::openLogFile     },
     };
     for (const ActionRow & row : rows) {
         row.action->setIcon(HygIconEngine::icon(QLatin1String(row.icon)));
@@ -252,6 +252,30 @@ void HygMainWindow::chooseProject() {
         return;
     m_settings.m_lastFileOpenDirectory = QFileInfo(path).absolutePath();
     openProject(path);
+}
+
+void HygMainWindow::chooseNewProject() {
+    QFileDialog dialog(this, tr("New project"), m_settings.m_lastFileOpenDirectory,
+                       tr("Hygrion projects (*.%1)").arg(QLatin1String(PROJECT_SUFFIX)));
+    dialog.setObjectName(QStringLiteral("newProjectDialog"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QLatin1String(PROJECT_SUFFIX));
+    dialog.setOption(QFileDialog::DontUseNativeDialog, m_settings.m_dontUseNativeDialogs);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    const QString path = dialog.selectedFiles().constFirst();
+    m_settings.m_lastFileOpenDirectory = QFileInfo(path).absolutePath();
+    emit newProjectRequested(path);
+}
+
+void HygMainWindow::setProjectFile(const QString & path) {
+    m_projectFile = path;
+    if (!path.isEmpty()) {
+        m_settings.addRecentProject(path);
+        m_settings.writeOrLog();
+        updateRecentProjects();
+    }
+    updateTitle();
 }
 
 void HygMainWindow::removeRecent(const QStringList & paths) {

@@ -40,12 +40,14 @@ public:
     /// Takes the file as the window's project and puts it on top of the recent ones, then asks for it to be read.
     /// A file that is missing is named in the message bar. Returns whether the file is there.
     bool openProject(const QString & path);
+    /// The project that is open now, for title and status bar; none if empty.
+    void setProjectFile(const QString & path);
     /// A message that stays in view until the user closes it.
     void showProblem(const QString & text);
 
 signals:
     /// Who handles projects connects here; what nobody is connected to is not offered.
-    void newProjectRequested();
+    void newProjectRequested(const QString & path);
     void openProjectRequested(const QString & path);
 
 protected:
@@ -66,6 +68,7 @@ private:
     void updateTitle();
     void updateBadge();
     void chooseProject();
+    void chooseNewProject();
     void removeRecent(const QStringList & paths);
     void showMessages(bool on);
     void setFullScreen(bool on);

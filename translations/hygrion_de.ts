@@ -276,6 +276,10 @@
         <source>Preferences</source>
         <translation>Einstellungen</translation>
     </message>
+    <message>
+        <source>New project</source>
+        <translation>Neues Projekt</translation>
+    </message>
 </context>
 <context>
     <name>HygMessageBar</name>
@@ -698,6 +702,13 @@
     <message>
         <source>Remove all missing files from this list</source>
         <translation>Alle fehlenden Dateien aus dieser Liste entfernen</translation>
+    </message>
+</context>
+<context>
+    <name>HygProjectHandler</name>
+    <message>
+        <source>Cannot write the new project &apos;%1&apos;.</source>
+        <translation>Das neue Projekt &apos;%1&apos; kann nicht geschrieben werden.</translation>
     </message>
 </context>
 <context>

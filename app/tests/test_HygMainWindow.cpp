@@ -16,6 +16,7 @@
 #include <QAction>
 #include <QDir>
 #include <QDockWidget>
+#include <QFileDialog>
 #include <QLabel>
 #include <QListView>
 #include <QMenu>
@@ -135,8 +136,19 @@ TEST_F(HygMainWindowTest, OffersOnlyWhatIsAnswered) {
     QTest::keyClick(&examples, Qt::Key_Return);
     ASSERT_EQ(opened->size(), 2);
     EXPECT_TRUE(opened->last()[0].toString().endsWith("examples/Flat roof.h6p"));
+    // "New" asks for a place; the suffix is added. The native dialogs of a platform cannot be driven.
+    m_settings.m_dontUseNativeDialogs = true;
+    QTimer::singleShot(50, &window(), [this] {
+        auto * dialog = window().findChild<QFileDialog *>("newProjectDialog");
+        ASSERT_NE(dialog, nullptr);
+        dialog->setDirectory(m_directory.path());
+        dialog->selectFile("Attic");
+        QMetaObject::invokeMethod(dialog, "accept");
+    });
     QTest::mouseClick(&find<QAbstractButton>("startNew"), Qt::LeftButton);
-    EXPECT_EQ(created->size(), 1);
+    ASSERT_EQ(created->size(), 1);
+    EXPECT_EQ(created->last()[0].toString(), m_directory.filePath("Attic.h6p"));
+    EXPECT_EQ(m_settings.m_lastFileOpenDirectory, m_directory.path());
 
     opened.reset();
     created.reset();
