@@ -10,6 +10,7 @@ namespace {
 constexpr CMD::AddCommands FAMILIES[] = {
     CMD::addClimate,
     CMD::addMaterial,
+    CMD::addProject,
     CMD::addUnits,
 };
 

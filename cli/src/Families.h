@@ -7,6 +7,7 @@ namespace CMD {
 
 void addClimate(Commands & program);
 void addMaterial(Commands & program);
+void addProject(Commands & program);
 void addUnits(Commands & program);
 
 } // namespace CMD
