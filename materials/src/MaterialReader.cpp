@@ -23,6 +23,10 @@ constexpr std::string_view MAGIC_ASCII = "H6MA";
 constexpr std::string_view MAGIC_BINARY = "H6MB";
 constexpr std::size_t HEADER_SIZE = 16;
 
+/// Lines of a section, measured data apart: far more than there are keywords and functions, few enough to be warned
+/// about one by one.
+constexpr std::size_t MAX_LINES = 10'000;
+
 /// A version field of the header: the first of four characters is decoration, the rest is a number.
 int versionField(std::string_view field) {
     const auto number = KOR::parseInteger<int>(field.substr(1));
@@ -54,6 +58,8 @@ template <typename Sections> struct SectionLines {
     std::span<const std::string_view> lines;
 };
 
+constexpr std::string_view MEASURED = "MEASURED_DATA";
+
 /// Cuts the lines at the section lines. What stands before the first one is given back in \p head.
 template <typename Sections>
 std::vector<SectionLines<Sections>> splitSections(std::span<const std::string_view> lines,
@@ -76,6 +82,13 @@ std::vector<SectionLines<Sections>> splitSections(std::span<const std::string_vi
         begin = i + 1;
     }
     close(lines.size());
+    for (const auto & [section, content] : sections)
+        if (content.size() > MAX_LINES && KeywordList::Keyword(section) != MEASURED)
+            throw KOR::Exception(
+                KOR::text("Section '%1' has more than %2 lines.", KeywordList::Keyword(section), MAX_LINES),
+                READ_ASCII);
+    if (head.size() > MAX_LINES)
+        throw KOR::Exception(KOR::text("More than %1 lines before the first section.", MAX_LINES), READ_ASCII);
     return sections;
 }
 

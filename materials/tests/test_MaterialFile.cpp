@@ -354,6 +354,19 @@ TEST(MaterialFile, FunctionsThatCouldNotBeReadAreNotWritten) {
     EXPECT_EQ(chain[0].where, "[MoistureStorage::write]");
 }
 
+TEST(MaterialFile, EndlessSectionsAreRefusedBeforeTheyAreRead) {
+    Warnings log;
+    std::string lines;
+    for (int i = 0; i < 10'001; ++i)
+        lines += "FOO = 1\n";
+    EXPECT_EQ(chainOf([&] { materialFrom(identification(lines)); }).front().message,
+              "Section 'IDENTIFICATION' has more than 10000 lines.");
+    EXPECT_EQ(chainOf([&] { materialFrom("NAME = x\n" + lines, "a.mat"); }).front().message,
+              "More than 10000 lines before the first section.");
+    EXPECT_THAT(log.m_warnings, IsEmpty());
+    EXPECT_EQ(materialFrom(section("MEASURED_DATA", lines)).m_measuredData.m_lines.size(), 10'001U);
+}
+
 TEST(MaterialFile, TooManyValuesAreRefusedBeforeTheyAreRead) {
     std::string line;
     for (int i = 0; i < 2'000'000; ++i)
