@@ -29,6 +29,7 @@ Exception::Exception(std::string message, std::string where) : m_what(message) {
 }
 
 Exception::Exception(const Exception & cause, std::string message, std::string where)
+    // NOLINTNEXTLINE(bugprone-throw-keyword-missing): a vector of entries, taken for an exception by its name
     : m_chain(cause.m_chain), m_what(message + '\n' + cause.m_what) {
     m_chain.push_back({std::move(message), std::move(where)});
 }
