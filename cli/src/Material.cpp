@@ -10,9 +10,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <iterator>
 #include <filesystem>
 #include <iomanip>
+#include <iterator>
 #include <ostream>
 
 namespace CMD {
