@@ -90,13 +90,17 @@ GeoFile::Element parseRecord(std::string_view line, bool is3D, const char * faul
 template <typename Record>
 void printRecords(std::string & out, const std::vector<Record> & records, std::uint32_t Record::*last, bool is3D) {
     for (const Record & record : records) {
-        out += KOR::toString(record.number) + ' ' + KOR::toString(record.x) + ' ' + KOR::toString(record.y);
+        const auto add = [&out](const std::string & number) { out.append(number).append(1, ' '); };
+        add(KOR::toString(record.number));
+        add(KOR::toString(record.x));
+        add(KOR::toString(record.y));
         if (is3D)
-            out += ' ' + KOR::toString(record.z);
-        out += ' ' + KOR::toString(record.i) + ' ' + KOR::toString(record.j);
+            add(KOR::toString(record.z));
+        add(KOR::toString(record.i));
+        add(KOR::toString(record.j));
         if (is3D)
-            out += ' ' + KOR::toString(record.k);
-        out += ' ' + KOR::toString(record.*last) + '\n';
+            add(KOR::toString(record.k));
+        out.append(KOR::toString(record.*last)).append(1, '\n');
     }
 }
 
@@ -153,7 +157,12 @@ std::string printGeoText(const GeoText & geometry) {
             colour += HEX[(material.colour >> shift) & 0xF];
         std::string name = material.name;
         std::replace(name.begin(), name.end(), '\n', ' ');
-        out += KOR::toString(material.id) + ' ' + colour + ' ' + name + '\n';
+        out.append(KOR::toString(material.id))
+            .append(1, ' ')
+            .append(colour)
+            .append(1, ' ')
+            .append(name)
+            .append(1, '\n');
     }
     out += "\nGRID\n";
     for (std::size_t d = 0; d < 3; ++d)
