@@ -163,6 +163,8 @@ void writeFile(const std::string & path, std::string_view content) {
     }
     struct stat status {};
     const bool exists = ::stat(target.c_str(), &status) == 0;
+    if (!exists && errno != ENOENT) // nothing is known about what would be replaced
+        throw Exception(text("Cannot write file '%1': %2", path, reason()), "[KOR::writeFile]");
     if (exists && !S_ISREG(status.st_mode))
         throw Exception(text("'%1' is not a regular file.", path), "[KOR::writeFile]");
     if (exists && ::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0)

@@ -4,8 +4,10 @@
 
 #include <gmock/gmock.h>
 
+#include <cerrno>
 #include <csignal>
 #include <fstream>
+#include <system_error>
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -42,6 +44,11 @@ std::vector<std::string> names(const fs::path & directory) {
         result.push_back(entry.path().filename().string());
     std::sort(result.begin(), result.end());
     return result;
+}
+
+/// The system's own words, in the user's language.
+std::string reason(int error) {
+    return std::generic_category().message(error);
 }
 
 /// What the failure says about a save that must not succeed.
@@ -129,9 +136,9 @@ TEST(WriteFile, TellsWhyItMayNotWrite) {
     fs::permissions(locked, static_cast<fs::perms>(0555));
     {
         const OrdinaryUser user;
-        EXPECT_THAT(refusal(locked + "/file"), testing::EndsWith(": Permission denied"));
-        EXPECT_THAT(refusal(locked + "/new"), testing::EndsWith(": Permission denied"));
-        EXPECT_EQ(refusal(readOnly), "Cannot write file '" + readOnly + "': Permission denied");
+        EXPECT_THAT(refusal(locked + "/file"), testing::EndsWith(": " + reason(EACCES)));
+        EXPECT_THAT(refusal(locked + "/new"), testing::EndsWith(": " + reason(EACCES)));
+        EXPECT_EQ(refusal(readOnly), "Cannot write file '" + readOnly + "': " + reason(EACCES));
     }
     fs::permissions(locked, static_cast<fs::perms>(0755));
     EXPECT_EQ(content(locked + "/file"), "old");
@@ -151,7 +158,7 @@ TEST(WriteFile, LimitOfTheFileSizeLeavesTheOldFile) {
         ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
         const auto ex = caught([&] { KOR::writeFile(file, std::string(100000, 'x')); });
         setrlimit(RLIMIT_FSIZE, &before);
-        EXPECT_THAT(ex.message(), testing::EndsWith(": File too large"));
+        EXPECT_THAT(ex.message(), testing::EndsWith(": " + reason(EFBIG)));
         EXPECT_EQ(content(file), "old");
         EXPECT_EQ(names(directory.path), std::vector<std::string>{"file"});
     }
@@ -179,7 +186,7 @@ TEST(WriteFile, FullDiskNeverTearsTheFile) {
             EXPECT_EQ(content(file), newText) << level;
         } catch (const KOR::Exception & ex) {
             ++refused;
-            EXPECT_THAT(ex.message(), testing::EndsWith(": No space left on device"));
+            EXPECT_THAT(ex.message(), testing::EndsWith(": " + reason(ENOSPC)));
             EXPECT_EQ(content(file), oldText) << level;
         }
         EXPECT_EQ(names(disk), (std::vector<std::string>{"file", "filler"}));
@@ -257,11 +264,11 @@ TEST(ReadFile, ReadsRegularFilesWithinTheirBound) {
         std::string path, message;
     };
     const Row rows[] = {
-        {large,                   "File '" + large + "' is larger than 64 MiB."                                 },
-        {fifo,                    "'" + fifo + "' is not a regular file."                                       },
-        {directory.path.string(), "'" + directory.path.string() + "' is not a regular file."                    },
-        {directory.file("none"),  "Cannot open file '" + directory.file("none") + "': No such file or directory"},
-        {"",                      "Cannot open file '': No such file or directory"                              },
+        {large,                   "File '" + large + "' is larger than 64 MiB."                         },
+        {fifo,                    "'" + fifo + "' is not a regular file."                               },
+        {directory.path.string(), "'" + directory.path.string() + "' is not a regular file."            },
+        {directory.file("none"),  "Cannot open file '" + directory.file("none") + "': " + reason(ENOENT)},
+        {"",                      "Cannot open file '': " + reason(ENOENT)                              },
     };
     for (const Row & row : rows) {
         const auto ex = caught([&] { KOR::readFile(row.path, 64 * MIB); });
