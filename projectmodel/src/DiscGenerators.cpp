@@ -150,9 +150,11 @@ void Disc::singleSidedDisc(double width, double minStep, double stretch, std::ve
     checkGeometric(width, minStep, stretch);
     steps.clear();
     double rest = width;
-    for (double dx = minStep; rest > dx; dx *= stretch) {
+    double dx = minStep;
+    while (rest > dx) {
         append(steps, dx);
         rest -= dx;
+        dx *= stretch;
     }
     // Equal cells at the end, out of the rest and as many of the last cells as are wider than their mean.
     double mean = rest / 2;
