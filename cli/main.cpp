@@ -2,6 +2,8 @@
 #include "src/Program.h"
 
 #include <algorithm>
+#include <cstdio>
+#include <exception>
 #include <iostream>
 
 namespace {
@@ -17,5 +19,13 @@ constexpr CMD::AddCommands FAMILIES[] = {
 } // namespace
 
 int main(int argc, char ** argv) {
-    return CMD::run({argv + std::min(argc, 1), argv + argc}, FAMILIES, std::cout, std::cerr);
+    try {
+        return CMD::run({argv + std::min(argc, 1), argv + argc}, FAMILIES, std::cout, std::cerr);
+    } catch (
+        const std::exception & ex) { // commands report their own failures; this is memory that ran out before or after
+        std::fputs("hygrion-cli: ", stderr);
+        std::fputs(ex.what(), stderr);
+        std::fputs("\n", stderr);
+    }
+    return 1;
 }
