@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
 #include <iostream>
 
@@ -15,6 +16,14 @@ constexpr CMD::AddCommands FAMILIES[] = {
     CMD::addProject,
     CMD::addUnits,
 };
+
+/// Tables are made before main begins; memory that runs out there must end with a message, too.
+[[gnu::constructor(101)]] void endCleanly() {
+    std::set_terminate([] {
+        std::fputs("hygrion-cli: cannot go on, probably out of memory.\n", stderr);
+        std::_Exit(1);
+    });
+}
 
 } // namespace
 
