@@ -1,5 +1,8 @@
 #include <KOR/Strings.h>
 
+#include <cstdint>
+#include <cstring>
+
 namespace KOR {
 
 std::string_view trimmed(std::string_view text, std::string_view blanks) {
@@ -47,8 +50,17 @@ std::string replaced(std::string text, std::string_view what, std::string_view w
 
 std::size_t validUtf8Length(std::string_view text) {
     const auto byte = [&text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+    const auto isAscii = [&text](std::size_t i) {
+        std::uint64_t eight = 0;
+        std::memcpy(&eight, text.data() + i, sizeof(eight));
+        return (eight & 0x8080808080808080) == 0;
+    };
     std::size_t i = 0;
     while (i < text.size()) {
+        while (i + 8 <= text.size() && isAscii(i)) // most of most files
+            i += 8;
+        if (i == text.size())
+            break;
         const unsigned char lead = byte(i);
         if (lead < 0x80) {
             ++i;
