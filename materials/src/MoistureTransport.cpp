@@ -186,6 +186,7 @@ void MoistureTransport::deriveConductivity(const Material & material) {
     knots = merged(std::move(knots), 1e-9 * storage.saturation());
     knots.back() = storage.saturation();
     std::vector<double> values;
+    values.reserve(knots.size());
     for (const double content : knots)
         values.push_back(std::max(logarithm(content), values.empty() ? LG_NOTHING : values.back()));
     preparedFunction(Functions::lgKl_Theta_l) = KOR::LinearSpline(knots, values);

@@ -36,8 +36,8 @@ double MrcGAUSS::integral(double a, double b) const {
     table[0] = last;
     for (std::size_t k = 1; k <= MAX_HALVINGS; ++k) {
         step /= 2;
-        for (double t = -1 + step; t < 1; t += 2 * step)
-            sum += integrand(t);
+        for (std::size_t i = 0; i < std::size_t{1} << k; ++i)
+            sum += integrand(-1 + (1 + 2 * static_cast<double>(i)) * step);
         double below = table[0];
         table[0] = scale * step * sum;
         double factor = 1;

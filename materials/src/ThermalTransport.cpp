@@ -88,12 +88,12 @@ void ThermalTransport::write(std::ostream & out, std::size_t indent, int directi
 }
 
 double ThermalTransport::lambda(double content, double temperature, double iceContent) const {
-    const double states[] = {content, temperature, iceContent};
-    double lambda = m_dry;
-    for (std::size_t i = 0; i < m_prepared.size(); ++i)
-        if (!m_prepared[i].empty())
-            lambda += m_prepared[i].value(states[i]) - m_dry;
-    return lambda;
+    const auto added = [this](Functions which, double state) {
+        const KOR::LinearSpline & spline = prepared(which);
+        return spline.empty() ? 0 : spline.value(state) - m_dry;
+    };
+    return m_dry + added(Functions::lambda_Theta_l, content) + added(Functions::lambda_T, temperature) +
+           added(Functions::lambda_Theta_ice, iceContent);
 }
 
 } // namespace MM
