@@ -157,6 +157,36 @@ double CvodeIntegrator::step(double limit) {
     return m_work->time;
 }
 
+void CvodeIntegrator::interpolate(double time, std::span<double> state) const {
+    N_Vector values = N_VNew_Serial(static_cast<sunindextype>(state.size()), m_work->context.get());
+    const int flag = CVodeGetDky(m_work->cvode, time, 0, values);
+    std::copy_n(vectorValues(values).begin(), state.size(), state.begin());
+    N_VDestroy(values);
+    m_work->check(flag, "[CvodeIntegrator::interpolate]");
+}
+
+std::size_t CvodeIntegrator::limitingUnknown() const {
+    std::vector<double> errors(state().size());
+    const auto n = static_cast<sunindextype>(errors.size());
+    N_Vector local = N_VMake_Serial(n, errors.data(), m_work->context.get());
+    N_Vector weights = N_VNew_Serial(n, m_work->context.get());
+    std::size_t worst = errors.size();
+    if (CVodeGetEstLocalErrors(m_work->cvode, local) == CV_SUCCESS &&
+        CVodeGetErrWeights(m_work->cvode, weights) == CV_SUCCESS) {
+        double largest = 0;
+        for (std::size_t i = 0; i < errors.size(); ++i) {
+            const double error = std::fabs(errors[i] * vectorValues(weights)[i]);
+            if (error > largest) {
+                largest = error;
+                worst = i;
+            }
+        }
+    }
+    N_VDestroy(local);
+    N_VDestroy(weights);
+    return worst;
+}
+
 void CvodeIntegrator::restart() {
     m_work->before = statistics();
     m_work->check(CVodeReInit(m_work->cvode, m_work->time, m_work->state.get()), "[CvodeIntegrator::restart]");

@@ -184,8 +184,8 @@ Arrival arrival(const SurfaceLoad & load, const HalfCell::Flux & f, double T, do
     in.water = in.vapor + liquid;
     in.waterByT = vaporByT;
     in.waterByPhi = vaporByPhi;
-    in.heat = load.heatTransfer * (load.airTemperature - T) + load.heatFlux - emitted * T + latent * in.vapor +
-              liquid * C_WATER * (load.waterTemperature - T);
+    in.heat = load.heatTransfer * (load.airTemperature - T) + load.heatFlux + load.shortWave + load.longWave -
+              emitted * T + latent * in.vapor + liquid * C_WATER * (load.waterTemperature - T);
     in.heatByT = -load.heatTransfer - 4 * emitted + latent * vaporByT - liquid * C_WATER;
     in.heatByPhi = latent * vaporByPhi;
     return in;

@@ -14,7 +14,8 @@ Model::Model(ModelInput input)
     : m_input(std::move(input)), m_unknowns(m_input.module == module_t::heatAndMoisture ? 2 : 1),
       m_hasHeat(m_input.module != module_t::moisture), m_hasMoisture(m_input.module != module_t::heat),
       m_cells(m_input.cells.size()), m_intervals(m_input.cells.size(), 0), m_faceFluxes(m_input.faces.size()),
-      m_surfaceStates(m_input.surfaces.size()), m_loads(m_input.surfaces.size()), m_neighbours(m_input.cells.size()) {
+      m_surfaceStates(m_input.surfaces.size()), m_loads(m_input.surfaces.size()),
+      m_cellLoads(m_input.loadedCells.size()), m_neighbours(m_input.cells.size()) {
     for (std::uint32_t c = 0; c < m_cells.size(); ++c) {
         const ModelInput::Cell & cell = m_input.cells[c];
         const MaterialTable & table = m_input.materials.at(cell.material);
@@ -147,7 +148,7 @@ void Model::evaluateSurfaces() {
 
 bool Model::rightHandSide(double time, std::span<const double> state, std::span<double> derivative) {
     if (m_input.climate)
-        m_input.climate(time, m_loads);
+        m_input.climate(time, {m_loads, m_cellLoads});
     evaluateCells(state);
     evaluateFaces();
     evaluateSurfaces();

@@ -27,11 +27,11 @@ TEST(Benchmarks, IsothermalDryingFollowsTheExactSeries) {
         widths, {constantDiffusivity()}, [](double) { return 0u; }, T_REF,
         [](std::uint32_t) { return suctionAt(0.95); });
     input.module = module_t::moisture;
-    input.climate = [](double, std::span<SurfaceLoad> loads) {
-        for (SurfaceLoad & load : loads)
+    input.climate = [](double, ModelInput::Loads loads) {
+        for (SurfaceLoad & load : loads.surfaces)
             load.vaporTransfer = 1e-3;
-        loads[0].vaporPressure = 0.45 * saturationPressure(T_REF);
-        loads[1].vaporPressure = 0.65 * saturationPressure(T_REF);
+        loads.surfaces[0].vaporPressure = 0.45 * saturationPressure(T_REF);
+        loads.surfaces[1].vaporPressure = 0.65 * saturationPressure(T_REF);
     };
     Model model(input);
     CvodeIntegrator integrator(model, {}, 0, model.initialState());
@@ -105,10 +105,10 @@ TEST(Benchmarks, UptakeInAHalfSpaceStaysInTheBandsOfTheStandard) {
     ModelInput input = wall(
         widths, {loadBearing()}, [](double) { return 0u; }, T_REF, [](std::uint32_t) { return suctionAt(0.5); });
     input.useReferenceTemperature = true;
-    input.climate = [](double, std::span<SurfaceLoad> loads) {
-        loads[0].hasTemperature = loads[0].hasSuction = true;
-        loads[0].airTemperature = 303.15;
-        loads[0].suction = suctionAt(0.95);
+    input.climate = [](double, ModelInput::Loads loads) {
+        loads.surfaces[0].hasTemperature = loads.surfaces[0].hasSuction = true;
+        loads.surfaces[0].airTemperature = 303.15;
+        loads.surfaces[0].suction = suctionAt(0.95);
     };
     Model model(input);
     CvodeIntegrator integrator(model, {}, 0, model.initialState());
@@ -167,10 +167,10 @@ TEST(Benchmarks, HeatInASquareColumnMatchesThePublishedTemperatures) {
             if (j == NY - 1)
                 surface(0, 1);
         }
-    input.climate = [&surfaceTemperature](double, std::span<SurfaceLoad> loads) {
-        for (std::size_t s = 0; s < loads.size(); ++s) {
-            loads[s].hasTemperature = true;
-            loads[s].airTemperature = surfaceTemperature[s];
+    input.climate = [&surfaceTemperature](double, ModelInput::Loads loads) {
+        for (std::size_t s = 0; s < loads.surfaces.size(); ++s) {
+            loads.surfaces[s].hasTemperature = true;
+            loads.surfaces[s].airTemperature = surfaceTemperature[s];
         }
     };
     for (const linearSolver_t solver : {linearSolver_t::sparse, linearSolver_t::gmres, linearSolver_t::bicgstab}) {
@@ -240,19 +240,19 @@ TEST(Benchmarks, InsulatedRoofStaysInTheBandOfTheParticipants) {
                                  : 5000 * std::sqrt(std::pow(900 / 0.065, 2) - 1);
         });
     input.useReferenceTemperature = true;
-    input.climate = [&climate](double time, std::span<SurfaceLoad> loads) {
+    input.climate = [&climate](double time, ModelInput::Loads loads) {
         const double hour = std::fmod(time / 3600, 8760);
         const auto i = static_cast<std::size_t>(hour);
         const double share = hour - static_cast<double>(i);
         const auto between = [&](double Hour::*value) {
             return (1 - share) * climate[i].*value + share * climate[std::min<std::size_t>(i + 1, 8760)].*value;
         };
-        loads[0].heatTransfer = 25;
-        loads[0].airTemperature = between(&Hour::exteriorTemperature);
-        loads[1].heatTransfer = 7;
-        loads[1].airTemperature = T_ZERO + 20;
-        loads[1].vaporTransfer = 2e-8;
-        loads[1].vaporPressure = between(&Hour::interiorVapor);
+        loads.surfaces[0].heatTransfer = 25;
+        loads.surfaces[0].airTemperature = between(&Hour::exteriorTemperature);
+        loads.surfaces[1].heatTransfer = 7;
+        loads.surfaces[1].airTemperature = T_ZERO + 20;
+        loads.surfaces[1].vaporTransfer = 2e-8;
+        loads.surfaces[1].vaporPressure = between(&Hour::interiorVapor);
     };
     struct Band {
         double hour;

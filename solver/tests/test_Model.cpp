@@ -56,9 +56,9 @@ TEST(Model, SteadyHeatThroughLayersIsExact) {
             [](std::uint32_t) { return 1e7; });
         input.module = module_t::heat;
         input.faces[2].contact.heat = resistance;
-        input.climate = [](double, std::span<SurfaceLoad> loads) {
-            loads[0] = {.heatTransfer = 25, .airTemperature = 263.15};
-            loads[1] = {.heatTransfer = 8, .airTemperature = 293.15};
+        input.climate = [](double, ModelInput::Loads loads) {
+            loads.surfaces[0] = {.heatTransfer = 25, .airTemperature = 263.15};
+            loads.surfaces[1] = {.heatTransfer = 8, .airTemperature = 293.15};
         };
         Model model(input);
         CvodeIntegrator integrator(model, {}, 0, model.initialState());
@@ -83,9 +83,9 @@ TEST(Model, SteadyVaporThroughLayersAndAFoilIsExact) {
     constexpr double FOIL = 2e11; // [m/s]
     input.faces[9].contact = {.vapor = FOIL, .blocksLiquid = true};
     const double pv[] = {0.4 * saturationPressure(T_REF), 0.7 * saturationPressure(T_REF)};
-    input.climate = [&pv](double, std::span<SurfaceLoad> loads) {
-        loads[0] = {.vaporTransfer = 1e-8, .vaporPressure = pv[0]};
-        loads[1] = {.vaporTransfer = 2e-8, .vaporPressure = pv[1]};
+    input.climate = [&pv](double, ModelInput::Loads loads) {
+        loads.surfaces[0] = {.vaporTransfer = 1e-8, .vaporPressure = pv[0]};
+        loads.surfaces[1] = {.vaporTransfer = 2e-8, .vaporPressure = pv[1]};
     };
     Model model(input);
     CvodeIntegrator integrator(model, {}, 0, model.initialState());
@@ -105,16 +105,16 @@ TEST(Model, BalancesOfWaterAndHeatClose) {
         [](std::uint32_t) { return suctionAt(0.8); });
     // The surfaces' fluxes are integrated by cells of their own kind: two more unknown pairs would blur the test,
     // so the mean of begin and end of small steps is taken.
-    input.climate = [](double time, std::span<SurfaceLoad> loads) {
+    input.climate = [](double time, ModelInput::Loads loads) {
         const double angle = time / 86400 * 6.283185307;
-        loads[0] = {.heatTransfer = 17,
-                    .airTemperature = 278 + 8 * std::sin(angle),
-                    .heatFlux = 100,
-                    .vaporTransfer = 7e-8,
-                    .vaporPressure = 700,
-                    .rain = 5e-5,
-                    .waterTemperature = 279};
-        loads[1] = {.heatTransfer = 8, .airTemperature = 293, .vaporTransfer = 2.5e-8, .vaporPressure = 1300};
+        loads.surfaces[0] = {.heatTransfer = 17,
+                             .airTemperature = 278 + 8 * std::sin(angle),
+                             .heatFlux = 100,
+                             .vaporTransfer = 7e-8,
+                             .vaporPressure = 700,
+                             .rain = 5e-5,
+                             .waterTemperature = 279};
+        loads.surfaces[1] = {.heatTransfer = 8, .airTemperature = 293, .vaporTransfer = 2.5e-8, .vaporPressure = 1300};
     };
     Model model(input);
     IntegratorSettings settings;
@@ -176,8 +176,8 @@ TEST(Model, SymmetricTwoDimensionalSetUpStaysSymmetric) {
             if (j == 0)
                 input.surfaces.push_back({cell, H, H / 2, 1});
         }
-    input.climate = [](double, std::span<SurfaceLoad> loads) {
-        for (SurfaceLoad & load : loads)
+    input.climate = [](double, ModelInput::Loads loads) {
+        for (SurfaceLoad & load : loads.surfaces)
             load = {.heatTransfer = 8, .airTemperature = 293, .vaporTransfer = 2.5e-8, .vaporPressure = 1900};
     };
     std::vector<double> first;
@@ -224,8 +224,9 @@ TEST(Model, IsOfSecondOrderInSpace) {
         const std::vector<double> widths(cells, 0.2 / static_cast<double>(cells));
         ModelInput input = wall(
             widths, {loadBearing()}, [](double) { return 0u; }, 293.15, [](std::uint32_t) { return suctionAt(0.6); });
-        input.climate = [](double, std::span<SurfaceLoad> loads) {
-            loads[0] = {.heatTransfer = 5, .airTemperature = 303.15, .vaporTransfer = 1e-9, .vaporPressure = 3000};
+        input.climate = [](double, ModelInput::Loads loads) {
+            loads.surfaces[0] = {
+                .heatTransfer = 5, .airTemperature = 303.15, .vaporTransfer = 1e-9, .vaporPressure = 3000};
         };
         Model model(input);
         IntegratorSettings settings;
@@ -245,8 +246,8 @@ TEST(Model, IsOfSecondOrderInSpace) {
 TEST(Model, ReportsStatesThatAreNotFinite) {
     ModelInput input = wall(
         {0.1, 0.1}, {loadBearing()}, [](double) { return 0u; }, 293, [](std::uint32_t) { return 1e7; });
-    input.climate = [](double time, std::span<SurfaceLoad> loads) {
-        loads[0] = {.heatTransfer = time > 100 ? std::nan("") : 10, .airTemperature = 293};
+    input.climate = [](double time, ModelInput::Loads loads) {
+        loads.surfaces[0] = {.heatTransfer = time > 100 ? std::nan("") : 10, .airTemperature = 293};
     };
     Model model(input);
     CvodeIntegrator integrator(model, {}, 0, model.initialState());

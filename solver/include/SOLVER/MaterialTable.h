@@ -1,7 +1,9 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -9,12 +11,23 @@ namespace SOLVER {
 
 /// What the balances need to know about a material: functions of pC = log10(suction / Pa), at T_REF.
 struct MaterialFunctions {
+    using Function = std::function<double(double)>;
     std::string name;
-    double heatCapacity = 1e6;                         ///< of the dry material [J/m3K]
-    std::function<double(double)> moisture;            ///< moisture mass density [kg/m3], falling with pC
-    std::function<double(double)> liquidConductivity;  ///< on the gradient of suction [s]
-    std::function<double(double)> vaporPermeability;   ///< on the gradient of vapour pressure [s]
-    std::function<double(double)> thermalConductivity; ///< [W/mK]
+    double heatCapacity = 1e6;    ///< of the dry material [J/m3K]
+    Function moisture;            ///< moisture mass density [kg/m3], falling with pC
+    Function liquidConductivity;  ///< on the gradient of suction [s]
+    Function vaporPermeability;   ///< on the gradient of vapour pressure [s]
+    Function thermalConductivity; ///< [W/mK]
+
+    /// Material directions v and w, where they differ from u, which is the above.
+    struct Transport {
+        Function liquidConductivity, vaporPermeability, thermalConductivity;
+    };
+    std::array<std::optional<Transport>, 2> otherDirections{};
+
+    Function enthalpy{};                  ///< of the dry material over temperature [K], [J/m3], 0 at T_ZERO; or empty
+    Function conductivityByTemperature{}; ///< added to the thermal conductivity over temperature [K]; or empty
+    Function conductivityByIce{};         ///< added to it over the volume content of ice [m3/m3]; or empty
 };
 
 /// A material's functions in the form in which cells evaluate them: piecewise cubics over one common set of nodes,

@@ -20,6 +20,8 @@ struct ModelInput {
         std::uint32_t material = 0; ///< index into materials
         double temperature = 293;   ///< initial [K]
         double suction = 0;         ///< initial [Pa]
+        /// Which material direction (0 u, 1 v, 2 w) lies along x, y and z.
+        std::array<std::uint8_t, 3> direction{0, 0, 0};
     };
     struct Face {
         std::uint32_t a = 0, b = 0; ///< cells; fluxes from a to b are positive
@@ -36,24 +38,40 @@ struct ModelInput {
         double distance = 0; ///< from the cell's centre to the surface [m]
         int direction = 0;
     };
-    /// Sources in cells, per volume.
-    struct Source {
-        std::uint32_t cell = 0;
-        double heat = 0;  ///< [W/m3]
-        double water = 0; ///< liquid [kg/m3s]
+    /// A pair of opposite cavity walls that exchange long-wave radiation across the cells between them.
+    struct RadiationLink {
+        std::uint32_t a = 0, b = 0; ///< the cells behind the walls
+        double distanceA = 0;       ///< from their centres to the wall [m]
+        double distanceB = 0;
+        double area = 0;       ///< [m2]
+        double emissivity = 0; ///< effective, 1/(1/ea + 1/eb - 1)
+        int direction = 0;
     };
-    /// Fills loads (one a surface, in their order) and sources for a time [s]. Called for each right-hand side.
-    using Climate = std::function<void(double time, std::span<SurfaceLoad> loads)>;
+    /// An adaptive foil: vapour resistance [m/s] over relative humidity, where vapour flows from a to b and back.
+    struct Foil {
+        std::function<double(double)> forward, backward;
+    };
+    /// What acts from outside at one moment.
+    struct Loads {
+        std::span<SurfaceLoad> surfaces; ///< one a surface, in their order
+        std::span<CellLoad> cells;       ///< one for each of loadedCells
+    };
+    /// Fills all loads for a time [s]. Called for each right-hand side.
+    using Climate = std::function<void(double time, Loads loads)>;
 
     module_t module = module_t::heatAndMoisture;
     std::vector<MaterialTable> materials;
     std::vector<Cell> cells;
     std::vector<Face> faces;
     std::vector<Surface> surfaces;
+    std::vector<std::uint32_t> loadedCells; ///< cells with a CellLoad; a cell may be in it more than once
+    std::vector<RadiationLink> radiation;
+    std::vector<Foil> foils;
     Climate climate;
     bool useGravity = false;
     /// Kelvin's relation and vapour permeability at T_REF instead of the actual temperature, as some references do.
     bool useReferenceTemperature = false;
+    bool useIce = false; ///< pore water freezes in equilibrium below 0 C
 };
 
 /// Finite volumes for energy and moisture. The state is the density of energy [J/m3] and of moisture [kg/m3] of every
@@ -102,6 +120,7 @@ public:
     std::span<const FaceFlux> faceFluxes() const { return m_faceFluxes; }
     std::span<const SurfaceState> surfaceStates() const { return m_surfaceStates; }
     std::span<SurfaceLoad> surfaceLoads() { return m_loads; }
+    std::span<CellLoad> cellLoads() { return m_cellLoads; }
 
 private:
     void evaluateCells(std::span<const double> state);
@@ -117,6 +136,7 @@ private:
     std::vector<FaceFlux> m_faceFluxes;
     std::vector<SurfaceState> m_surfaceStates;
     std::vector<SurfaceLoad> m_loads;
+    std::vector<CellLoad> m_cellLoads;
     std::vector<std::vector<std::uint32_t>> m_neighbours;
 };
 

@@ -6,7 +6,9 @@ namespace SOLVER {
 struct SurfaceLoad {
     double heatTransfer = 0;       ///< convective (and linearised radiative) coefficient [W/m2K]
     double airTemperature = 293;   ///< [K]
-    double heatFlux = 0;           ///< imposed, and absorbed radiation [W/m2]
+    double heatFlux = 0;           ///< imposed [W/m2]
+    double shortWave = 0;          ///< absorbed short-wave radiation [W/m2]
+    double longWave = 0;           ///< absorbed long-wave radiation [W/m2]
     double emissivity = 0;         ///< of the surface, for long-wave emission after Stefan and Boltzmann [-]
     double vaporTransfer = 0;      ///< coefficient on vapour pressure [s/m]
     double vaporPressure = 0;      ///< of the air [Pa]
@@ -17,6 +19,21 @@ struct SurfaceLoad {
     bool hasTemperature = false;   ///< the surface has airTemperature, whatever flows
     bool hasSuction = false;       ///< the surface has \p suction, whatever flows
     double suction = 0;            ///< [Pa], negative under a head of water
+};
+
+/// What acts on one cell of the inside at one moment, per volume of the cell. What depends on the cell's state is linear
+/// in it, so that nobody but the model needs to know the state.
+struct CellLoad {
+    double heat = 0;               ///< [W/m3]
+    double water = 0;              ///< liquid [kg/m3s]
+    double waterTemperature = 293; ///< of it [K]
+    double maxMoisture = 1e30;     ///< no water is added above this moisture mass density [kg/m3]
+    double minMoisture = 0;        ///< and none taken away below this [kg/m3]
+    double heatTransfer = 0;       ///< to a fluid [W/m3K]
+    double fluidTemperature = 293; ///< of the fluid [K]
+    double airFlow = 0;            ///< volume of outer air that passes the cell [m3/m3s]
+    double airTemperature = 293;   ///< of it [K]
+    double airVaporPressure = 0;   ///< of it [Pa]
 };
 
 /// What the surface answers. Densities of flux towards the construction.
@@ -37,7 +54,8 @@ struct ContactResistance {
     double vapor = 0;          ///< on vapour pressure [m/s]
     double liquid = 0;         ///< on suction [m/s]
     bool blocksLiquid = false; ///< no liquid passes (foil, air gap)
-    bool isPerfect() const { return heat == 0 && vapor == 0 && liquid == 0 && !blocksLiquid; }
+    int foil = -1;             ///< index of an adaptive foil whose resistance is added to vapor, or none
+    bool isPerfect() const { return heat == 0 && vapor == 0 && liquid == 0 && !blocksLiquid && foil < 0; }
 };
 
 } // namespace SOLVER

@@ -1,0 +1,18 @@
+#include <SOLVER/CvodeIntegrator.h>
+
+#include <KOR/Exception.h>
+
+namespace SOLVER {
+
+std::unique_ptr<Integrator> makeIntegrator(Model & model, const IntegratorSettings & settings, double startTime,
+                                           std::vector<double> state) {
+    switch (settings.integrator) {
+    case integrator_t::automatic:
+    case integrator_t::cvode:
+        return std::make_unique<CvodeIntegrator>(model, settings, startTime, std::move(state));
+    default:
+        throw KOR::Exception("The chosen integrator is not available yet.", "[SOLVER::makeIntegrator]");
+    }
+}
+
+} // namespace SOLVER
