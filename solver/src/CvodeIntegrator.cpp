@@ -60,6 +60,7 @@ struct CvodeIntegrator::Work {
     Work(Model & m, const IntegratorSettings & s) : model(m), settings(s) {}
     ~Work() { CVodeFree(&cvode); }
 
+    void integrate(double step);
     static int rightHandSide(realtype t, N_Vector y, N_Vector ydot, void * data) noexcept;
     void check(int flag, const char * where) const {
         if (flag < 0)
@@ -76,8 +77,19 @@ struct CvodeIntegrator::Work {
     std::unique_ptr<LinearSystem> linear;
     void * cvode = nullptr;
     double time = 0;
+    std::vector<Exchange> exchanged;
     IntegratorStatistics before; ///< counters of the runs before the last restart
 };
+
+void CvodeIntegrator::Work::integrate(double step) {
+    std::vector<double> derivative(model.size());
+    model.rightHandSide(time, vectorValues(state.get()), derivative);
+    exchanged.resize(model.exchangeRates().size());
+    for (std::size_t i = 0; i < exchanged.size(); ++i) {
+        exchanged[i].heat += step * model.exchangeRates()[i].heat;
+        exchanged[i].water += step * model.exchangeRates()[i].water;
+    }
+}
 
 int CvodeIntegrator::Work::rightHandSide(realtype t, N_Vector y, N_Vector ydot, void * data) noexcept {
     return static_cast<CallbackData *>(data)->model->rightHandSide(t, vectorValues(y), vectorValues(ydot))
@@ -144,17 +156,17 @@ std::span<const double> CvodeIntegrator::state() const {
     return vectorValues(m_work->state.get());
 }
 
-void CvodeIntegrator::advance(double time) {
-    constexpr const char * WHERE = "[CvodeIntegrator::advance]";
-    m_work->check(CVodeSetStopTime(m_work->cvode, time), WHERE);
-    m_work->check(CVode(m_work->cvode, time, m_work->state.get(), &m_work->time, CV_NORMAL), WHERE);
-}
-
 double CvodeIntegrator::step(double limit) {
-    constexpr const char * WHERE = "[CvodeIntegrator::advance]";
+    constexpr const char * WHERE = "[CvodeIntegrator::step]";
+    const double before = m_work->time;
     m_work->check(CVodeSetStopTime(m_work->cvode, limit), WHERE);
     m_work->check(CVode(m_work->cvode, limit, m_work->state.get(), &m_work->time, CV_ONE_STEP), WHERE);
+    m_work->integrate(m_work->time - before);
     return m_work->time;
+}
+
+std::vector<Exchange> CvodeIntegrator::exchanged() const {
+    return m_work->exchanged;
 }
 
 void CvodeIntegrator::interpolate(double time, std::span<double> state) const {

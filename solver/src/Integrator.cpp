@@ -4,6 +4,11 @@
 
 namespace SOLVER {
 
+void Integrator::advance(double end) {
+    while (time() < end)
+        step(end);
+}
+
 std::unique_ptr<Integrator> makeIntegrator(Model & model, const IntegratorSettings & settings, double startTime,
                                            std::vector<double> state) {
     switch (settings.integrator) {

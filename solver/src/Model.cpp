@@ -15,7 +15,8 @@ Model::Model(ModelInput input)
       m_hasHeat(m_input.module != module_t::moisture), m_hasMoisture(m_input.module != module_t::heat),
       m_cells(m_input.cells.size()), m_intervals(m_input.cells.size(), 0), m_faceFluxes(m_input.faces.size()),
       m_surfaceStates(m_input.surfaces.size()), m_loads(m_input.surfaces.size()),
-      m_cellLoads(m_input.loadedCells.size()), m_neighbours(m_input.cells.size()) {
+      m_cellLoads(m_input.loadedCells.size()), m_exchange(m_input.surfaces.size() + 1),
+      m_neighbours(m_input.cells.size()) {
     for (std::uint32_t c = 0; c < m_cells.size(); ++c) {
         const ModelInput::Cell & cell = m_input.cells[c];
         const MaterialTable & table = m_input.materials.at(cell.material);
@@ -172,8 +173,9 @@ bool Model::rightHandSide(double time, std::span<const double> state, std::span<
     for (std::size_t s = 0; s < m_surfaceStates.size(); ++s) {
         const ModelInput::Surface & surface = m_input.surfaces[s];
         const SurfaceState & flux = m_surfaceStates[s];
-        add(surface.cell, surface.area * (flux.conduction + flux.enthalpyFlux),
-            surface.area * (flux.vaporFlux + flux.liquidFlux));
+        m_exchange[s] = {surface.area * (flux.conduction + flux.enthalpyFlux),
+                         surface.area * (flux.vaporFlux + flux.liquidFlux)};
+        add(surface.cell, m_exchange[s].heat, m_exchange[s].water);
     }
     double sum = 0; // one NaN or infinity shows in it
     for (const double value : derivative)

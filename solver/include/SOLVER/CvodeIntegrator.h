@@ -17,11 +17,11 @@ public:
     double time() const override;
     std::span<const double> state() const override;
     double step(double limit) override;
-    void advance(double time) override;
     void interpolate(double time, std::span<double> state) const override;
     void restart() override;
     IntegratorStatistics statistics() const override;
     std::size_t limitingUnknown() const override;
+    std::vector<Exchange> exchanged() const override;
 
 private:
     struct Work;

@@ -54,9 +54,12 @@ public:
     virtual IntegratorStatistics statistics() const = 0;
     /// The unknown whose error limited the last step (index into the state), or the size of the state if unknown.
     virtual std::size_t limitingUnknown() const = 0;
+    /// Heat [J] and water [kg] that came in since the start, in the order of Model::exchangeRates. The method itself
+    /// integrates them, so that the balances close to round-off whatever the tolerance.
+    virtual std::vector<Exchange> exchanged() const = 0;
 
     /// Integrates to \p time exactly; no step passes it.
-    virtual void advance(double time) = 0;
+    void advance(double time);
     /// The state at a time [s] within the last step, to the integrator's order: outputs need no steps of their own.
     virtual void interpolate(double time, std::span<double> state) const = 0;
 };

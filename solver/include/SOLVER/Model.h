@@ -119,6 +119,8 @@ public:
     std::span<const CellState> cellStates() const { return m_cells; }
     std::span<const FaceFlux> faceFluxes() const { return m_faceFluxes; }
     std::span<const SurfaceState> surfaceStates() const { return m_surfaceStates; }
+    /// What comes in: through each surface, then from all cell loads together. Its sum is what the balances gain.
+    std::span<const Exchange> exchangeRates() const { return m_exchange; }
     std::span<SurfaceLoad> surfaceLoads() { return m_loads; }
     std::span<CellLoad> cellLoads() { return m_cellLoads; }
 
@@ -137,6 +139,7 @@ private:
     std::vector<SurfaceState> m_surfaceStates;
     std::vector<SurfaceLoad> m_loads;
     std::vector<CellLoad> m_cellLoads;
+    std::vector<Exchange> m_exchange;
     std::vector<std::vector<std::uint32_t>> m_neighbours;
 };
 

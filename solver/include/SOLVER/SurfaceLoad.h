@@ -41,11 +41,25 @@ struct SurfaceState {
     double temperature = 293; ///< [K]
     double suction = 0;       ///< [Pa]
     double vaporPressure = 0; ///< [Pa]
-    double conduction = 0;    ///< heat conducted into the construction [W/m2]
-    double vaporFlux = 0;     ///< vapour into the construction [kg/m2s]
-    double liquidFlux = 0;    ///< liquid into the construction [kg/m2s]
-    double enthalpyFlux = 0;  ///< carried by vapour and liquid [W/m2]
-    double runoff = 0;        ///< rain that was not taken [kg/m2s]
+    // What goes into the construction.
+    double conduction = 0;   ///< heat [W/m2]
+    double vaporFlux = 0;    ///< [kg/m2s]
+    double liquidFlux = 0;   ///< [kg/m2s]
+    double enthalpyFlux = 0; ///< carried by vapour and liquid [W/m2]
+    // What the outside brings.
+    double convection = 0;     ///< heat from the air [W/m2]
+    double longWave = 0;       ///< absorbed less emitted [W/m2]
+    double vaporArrival = 0;   ///< vapour from the air [kg/m2s]
+    double vaporEnthalpy = 0;  ///< carried by it [W/m2]
+    double liquidArrival = 0;  ///< rain and imposed water that was taken [kg/m2s]
+    double liquidEnthalpy = 0; ///< carried by it [W/m2]
+    double runoff = 0;         ///< rain and condensate that was not taken [kg/m2s]
+};
+
+/// Heat and water that come into the construction.
+struct Exchange {
+    double heat = 0;  ///< [W]; [J] of an integral
+    double water = 0; ///< [kg/s]; [kg] of an integral
 };
 
 /// Resistances at a face between two cells; all zero is perfect contact.
