@@ -2,6 +2,7 @@
 
 #include "BaseParameters.h"
 #include "Lines.h"
+#include "SplineTools.h"
 
 #include <KOR/Exception.h>
 
@@ -14,8 +15,6 @@ namespace MM {
 namespace {
 
 constexpr std::size_t MAX_MODELS = 16;
-/// A value takes at least a digit and a blank.
-constexpr std::size_t MAX_LINE = MaterialFunctionBase::MAX_POINTS * 32;
 
 std::size_t entries(std::string_view enumeration) {
     return enumeration.empty() ? 0 : KeywordList::table().find(enumeration)->rows.size();
@@ -112,9 +111,6 @@ void MaterialFunctionBase::readFunctions(std::span<const std::string_view> lines
             throw KOR::Exception(KOR::text("Unknown function type '%1'.", shown(value)), where);
         if (lines.size() - i < 3)
             throw KOR::Exception(KOR::text(m_texts->fewLines, value), where);
-        if (lines[i + 1].size() > MAX_LINE || lines[i + 2].size() > MAX_LINE)
-            throw KOR::Exception(
-                KOR::text("Function '%1' has too many values, expected at most %2.", value, MAX_POINTS), where);
         bool isDeprecated = false;
         const int index = KeywordList::Enumeration(m_texts->functions, value, &isDeprecated);
         KOR::LinearSpline & spline = m_functions[static_cast<std::size_t>(index)];
@@ -124,14 +120,7 @@ void MaterialFunctionBase::readFunctions(std::span<const std::string_view> lines
             log(KOR::text("Keyword '%1' is deprecated (new -> '%2').", value,
                           KeywordList::Keyword(m_texts->functions, index)),
                 KOR::MSG_WARNING, where, DETAIL);
-        try {
-            spline.read(lines[i + 1], lines[i + 2]);
-            if (spline.size() > MAX_POINTS)
-                throw KOR::Exception(KOR::text("Found %1 values, expected at most %2.", spline.size(), MAX_POINTS),
-                                     where);
-        } catch (const KOR::Exception & ex) {
-            throw KOR::Exception(ex, KOR::text("Error reading data for function '%1'.", value), where);
-        }
+        readPoints(spline, value, lines[i + 1], lines[i + 2], where);
         i += 2;
     }
 }

@@ -26,6 +26,10 @@ constexpr std::size_t HEADER_SIZE = 16;
 /// Lines of a section, measured data apart: far more than there are keywords and functions, few enough to be warned
 /// about one by one.
 constexpr std::size_t MAX_LINES = 10'000;
+/// Lines of a file, measured data included.
+constexpr std::ptrdiff_t MAX_FILE_LINES = 1'000'000;
+
+constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
 
 /// A version field of the header: the first of four characters is decoration, the rest is a number.
 int versionField(std::string_view field) {
@@ -129,6 +133,8 @@ void Material::readContent(std::string content, const std::string & path) {
             KOR::MSG_WARNING, READ);
     m_id = id.value_or(0);
     try {
+        if (content.starts_with(BYTE_ORDER_MARK)) // left by a text editor
+            content.erase(0, BYTE_ORDER_MARK.size());
         if (content.starts_with(MAGIC_BINARY))
             throw KOR::Exception(KOR::text("Cannot open file: '%1'", path), READ);
         const bool preV6 = !content.starts_with(MAGIC_ASCII);
@@ -142,6 +148,10 @@ void Material::readContent(std::string content, const std::string & path) {
             content.erase(0, HEADER_SIZE);
         }
         content = toUtf8(std::move(content));
+        if (content.find('\n') == std::string::npos) // line ends of long ago
+            std::replace(content.begin(), content.end(), '\r', '\n');
+        if (std::count(content.begin(), content.end(), '\n') > MAX_FILE_LINES)
+            throw KOR::Exception(KOR::text("The file has more than %1 lines.", MAX_FILE_LINES), READ);
         const std::vector<std::string_view> lines = splitLines(content);
         std::span<const std::string_view> rest = lines;
         if (preV6) {

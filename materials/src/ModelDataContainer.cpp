@@ -1,6 +1,7 @@
 #include <MM/ModelDataContainer.h>
 
 #include "Lines.h"
+#include "SplineTools.h"
 
 #include <KOR/Exception.h>
 #include <KOR/Numbers.h>
@@ -12,7 +13,8 @@ namespace MM {
 namespace {
 
 constexpr const char * WHERE = "[ModelDataContainer::read]";
-constexpr std::size_t MAX_ENTRIES = 256; ///< of parameters and of functions in one block
+constexpr std::size_t MAX_ENTRIES = 256;  ///< of parameters and of functions in one block
+constexpr std::size_t MAX_VALUE = 10'000; ///< characters of a parameter
 
 /// Sets the entry of a keyword; an earlier one is replaced, with the warning.
 template <typename Value>
@@ -38,6 +40,8 @@ void ModelDataContainer::read(std::span<const std::string_view> lines) {
             const auto [keyword, value] = KeywordLine(lines[i]);
             if (keyword.empty() || value.empty())
                 throw KOR::Exception(KOR::text("Expected a keyword and a value, got '%1'.", shown(lines[i])), WHERE);
+            if (value.size() > MAX_VALUE)
+                throw KOR::Exception(KOR::text("The value of keyword '%1' is too long.", shown(keyword)), WHERE);
             if (keyword == "TYPE") {
                 model.m_type = value;
             } else if (keyword == "FUNCTION") {
@@ -45,7 +49,7 @@ void ModelDataContainer::read(std::span<const std::string_view> lines) {
                     throw KOR::Exception(KOR::text("Expected two lines of values for function '%1'.", shown(value)),
                                          WHERE);
                 KOR::LinearSpline spline;
-                spline.read(lines[i + 1], lines[i + 2]);
+                readPoints(spline, value, lines[i + 1], lines[i + 2], WHERE);
                 define(model.m_functions, value, std::move(spline),
                        "Duplicate definition of function '%1' within model data block. Overwriting previous "
                        "definition.\n");

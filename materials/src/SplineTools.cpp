@@ -1,5 +1,7 @@
 #include "SplineTools.h"
 
+#include <MM/MaterialFunctionBase.h>
+
 #include <KOR/Exception.h>
 
 #include <algorithm>
@@ -11,6 +13,9 @@ namespace MM {
 namespace {
 
 constexpr int MAX_HALVINGS = 24;
+constexpr std::size_t MAX_POINTS = MaterialFunctionBase::MAX_POINTS;
+/// A value takes at least a digit and a blank.
+constexpr std::size_t MAX_LINE = MAX_POINTS * 32;
 
 struct Refiner {
     const std::function<double(double)> & function;
@@ -38,6 +43,20 @@ struct Refiner {
 };
 
 } // namespace
+
+void readPoints(KOR::LinearSpline & spline, std::string_view function, std::string_view x, std::string_view y,
+                const std::string & where) {
+    try {
+        if (x.size() > MAX_LINE || y.size() > MAX_LINE)
+            throw KOR::Exception(
+                KOR::text("Function '%1' has too many values, expected at most %2.", function, MAX_POINTS), where);
+        spline.read(x, y);
+        if (spline.size() > MAX_POINTS)
+            throw KOR::Exception(KOR::text("Found %1 values, expected at most %2.", spline.size(), MAX_POINTS), where);
+    } catch (const KOR::Exception & ex) {
+        throw KOR::Exception(ex, KOR::text("Error reading data for function '%1'.", function), where);
+    }
+}
 
 KOR::LinearSpline refined(const std::function<double(double)> & function, const std::vector<double> & knots,
                           double tolerance) {

@@ -4,10 +4,17 @@
 
 #include <functional>
 #include <optional>
+#include <string>
+#include <string_view>
 #include <vector>
 
 /// Splines made out of splines.
 namespace MM {
+
+/// Reads the two lines of a function's points; more than MaterialFunctionBase::MAX_POINTS are refused before memory is
+/// taken. Throws ("%1" is \p function) "Error reading data for function '%1'." with the cause.
+void readPoints(KOR::LinearSpline & spline, std::string_view function, std::string_view x, std::string_view y,
+                const std::string & where);
 
 /// Points of \p function at the \p knots (increasing), and halfway between them as long as a straight line is farther
 /// than \p tolerance off at the quarters of an interval.

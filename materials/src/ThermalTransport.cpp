@@ -9,6 +9,7 @@
 
 #include <KOR/Exception.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace MM {
@@ -74,12 +75,23 @@ void ThermalTransport::prepareCalculation(const Material & material, int directi
     log("Initializing thermal transport functions.\n", KOR::MSG_PROGRESS, PREPARE, DETAIL);
     m_dry = requireParameter(material, Need::THERMAL_TRANSPORT, direction, PREPARE);
     denormalize(material, direction);
-    for (std::size_t i = 0; i < m_prepared.size(); ++i)
-        for (const double lambda : m_prepared[i].y())
-            if (!(lambda > 0))
-                throw KOR::Exception(KOR::text("Invalid value %1 W/mK in function '%2', all values must be above 0.",
-                                               lambda, KeywordList::Keyword(static_cast<Functions>(i))),
-                                     PREPARE);
+    double least = m_dry;
+    for (std::size_t i = 0; i < m_prepared.size(); ++i) {
+        if (m_prepared[i].empty())
+            continue;
+        const std::vector<double> & values = m_prepared[i].y();
+        const double smallest = *std::min_element(values.begin(), values.end());
+        if (!(smallest > 0))
+            throw KOR::Exception(KOR::text("Invalid value %1 W/mK in function '%2', all values must be above 0.",
+                                           smallest, KeywordList::Keyword(static_cast<Functions>(i))),
+                                 PREPARE);
+        least += smallest - m_dry;
+    }
+    if (!(least > 0))
+        throw KOR::Exception(KOR::text("The thermal conductivity functions add up to %1 W/mK at worst, but must stay "
+                                       "above 0.",
+                                       least),
+                             PREPARE);
 }
 
 void ThermalTransport::write(std::ostream & out, std::size_t indent, int direction) const {

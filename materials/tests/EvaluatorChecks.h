@@ -27,17 +27,21 @@ inline void checkIdentities(const Material & material, MaterialEvaluator::Interp
     const MaterialEvaluator evaluator(material, interpolation);
     const std::string name = material.name();
     const double saturation = evaluator.saturation();
+    using Flags = MaterialIdentification::Flags;
+    const bool hasLiquid = !material.hasFlag(Flags::WATER_TIGHT);
+    const bool isVaporTight = material.hasFlag(Flags::VAPOR_TIGHT);
+    const bool isOpenPored =
+        material.m_moistureTransport[0].vaporModel() == MoistureTransport::VaporModel::SERIAL_PARALLEL;
+    const double porosity = isOpenPored ? material.m_moistureTransport[0].porosity() : 2;
     for (int direction = 0; direction < 3; ++direction) {
         for (int i = 0; i <= 40; ++i) {
             const double content = saturation * i / 40;
             const double humidity = i / 40.0;
             EXPECT_GT(evaluator.thermalConductivity(direction, content, 283.15).value, 0) << name;
-            EXPECT_GE(evaluator.liquidConductivity(direction, content).value, 0) << name;
-            EXPECT_GE(evaluator.vaporPermeability(direction, content, humidity).value, 0) << name;
+            EXPECT_EQ(evaluator.liquidConductivity(direction, content).value > 0, hasLiquid) << name;
+            const double permeability = evaluator.vaporPermeability(direction, content, humidity).value;
+            EXPECT_EQ(permeability > 0, !isVaporTight && content < porosity) << name << " at " << content;
             EXPECT_GE(evaluator.airPermeability(direction, content).value, 0) << name;
-        }
-        if (material.m_moistureTransport[0].hasLiquid()) {
-            EXPECT_GT(evaluator.liquidConductivity(direction, saturation).value, 0) << name;
         }
     }
     for (const double temperature : {253.15, 283.15, 303.15}) {
@@ -63,6 +67,9 @@ inline void checkIdentities(const Material & material, MaterialEvaluator::Interp
 
     // Humidity and content undo each other; smooth tables agree as well as their points do.
     const bool isLinear = interpolation == MaterialEvaluator::Interpolation::LINEAR;
+    if (isLinear && !material.m_moistureStorage.isAir()) {
+        EXPECT_NEAR(evaluator.content(1e7).value, material.m_moistureStorage.Thetal_pl(1e7), 1e-9 * saturation) << name;
+    }
     for (double humidity = 0.05; humidity < 0.995; humidity += 0.015) {
         const double content = evaluator.content(liquidPressure(humidity)).value;
         if (content > 1e-9 * saturation && content < MoistureStorage::NEARLY_SATURATED * saturation) {
@@ -97,6 +104,13 @@ inline void checkIdentities(const Material & material, MaterialEvaluator::Interp
         expectSlope(byHumidity, i / 60.0, 1e-6, KV_AIR, name + " Kv over RH");
         const auto lambda = [&](double x) { return evaluator.thermalConductivity(0, x, 283.15); };
         expectSlope(lambda, content, step, 1, name + " lambda");
+        const auto byTemperature = [&](double x) {
+            const auto value = evaluator.thermalConductivity(0, content, x);
+            return MaterialEvaluator::Value{value.value, value.slope2};
+        };
+        expectSlope(byTemperature, 250 + 0.97 * i, 1e-4, 1e-4, name + " lambda over T");
+        const auto airPermeability = [&](double x) { return evaluator.airPermeability(0, x); };
+        expectSlope(airPermeability, content, step, airPermeability(0).value, name + " Kg");
         const auto retention = [&](double x) { return evaluator.content(x); };
         const double pl = -std::pow(10.0, 0.1 + 0.15 * i);
         expectSlope(retention, pl, std::abs(1e-5 * pl), saturation, name + " Theta");

@@ -238,8 +238,12 @@ TEST(MaterialFile, ReadsSectionedFilesBeforeVersionSix) {
     EXPECT_EQ(converted.content(), material.content());
 }
 
-TEST(MaterialFile, LatinTextsBecomeUtf8) {
+TEST(MaterialFile, TextsOfOtherSystemsAreRead) {
     EXPECT_EQ(materialFrom("[MATERIAL]\nNAME = Geb\xE4ude\n", "a.mat").name(), "Gebäude");
+    const Material material = materialFrom(brickText());
+    EXPECT_TRUE(materialFrom("\xEF\xBB\xBF" + brickText()) == material) << "byte order mark";
+    for (const char * lineEnd : {"\r\n", "\r"})
+        EXPECT_TRUE(materialFrom(KOR::replaced(brickText(), "\n", lineEnd)) == material);
 }
 
 /// What is wrong with a file, and what the user is told: the cause, and one message further up where it matters.
@@ -365,16 +369,25 @@ TEST(MaterialFile, EndlessSectionsAreRefusedBeforeTheyAreRead) {
               "More than 10000 lines before the first section.");
     EXPECT_THAT(log.m_warnings, IsEmpty());
     EXPECT_EQ(materialFrom(section("MEASURED_DATA", lines)).m_measuredData.m_lines.size(), 10'001U);
+    EXPECT_EQ(chainOf([&] { materialFrom(section("MEASURED_DATA", std::string(1'000'001, '\n'))); }).front().message,
+              "The file has more than 1000000 lines.");
 }
 
 TEST(MaterialFile, TooManyValuesAreRefusedBeforeTheyAreRead) {
     std::string line;
-    for (int i = 0; i < 2'000'000; ++i)
+    for (int i = 0; i < 10'000'000; ++i)
         line += "1 ";
-    const auto chain =
-        chainOf([&] { materialFrom(section("HEAT_TRANSPORT", "FUNCTION = lambda(T)\n" + line + "\n" + line)); });
-    ASSERT_FALSE(chain.empty());
-    EXPECT_EQ(chain.front().message, "Function 'lambda(T)' has too many values, expected at most 100000.");
+    for (const char * begin : {"", "[MODEL]\nTYPE = A\n"}) {
+        const auto chain = chainOf([&, b = std::string(begin)] {
+            materialFrom(section("HEAT_TRANSPORT", b + "FUNCTION = lambda(T)\n" + line + "\n" + line));
+        });
+        ASSERT_FALSE(chain.empty());
+        EXPECT_EQ(chain.front().message, "Function 'lambda(T)' has too many values, expected at most 100000.");
+    }
+    EXPECT_EQ(chainOf([&] { materialFrom(section("HEAT_TRANSPORT", "[MODEL]\nTYPE = A\nGAUSS_Wi = " + line)); })
+                  .front()
+                  .message,
+              "The value of keyword 'GAUSS_Wi' is too long.");
 }
 
 /// Every prefix of a file and flips of its bytes: read or refused, never worse.

@@ -238,6 +238,11 @@ TEST(ThermalTransport, ContributionsAdd) {
     material.prepareCalculation();
     EXPECT_DOUBLE_EQ(transport.lambda(0, 293.15), 0.6);
     EXPECT_DOUBLE_EQ(transport.lambda(0.15, 273.15, 0.3), 0.6 + 0.3 - 0.05 + 0.3);
+    // Each function is positive, their sum is not everywhere.
+    transport.setFunction(ThermalTransport::Functions::lambda_T, spline({273.15, 293.15}, {0.2, 0.6}));
+    transport.setFunction(ThermalTransport::Functions::lambda_Theta_ice, spline({0, 0.3}, {0.6, 0.1}));
+    EXPECT_EQ(chainOf([&] { transport.prepareCalculation(material, 0); }).front().message,
+              "The thermal conductivity functions add up to -0.3 W/mK at worst, but must stay above 0.");
 }
 
 TEST(ThermalTransport, NormalisedFunctionsAreScaled) {

@@ -329,7 +329,7 @@ class Material:
 def main():
     target = pathlib.Path(sys.argv[1]) if len(sys.argv) > 1 else DATABASE
     target.mkdir(parents=True, exist_ok=True)
-    for old in target.glob("*.m6"):
+    for old in DATABASE.glob("*.m6") if target == DATABASE else []:
         old.unlink()
     with open(HERE / "facts.csv", newline="", encoding="utf-8") as facts:
         rows = list(csv.DictReader(facts))

@@ -14,7 +14,7 @@ class FunctionTable {
 public:
     enum class Interpolation {
         LINEAR,        ///< straight lines, as KOR::LinearSpline
-        MONOTONE_CUBIC ///< smooth and without overshoot, after Fritsch and Carlson (SIAM J. Numer. Anal. 17, 1980)
+        MONOTONE_CUBIC ///< smooth and without overshoot, after Fritsch and Butland (SIAM J. Sci. Stat. Comput. 5, 1984)
     };
 
     FunctionTable() = default;
