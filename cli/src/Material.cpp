@@ -49,6 +49,9 @@ std::vector<std::string> materialFiles(const std::string & path) {
         throw KOR::Exception(KOR::text("Cannot read directory '%1': %2", path, ex.code().message()),
                              "[CMD::materialFiles]");
     }
+    if (files.empty())
+        throw KOR::Exception(KOR::text("There are no material files (m6, mat) in directory '%1'.", path),
+                             "[CMD::materialFiles]");
     std::sort(files.begin(), files.end());
     return files;
 }
@@ -82,6 +85,16 @@ std::string categories(const Material & material) {
         if (const Id id = material.m_identification.m_category.id(i); id != Id::INVALID)
             all += (all.empty() ? "" : ", ") + std::string(KeywordList::Description(id));
     return all;
+}
+
+std::string hatching(const Material & material) {
+    const auto type = material.m_identification.m_hatching;
+    return type ? KeywordList::Keyword(*type) : "";
+}
+
+std::string colour(const Material & material) {
+    const auto & given = material.m_identification.m_colour;
+    return given ? given->html() : "";
 }
 
 // *** check ***
@@ -150,6 +163,46 @@ template <typename Body> void eachParameter(const Material & material, const Bod
     list(Material::ParaMechanical::BETA_THETA_L_W);
 }
 
+/// The units of a stored function.
+struct FunctionUnits {
+    std::string_view function, x, y;
+};
+// clang-format off
+constexpr FunctionUnits FUNCTION_UNITS[] = {
+    {"u(T)",              "K",     "J/kg"},
+    {"Theta_l(pC)_de",    "logPa", "m3/m3"},
+    {"pC(Theta_l)_de",    "m3/m3", "logPa"},
+    {"Theta_l(RH)",       "-",     "m3/m3"},
+    {"Theta_l(pC)_ad",    "logPa", "m3/m3"},
+    {"pC(Theta_l)_ad",    "m3/m3", "logPa"},
+    {"mwu(T)",            "K",     ""},
+    {"DE(pC)",            "logPa", ""},
+    {"lgKl(Theta_l)",     "m3/m3", "log(s)"},
+    {"lgDl(Theta_l)",     "m3/m3", "log(m2/s)"},
+    {"lgKv(Theta_l)",     "m3/m3", "log(s)"},
+    {"mew(RH)",           "-",     "-"},
+    {"lambda(Theta_l)",   "m3/m3", "W/mK"},
+    {"lambda(T)",         "K",     "W/mK"},
+    {"lambda(Theta_ice)", "m3/m3", "W/mK"},
+    {"Kg(Theta_l)",       "m3/m3", "s"},
+    {"sd+(rh)",           "-",     "m"},
+    {"sd-(rh)",           "-",     "m"},
+};
+// clang-format on
+
+/// \param function the name, a direction may follow it
+FunctionUnits unitsOf(std::string_view function) {
+    for (const FunctionUnits & row : FUNCTION_UNITS)
+        if (function.substr(0, function.find(',')) == row.function)
+            return row;
+    return {};
+}
+
+/// A unit behind a number; nothing for pure numbers.
+std::string withBlank(std::string_view unit) {
+    return unit.empty() || unit == "-" ? "" : ' ' + std::string(unit);
+}
+
 /// The functions that are stored, with the section's name.
 template <typename Body> void eachFunction(const Material & material, const Body & body) {
     const auto list = [&](const auto & section, auto first, const std::string & suffix) {
@@ -194,9 +247,12 @@ void show(const File & arguments, Output & output) {
         });
         Json functions = Json::object();
         eachFunction(material, [&](const std::string & function, const KOR::LinearSpline & spline) {
+            const FunctionUnits units = unitsOf(function);
             functions[function] = {
-                {"x", spline.x()},
-                {"y", spline.y()}
+                {"xUnit", units.x   },
+                {"yUnit", units.y   },
+                {"x",     spline.x()},
+                {"y",     spline.y()}
             };
         });
         Json models = Json::array();
@@ -209,15 +265,18 @@ void show(const File & arguments, Output & output) {
             models.push_back(entry);
         });
         output.json({
-            {"id",         material.m_id        },
-            {"version",    version              },
-            {"name",       name                 },
-            {"category",   who.m_category.text()},
-            {"flags",      flags(material)      },
-            {"source",     who.m_dataSheetSource},
-            {"parameters", parameters           },
-            {"functions",  functions            },
-            {"models",     models               }
+            {"id",         material.m_id           },
+            {"version",    version                 },
+            {"name",       name                    },
+            {"category",   who.m_category.text()   },
+            {"flags",      flags(material)         },
+            {"colour",     colour(material)        },
+            {"hatching",   hatching(material)      },
+            {"source",     who.m_dataSheetSource   },
+            {"comments",   who.m_comments.get("en")},
+            {"parameters", parameters              },
+            {"functions",  functions               },
+            {"models",     models                  }
         });
         return;
     }
@@ -231,6 +290,8 @@ void show(const File & arguments, Output & output) {
     line("File:", "version " + version);
     line("Category:", categories(material));
     line("Flags:", flags(material));
+    line("Colour:", colour(material));
+    line("Hatching:", hatching(material));
     line("Producer:", who.m_producer.get("en"));
     line("Source:", who.m_dataSheetSource);
     line("Comments:", who.m_comments.get("en"));
@@ -241,9 +302,15 @@ void show(const File & arguments, Output & output) {
     });
     out << '\n';
     eachFunction(material, [&](const std::string & function, const KOR::LinearSpline & spline) {
-        out << std::left << std::setw(30) << function << spline.size() << " points, x "
-            << KOR::toString(spline.x().front(), 6) << " to " << KOR::toString(spline.x().back(), 6) << ", y "
-            << KOR::toString(spline.y().front(), 6) << " to " << KOR::toString(spline.y().back(), 6) << '\n';
+        const FunctionUnits units = unitsOf(function);
+        const auto range = [&out](std::string_view axis, const std::vector<double> & values, std::string_view unit) {
+            out << axis << KOR::toString(values.front(), 6) << " to " << KOR::toString(values.back(), 6)
+                << withBlank(unit);
+        };
+        out << std::left << std::setw(30) << function << spline.size() << " points";
+        range(", x ", spline.x(), units.x);
+        range(", y ", spline.y(), units.y);
+        out << '\n';
     });
     eachModel(material, [&](const MM::ModelDataContainer & model) {
         out << "Model " << model.m_type;
@@ -268,6 +335,44 @@ struct Evaluation {
     double (*value)(const Material & material, int direction, double x);
 };
 using M = const Material &;
+
+/// Diffusivity; a material given by its conductivity has none of its own.
+double diffusivity(M material, int direction, double content) {
+    const MM::MoistureTransport & transport = material.moistureTransport(direction);
+    if (transport.hasLiquid() && transport.prepared(MM::MoistureTransport::Functions::lgDl_Theta_l).empty())
+        throw KOR::Exception("The material has no function lgDl(Theta_l).", "[CMD::eval]");
+    return transport.Dl(content);
+}
+
+/// Resistance of an adaptive foil with the same humidity on both sides.
+double contactResistance(M material, bool positive, double humidity) {
+    if (material.m_vaporContactResistance.empty())
+        throw KOR::Exception("The material has no vapour contact resistance.", "[CMD::eval]");
+    return material.m_vaporContactResistance.resistance(positive).value(humidity, humidity);
+}
+
+/// What may be asked for, by the unit of x: percents and degrees Celsius are common slips.
+struct Range {
+    std::string_view unit;
+    double least, most;
+};
+// clang-format off
+constexpr Range RANGES[] = {
+    {"-",     0,   1},
+    {"m3/m3", 0,   1},
+    {"logPa", -20, 20},
+    {"K",     100, 2000},
+};
+// clang-format on
+
+void checkRange(const Evaluation & evaluation, double x) {
+    for (const Range & range : RANGES)
+        if (range.unit == evaluation.xUnit && !(x >= range.least && x <= range.most))
+            throw KOR::Exception(KOR::text("%1 takes values from %2 to %3%4, got %5.", evaluation.name, range.least,
+                                           range.most, withBlank(range.unit), x),
+                                 "[CMD::eval]");
+}
+
 // clang-format off
 constexpr Evaluation EVALUATIONS[] = {
     {"Theta_l(RH)", "-",     "m3/m3", [](M m, int, double x) { return m.m_moistureStorage.Thetal_RH(x); }},
@@ -275,7 +380,7 @@ constexpr Evaluation EVALUATIONS[] = {
     {"RH(Theta_l)", "m3/m3", "-",     [](M m, int, double x) { return m.m_moistureStorage.RH_Thetal(x); }},
     {"pC(Theta_l)", "m3/m3", "logPa", [](M m, int, double x) { return m.m_moistureStorage.pC_Thetal(x); }},
     {"Kl",          "m3/m3", "s",     [](M m, int d, double x) { return m.moistureTransport(d).Kl(x); }},
-    {"Dl",          "m3/m3", "m2/s",  [](M m, int d, double x) { return m.moistureTransport(d).Dl(x); }},
+    {"Dl",          "m3/m3", "m2/s",  diffusivity},
     {"Kv",          "m3/m3", "s",
      [](M m, int d, double x) { return m.moistureTransport(d).Kv(x, m.m_moistureStorage.RH_Thetal(x)); }},
     {"mew(RH)",     "-",     "-",
@@ -285,20 +390,27 @@ constexpr Evaluation EVALUATIONS[] = {
     {"lambda(T)",   "K",     "W/mK",  [](M m, int d, double x) { return m.thermalTransport(d).lambda(0, x); }},
     {"u(T)",        "K",     "J/kg",  [](M m, int, double x) { return m.m_thermalStorage.u(x); }},
     {"T(u)",        "J/kg",  "K",     [](M m, int, double x) { return m.m_thermalStorage.T(x); }},
-    {"sd+(rh)",     "-",     "m",
-     [](M m, int, double x) { return m.m_vaporContactResistance.resistance(true).value(x, x); }},
-    {"sd-(rh)",     "-",     "m",
-     [](M m, int, double x) { return m.m_vaporContactResistance.resistance(false).value(x, x); }},
+    {"sd+(rh)",     "-",     "m",     [](M m, int, double x) { return contactResistance(m, true, x); }},
+    {"sd-(rh)",     "-",     "m",     [](M m, int, double x) { return contactResistance(m, false, x); }},
 };
 // clang-format on
 
-void defineEval(CLI::App & app, Eval & arguments) {
-    app.add_option("FILE", arguments.path, FILE_HELP)->required();
+std::string evaluationNames() {
     std::string all;
     for (const Evaluation & evaluation : EVALUATIONS)
         all += (all.empty() ? "" : " ") + std::string(evaluation.name);
-    app.add_option("FUNCTION", arguments.function, "One of: " + all)->required();
-    addNumbers(app, "X", arguments.values, "Where to evaluate, in base units.")->required()->expected(1, 100'000);
+    return all;
+}
+
+void defineEval(CLI::App & app, Eval & arguments) {
+    app.add_option("FILE", arguments.path, FILE_HELP)->required();
+    app.add_option("FUNCTION", arguments.function,
+                   "One of: " + evaluationNames() + ". Kl to lambda are over the content; lambda is that at 283.15 K.")
+        ->required();
+    addNumbers(app, "X", arguments.values,
+               "Where to evaluate: humidity from 0 to 1, content [m3/m3], pC [logPa], T [K].")
+        ->required()
+        ->expected(1, 100'000);
     app.add_option("--direction", arguments.direction, "The material's direction: u, v or w.")
         ->check(CLI::IsMember({"u", "v", "w"}));
 }
@@ -307,7 +419,11 @@ void eval(const Eval & arguments, Output & output) {
     const auto * found = std::find_if(std::begin(EVALUATIONS), std::end(EVALUATIONS),
                                       [&](const Evaluation & row) { return row.name == arguments.function; });
     if (found == std::end(EVALUATIONS))
-        throw KOR::Exception(KOR::text("Unknown function '%1'.", arguments.function), "[CMD::eval]");
+        throw KOR::Exception(
+            KOR::text("Unknown function '%1', expected one of: %2.", arguments.function, evaluationNames()),
+            "[CMD::eval]");
+    for (const double x : arguments.values)
+        checkRange(*found, x);
     Material material = readMaterial(arguments.path);
     material.prepareCalculation();
     Json points = Json::array();
@@ -340,14 +456,19 @@ struct Convert {
 
 void defineConvert(CLI::App & app, Convert & arguments) {
     app.add_option("IN", arguments.in, FILE_HELP)->required();
-    app.add_option("OUT", arguments.out, "The m6 file to write; the name is given the material's ID.")->required();
+    app.add_option("OUT", arguments.out,
+                   "The m6 file to write, its name is given the material's ID; or a directory for it.")
+        ->required();
 }
 
 void convert(const Convert & arguments, Output & output) {
     Material material = readMaterial(arguments.in);
-    if (const auto id = Material::idFromPath(arguments.out))
+    fs::path out = arguments.out;
+    if (fs::is_directory(out))
+        out = Material::pathWithId(out / fs::path(arguments.in).filename(), material.m_id);
+    else if (const auto id = Material::idFromPath(arguments.out))
         material.m_id = *id;
-    const std::string path = material.write(arguments.out);
+    const std::string path = material.write(out);
     if (output.isJson())
         output.json({
             {"written", path}
@@ -364,24 +485,28 @@ void defineDirectory(CLI::App & app, File & arguments) {
 
 void list(const File & arguments, Output & output) {
     struct Column {
-        const char * caption;
+        const char *caption, *unit;
         int width;
     };
     constexpr Column COLUMNS[] = {
-        {"Rho",    9 },
-        {"cp",     8 },
-        {"Lambda", 9 },
-        {"Mu",     10},
-        {"Aw",     10},
+        {"Rho",    "kg/m3",    9 },
+        {"cp",     "J/kgK",    8 },
+        {"Lambda", "W/mK",     9 },
+        {"Mu",     "-",        10},
+        {"Aw",     "kg/m2s05", 11},
     };
+    const auto files = materialFiles(arguments.path);
     Json document = Json::array();
     if (!output.isJson()) {
         output.text() << std::right << std::setw(6) << "ID";
         for (const Column & column : COLUMNS)
             output.text() << std::setw(column.width) << column.caption;
-        output.text() << "  Name\n";
+        output.text() << "  Name\n" << std::setw(6) << "";
+        for (const Column & column : COLUMNS)
+            output.text() << std::setw(column.width) << column.unit;
+        output.text() << '\n';
     }
-    for (const std::string & path : materialFiles(arguments.path)) {
+    for (const std::string & path : files) {
         Material material;
         try {
             material.read(path);
@@ -402,7 +527,10 @@ void list(const File & arguments, Output & output) {
             };
             for (const KOR::Parameter * parameter : parameters)
                 if (!parameter->empty())
-                    entry[parameter->name()] = parameter->value();
+                    entry[parameter->name()] = {
+                        {"value", parameter->value()               },
+                        {"unit",  parameter->ioUnit().base().name()}
+                    };
             document.push_back(entry);
             continue;
         }
