@@ -38,9 +38,10 @@ struct Construction {
     std::vector<SurfacePlace> surfacePlaces; ///< one for each of input.surfaces
     std::vector<std::int64_t> cellOfGrid;    ///< nz x ny x nx, columns fastest; -1 where there is no cell
     DATAIO::GeoFile geometry;                ///< all elements of the grid and their materials
-    /// What expands, for each of input.materials: [1/K] and [m/m per m3/m3] in directions u, v and w.
+    /// What outputs need to know beyond the balances, for each of input.materials: density, and what expands, [1/K] and [m/m per m3/m3] in directions u, v and w.
     struct Expansion {
         std::array<double, 3> thermal{}, hygric{};
+        double density = 0; ///< of the dry material [kg/m3]
     };
     std::vector<Expansion> expansion;
 

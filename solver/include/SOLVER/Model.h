@@ -108,6 +108,7 @@ public:
         double vapor;          ///< vapour permeability [s]
         double lambda;         ///< [W/mK]
         double vaporPotential; ///< see MaterialTable::State [s]
+        double ice;            ///< frozen part of the moisture [kg/m3]
     };
     /// Per area of the face, from a to b.
     struct FaceFlux {
