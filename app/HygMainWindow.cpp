@@ -26,6 +26,7 @@
 #include <QProcess>
 #include <QScreen>
 #include <QTimer>
+#include <QUndoStack>
 #include <QUrl>
 
 namespace {
@@ -67,7 +68,9 @@ constexpr int LOG_HEIGHT = 226;
 } // namespace
 
 HygMainWindow::HygMainWindow(HygSettings & settings, QtExt::LanguageHandler & languages, HygLogModel & messages)
-    : m_settings(settings), m_languages(languages), m_messages(messages), m_ui(new Ui::HygMainWindow) {
+    : m_settings(settings), m_languages(languages), m_messages(messages), m_ui(new Ui::HygMainWindow),
+      m_undoStack(new QUndoStack(this)) {
+    m_undoStack->setUndoLimit(static_cast<int>(m_settings.m_maxNumUndoSteps));
     m_ui->setupUi(this);
     m_projectLabel = new QLabel(this);
     m_projectLabel->setObjectName(QStringLiteral("projectFile"));

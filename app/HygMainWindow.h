@@ -19,6 +19,7 @@ class HygSettings;
 class HygStartView;
 class QActionGroup;
 class QLabel;
+class QUndoStack;
 
 /// The one window of the editor: navigation bar, views, log view, menus. It owns the views; settings, language handler
 /// and messages outlive it.
@@ -44,6 +45,9 @@ public:
     void setProjectFile(const QString & path);
     /// A message that stays in view until the user closes it.
     void showProblem(const QString & text);
+
+    /// Every change of the project is pushed here. Limited by the settings while it is empty.
+    QUndoStack & undoStack() { return *m_undoStack; }
 
 signals:
     /// Who handles projects connects here; what nobody is connected to is not offered.
@@ -94,6 +98,7 @@ private:
     QActionGroup * m_languageChoice = nullptr;
     QActionGroup * m_themeChoice = nullptr;
     QLabel * m_projectLabel = nullptr;
+    QUndoStack * m_undoStack;
     QString m_projectFile;
     bool m_isPainted = false;
     int m_problemsSeen = 0; ///< warnings and errors that were there when the log view was last in view

@@ -8,6 +8,30 @@
 #include <QDir>
 #include <QFileInfo>
 
+namespace {
+
+HygProjectHandler * theInstance = nullptr; // NOLINT(cppcoreguidelines-avoid-non-const-global-variables)
+
+} // namespace
+
+HygProjectHandler::HygProjectHandler(QObject * parent) : QObject(parent), m_previous(theInstance) {
+    theInstance = this;
+}
+
+HygProjectHandler::~HygProjectHandler() {
+    if (theInstance == this)
+        theInstance = m_previous;
+}
+
+HygProjectHandler * HygProjectHandler::instance() {
+    return theInstance;
+}
+
+void HygProjectHandler::setModified(int modificationType, void * data) {
+    m_isModified = true;
+    emit modified(modificationType, data);
+}
+
 QString HygProjectHandler::projectFile() const {
     return m_project ? QString::fromStdString(m_project->m_fileName) : QString();
 }

@@ -229,14 +229,32 @@ std::size_t Project::rename(definition_t kind, const std::string & oldName, cons
 }
 
 std::size_t Project::renameReferences(definition_t kind, const std::string & oldName, const std::string & newName) {
-    std::size_t count = 0;
-    forEachReference(*this, [&](const ReferenceSource &, definition_t target, std::string & name) {
-        if (target == kind && name == oldName) {
-            name = newName;
-            ++count;
-        }
+    const std::vector<std::size_t> references = referencesTo(kind, oldName);
+    setReferences(references, newName);
+    return references.size();
+}
+
+std::vector<std::size_t> Project::referencesTo(definition_t kind, const std::string & name) const {
+    std::vector<std::size_t> found;
+    std::size_t place = 0;
+    forEachReference(*this, [&](const ReferenceSource &, definition_t target, const std::string & reference) {
+        if (target == kind && reference == name)
+            found.push_back(place);
+        ++place;
     });
-    return count;
+    return found;
+}
+
+void Project::setReferences(const std::vector<std::size_t> & references, const std::string & name) {
+    std::size_t place = 0;
+    auto next = references.begin();
+    forEachReference(*this, [&](const ReferenceSource &, definition_t, std::string & reference) {
+        if (next != references.end() && *next == place) {
+            reference = name;
+            ++next;
+        }
+        ++place;
+    });
 }
 
 } // namespace HYGRION

@@ -49,6 +49,8 @@ public:
     bool empty() const { return m_values.empty(); }
     std::size_t size() const { return m_values.size(); }
     void erase(Enum key) { m_values.erase(key); }
+    /// Takes over a value of another set.
+    void insert(Enum key, const Value & value) { m_values.insert_or_assign(key, value); }
     void clear() { m_values.clear(); }
     auto begin() const { return m_values.begin(); }
     auto end() const { return m_values.end(); }

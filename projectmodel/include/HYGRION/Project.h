@@ -96,6 +96,10 @@ public:
     std::size_t rename(definition_t kind, const std::string & oldName, const std::string & newName);
     /// Changes the references only, for a definition that has its new name already.
     std::size_t renameReferences(definition_t kind, const std::string & oldName, const std::string & newName);
+    /// The references to a definition, as ascending numbers in the walk of forEachReference.
+    std::vector<std::size_t> referencesTo(definition_t kind, const std::string & name) const;
+    /// Lets just these references name another definition.
+    void setReferences(const std::vector<std::size_t> & references, const std::string & name);
 
     /// The assignment in words for messages: its label, or "#" and its number from 1.
     std::string assignmentLabel(std::size_t index) const;
