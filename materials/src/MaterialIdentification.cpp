@@ -208,7 +208,7 @@ void MaterialIdentification::readLinePreV6(std::string_view line) {
     const KeywordLine parts(line);
     for (const auto & [word, message] : OBSOLETE_KEYWORDS)
         if (parts.keyword == word) {
-            log(std::string(message), KOR::MSG_WARNING, READ_LINE, DETAIL);
+            log(std::string(message), KOR::MSG_WARNING, READ_LINE);
             return;
         }
     const auto [keyword, value] = checkedLine(line);
@@ -263,7 +263,7 @@ void MaterialIdentification::setValue(Ident key, std::string_view value) {
             if (edition.empty() || std::find(m_dbType.begin(), m_dbType.end(), edition) != m_dbType.end())
                 continue;
             if (std::find(std::begin(EDITIONS), std::end(EDITIONS), edition) == std::end(EDITIONS))
-                log(KOR::text("Unknown database edition '%1'.", shown(edition)), KOR::MSG_WARNING, READ_LINE, DETAIL);
+                log(KOR::text("Unknown database edition '%1'.", shown(edition)), KOR::MSG_WARNING, READ_LINE);
             if (m_dbType.size() == MAX_EDITIONS)
                 throw KOR::Exception(invalidValue(value, keyword), READ_LINE);
             m_dbType.push_back(edition);
@@ -295,12 +295,12 @@ void MaterialIdentification::setFlagsPreV6(std::string_view text) {
     m_flags = 0;
     for (const std::string_view word : KOR::words(text)) {
         if (!KeywordList::KeywordExists<FlagsPreV6>(word)) {
-            log("Unknown flag found! Skipping it for now...", KOR::MSG_WARNING, SET_FLAGS, DETAIL);
+            log("Unknown flag found! Skipping it for now...", KOR::MSG_WARNING, SET_FLAGS);
             continue;
         }
         const auto flag = KeywordList::Enumeration<FlagsPreV6>(word);
         if (flag == FlagsPreV6::ONLY_HYGROSCOPIC)
-            log("Flag ONLY_HYGROSCOPIC is no longer supported! Skipping it now.", KOR::MSG_WARNING, SET_FLAGS, DETAIL);
+            log("Flag ONLY_HYGROSCOPIC is no longer supported! Skipping it now.", KOR::MSG_WARNING, SET_FLAGS);
         else
             m_flags |= static_cast<unsigned int>(TODAY[indexOf(flag)]);
     }

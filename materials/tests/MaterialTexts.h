@@ -5,8 +5,10 @@
 #include <KOR/Exception.h>
 #include <KOR/MessageHandler.h>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -77,6 +79,11 @@ inline Material materialFrom(const std::string & content, const std::string & pa
     return material;
 }
 
+inline void setFlag(Material & material, MaterialIdentification::Flags flag, bool on = true) {
+    unsigned int & flags = material.m_identification.m_flags;
+    flags = on ? flags | static_cast<unsigned int>(flag) : flags & ~static_cast<unsigned int>(flag);
+}
+
 /// All messages of a failure, the cause first; empty when there is none.
 template <typename Body> std::vector<KOR::Exception::Entry> chainOf(Body && body) {
     try {
@@ -85,6 +92,14 @@ template <typename Body> std::vector<KOR::Exception::Entry> chainOf(Body && body
         return ex.chain();
     }
     return {};
+}
+
+/// A chain holds a message, or one of a function with this identifier.
+MATCHER_P(holds, text, "") {
+    const auto tells = [this](const KOR::Exception::Entry & entry) {
+        return entry.message == text || entry.where == text;
+    };
+    return std::any_of(arg.begin(), arg.end(), tells);
 }
 
 } // namespace MM
