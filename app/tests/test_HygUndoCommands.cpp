@@ -1,4 +1,5 @@
 #include "document/HygProjectHandler.h"
+#include "undo/HygEditing.h"
 #include "undo/HygUndoDefinitions.h"
 #include "undo/HygUndoGrid.h"
 #include "undo/HygUndoSections.h"
@@ -458,6 +459,46 @@ TEST_F(HygUndoCommandsTest, AssignmentsKeepOnlyWhatDiffers) {
     EXPECT_LE(command->keptAssignments(), 4u);
     m_stack.redo();
     EXPECT_EQ(project().m_assignments, after);
+}
+
+TEST_F(HygUndoCommandsTest, RemovingADefinitionTakesItsAssignmentsAlongInOneStep) {
+    const Project before = project();
+    std::size_t removable = 0;
+    HYGRION::forEachDefinitionList(before, [&](HYGRION::definition_t kind, const auto & list) {
+        if (list.empty())
+            return;
+        ++removable;
+        HygEditing::removeDefinition(m_stack, "remove", project(), kind, 0);
+        EXPECT_EQ(m_stack.count(), 1);
+        for (const HYGRION::Assignment & assignment : project().m_assignments.m_list)
+            EXPECT_FALSE(HYGRION::referencedKind(assignment) == kind && assignment.m_reference == "A");
+        EXPECT_THROW(HygEditing::removeDefinition(m_stack, "remove", project(), kind, 7), KOR::Exception);
+        EXPECT_EQ(m_stack.count(), 1);
+        m_stack.undo();
+        EXPECT_EQ(project(), before);
+    });
+    EXPECT_EQ(removable, 10u);
+}
+
+TEST_F(HygUndoCommandsTest, WidthsOfOneColumnAreACellDimension) {
+    using HYGRION::Disc;
+    const Project before = project();
+    const auto push = [&](unsigned int dir, std::size_t first, std::size_t last) {
+        m_stack.push(HygEditing::widthCommand("width", project(), dir, first, last, 5).release());
+        return m_signals.back().first;
+    };
+    EXPECT_EQ(push(Disc::X, 1, 1), 10);
+    EXPECT_EQ(push(Disc::Y, 1, 1), 10);
+    EXPECT_EQ(push(Disc::X, 1, 2), 11);
+    EXPECT_EQ(push(Disc::Z, 0, 0), 11);
+    EXPECT_THAT(project().m_disc.m_xSteps.m_data, testing::ElementsAre(0.1, 5, 5));
+    EXPECT_THAT(project().m_disc.m_ySteps.m_data, testing::ElementsAre(10, 5));
+    m_stack.push(HygEditing::gridCommand("insert", project(), [](auto & disc, auto & assignments) {
+                     HYGRION::edit::insertSteps(disc, assignments, Disc::X, 0);
+                 }).release());
+    EXPECT_EQ(project().m_disc.nx(), 4u);
+    m_stack.setIndex(0);
+    EXPECT_EQ(project(), before);
 }
 
 TEST(HygUndoCommands, NeedAProject) {
