@@ -13,12 +13,14 @@ constexpr int MAX_ITERATIONS = 150;
 constexpr double CONVERGED_HUMIDITY = 1e-13;
 constexpr double CONVERGED_TEMPERATURE = 1e-11; ///< [K]
 constexpr double LOWEST_HUMIDITY = 1e-30;
+constexpr double LEAST_VAPOR_RESISTANCE = 1e2; ///< [m/s], stands for none
 /// Steps that are still this many tolerances long after MAX_ITERATIONS are a failure, shorter ones round-off.
 constexpr double FAILED_STEP = 1e4;
 
-/// Heat that changes phase with the vapour [J/kg]; none where moisture is not balanced.
-double latentHeat(module_t module) {
-    return module == module_t::heat ? 0 : H_EVAPORATION;
+/// Heat that changes phase with the vapour [J/kg]; none where moisture is not balanced. It varies so little with
+/// temperature that the Newton iterations leave its derivative out.
+double latentHeat(module_t module, double T) {
+    return module == module_t::heat ? 0 : enthalpyOfVapor(T) - enthalpyOfLiquid(T);
 }
 
 /// Moves a node by a Newton step. The humidity stays positive and changes by no more than it has left, the
@@ -80,7 +82,6 @@ Model::FaceFlux result(const HalfCell::Flux & flux, double T, module_t module) {
 /// One node shared by both half cells. Rows: heat with the latent part of vapour, moisture.
 Model::FaceFlux perfectContact(const HalfCell & a, const HalfCell & b, const Thermodynamics & thermodynamics,
                                module_t module) {
-    const double latent = latentHeat(module);
     const FaceNode nodeA = nodeAtCell(a);
     const FaceNode nodeB = nodeAtCell(b);
     FaceNode node{(nodeA.temperature + nodeB.temperature) / 2, std::sqrt(nodeA.humidity * nodeB.humidity)};
@@ -89,6 +90,7 @@ Model::FaceFlux perfectContact(const HalfCell & a, const HalfCell & b, const The
     const bool converged = iterate([&](double damping) {
         fa = a.flux(node, thermodynamics);
         fb = b.flux(node, thermodynamics);
+        const double latent = latentHeat(module, node.temperature);
         std::array<double, 2> r{fa.conduction + fb.conduction + latent * (fa.vapor + fb.vapor),
                                 fa.vapor + fb.vapor + fa.liquid + fb.liquid};
         std::array<std::array<double, 2>, 2> j{
@@ -110,12 +112,13 @@ Model::FaceFlux perfectContact(const HalfCell & a, const HalfCell & b, const The
 }
 
 /// Two nodes with resistances between them. Rows: heat and moisture at a, heat and moisture at b.
-Model::FaceFlux resistiveContact(const HalfCell & a, const HalfCell & b, const ContactResistance & contact,
+Model::FaceFlux resistiveContact(const HalfCell & a, const HalfCell & b, const Contact & joint,
                                  const Thermodynamics & thermodynamics, module_t module) {
-    const double latent = latentHeat(module);
+    const ContactResistance & contact = joint.resistance;
+    const double latent = latentHeat(module, (a.cell.temperature + b.cell.temperature) / 2);
     // A resistance of zero stands for a contact whose drop cannot be seen.
     const double heatLink = 1 / std::max(contact.heat, 1e-9);
-    const double vaporLink = 1 / std::max(contact.vapor, 1e2);
+    double vaporLink = 1 / std::max(contact.vapor, LEAST_VAPOR_RESISTANCE);
     const double liquidLink = contact.blocksLiquid ? 0 : 1 / std::max(contact.liquid, 1e2);
     FaceNode na = nodeAtCell(a);
     FaceNode nb = nodeAtCell(b);
@@ -125,6 +128,17 @@ Model::FaceFlux resistiveContact(const HalfCell & a, const HalfCell & b, const C
     const bool converged = iterate([&](double damping) {
         const HalfCell::Flux fa = a.flux(na, thermodynamics);
         const HalfCell::Flux fb = b.flux(nb, thermodynamics);
+        double vaporLinkByPhi = 0; // equally of both nodes: a foil sees the mean of their humidities
+        if (joint.foil != nullptr) {
+            const auto & resistance = fa.vaporPressure >= fb.vaporPressure ? joint.foil->forward : joint.foil->backward;
+            const double humidity = (na.humidity + nb.humidity) / 2;
+            constexpr double STEP = 1e-4;
+            vaporLink = 1 / std::max(contact.vapor + resistance(std::min(humidity, 1.0)), LEAST_VAPOR_RESISTANCE);
+            if (humidity + STEP < 1)
+                vaporLinkByPhi =
+                    (1 / std::max(contact.vapor + resistance(humidity + STEP), LEAST_VAPOR_RESISTANCE) - vaporLink) /
+                    (2 * STEP);
+        }
         conduction = heatLink * (na.temperature - nb.temperature);
         vapor = vaporLink * (fa.vaporPressure - fb.vaporPressure);
         liquid = liquidLink * (fb.suction - fa.suction);
@@ -134,9 +148,10 @@ Model::FaceFlux resistiveContact(const HalfCell & a, const HalfCell & b, const C
             fa.conduction - conduction + latent * (fa.vapor - vapor), fa.vapor + fa.liquid - vapor - liquid,
             fb.conduction + conduction + latent * (fb.vapor + vapor), fb.vapor + fb.liquid + vapor + liquid};
         const double vaT = vaporLink * fa.vaporPressureByT;
-        const double vaPhi = vaporLink * fa.vaporPressureByPhi;
+        const double drop = fa.vaporPressure - fb.vaporPressure;
+        const double vaPhi = vaporLink * fa.vaporPressureByPhi + vaporLinkByPhi * drop;
         const double vbT = -vaporLink * fb.vaporPressureByT;
-        const double vbPhi = -vaporLink * fb.vaporPressureByPhi;
+        const double vbPhi = -vaporLink * fb.vaporPressureByPhi + vaporLinkByPhi * drop;
         const double laPhi = -liquidLink * suctionAByPhi;
         const double lbPhi = liquidLink * suctionBByPhi;
         std::array<std::array<double, 4>, 4> j{
@@ -194,12 +209,12 @@ Arrival arrival(const SurfaceLoad & load, const HalfCell::Flux & f, double T, do
 /// Solves the surface node under \p rain that is all taken up; a fixed suction or temperature is kept.
 HalfCell::Flux solveNode(const HalfCell & inside, const SurfaceLoad & load, double rain, bool hasSuction,
                          double suction, FaceNode & node, const Thermodynamics & thermodynamics, module_t module) {
-    const double latent = latentHeat(module);
     HalfCell::Flux f{};
     const bool converged = iterate([&](double damping) {
         if (hasSuction)
             node.humidity = std::exp(-suction / thermodynamics.kelvin(node.temperature));
         f = inside.flux(node, thermodynamics);
+        const double latent = latentHeat(module, node.temperature);
         const Arrival in = arrival(load, f, node.temperature, rain, latent);
         std::array<double, 2> r{f.conduction + latent * f.vapor + in.heat, f.vapor + f.liquid + in.water};
         std::array<std::array<double, 2>, 2> j{
@@ -232,38 +247,45 @@ HalfCell::Flux solveNode(const HalfCell & inside, const SurfaceLoad & load, doub
 
 } // namespace
 
-Model::FaceFlux eliminateContact(const HalfCell & a, const HalfCell & b, const ContactResistance & contact,
+Model::FaceFlux eliminateContact(const HalfCell & a, const HalfCell & b, const Contact & contact,
                                  const Thermodynamics & thermodynamics, module_t module) {
-    return contact.isPerfect() ? perfectContact(a, b, thermodynamics, module)
-                               : resistiveContact(a, b, contact, thermodynamics, module);
+    return contact.resistance.isPerfect() ? perfectContact(a, b, thermodynamics, module)
+                                          : resistiveContact(a, b, contact, thermodynamics, module);
 }
 
-SurfaceState eliminateSurface(const HalfCell & inside, const SurfaceLoad & load, const Thermodynamics & thermodynamics,
+SurfaceState eliminateSurface(const HalfCell & inside, const SurfaceLoad & given, const Thermodynamics & thermodynamics,
                               module_t module) {
+    SurfaceLoad load = given;
+    if (module == module_t::heat)
+        load.rain = load.liquidFlux = 0;
     FaceNode node = nodeAtCell(inside);
-    double rain = load.rain;
-    HalfCell::Flux f = solveNode(inside, load, rain, load.hasSuction, load.suction, node, thermodynamics, module);
-    double runoff = 0;
-    if (!load.hasSuction && rain > 0 && module != module_t::heat && (f.suction < 0 || !std::isfinite(f.suction))) {
-        // More than the surface can take: it is saturated, and takes what flows in at zero suction.
+    HalfCell::Flux f = solveNode(inside, load, load.rain, load.hasSuction, load.suction, node, thermodynamics, module);
+    SurfaceState state;
+    // A surface that is open to rain and air holds no water under pressure: what it cannot take, of rain or of
+    // condensate, runs off.
+    const bool isOpen = load.rain > 0 || load.vaporTransfer > 0;
+    if (!load.hasSuction && isOpen && module != module_t::heat && (f.suction < 0 || !std::isfinite(f.suction))) {
         node = nodeAtCell(inside);
-        f = solveNode(inside, load, rain, true, 0, node, thermodynamics, module);
-        const double taken = -(f.vapor + f.liquid) - arrival(load, f, node.temperature, 0, latentHeat(module)).water;
-        rain = std::clamp(taken, 0.0, load.rain);
-        runoff = load.rain - rain;
+        f = solveNode(inside, load, load.rain, true, 0, node, thermodynamics, module);
+        state.runoff = std::max(0.0, arrival(load, f, node.temperature, load.rain, 0).water + f.vapor + f.liquid);
     }
 
-    SurfaceState state;
     state.temperature = node.temperature;
     state.suction = f.suction;
     state.vaporPressure = f.vaporPressure;
-    state.runoff = runoff;
     if (module != module_t::heat) {
         state.vaporFlux = -f.vapor;
         state.liquidFlux = -f.liquid;
+        state.vaporArrival = arrival(load, f, node.temperature, load.rain, 0).vapor;
+        state.liquidArrival = std::max(0.0, load.rain - state.runoff) + load.liquidFlux;
+        state.vaporEnthalpy = state.vaporArrival * enthalpyOfVapor(node.temperature);
+        state.liquidEnthalpy = state.liquidArrival * enthalpyOfLiquid(load.waterTemperature);
     }
-    if (module != module_t::moisture)
+    if (module != module_t::moisture) {
         state.conduction = -f.conduction;
+        state.convection = load.heatTransfer * (load.airTemperature - node.temperature);
+        state.longWave = load.longWave - load.emissivity * STEFAN_BOLTZMANN * std::pow(node.temperature, 4);
+    }
     state.enthalpyFlux =
         state.vaporFlux * enthalpyOfVapor(node.temperature) + state.liquidFlux * enthalpyOfLiquid(node.temperature);
     return state;

@@ -6,10 +6,16 @@
 
 namespace SOLVER {
 
+/// A contact with its foil.
+struct Contact {
+    const ContactResistance & resistance;
+    const ModelInput::Foil * foil; ///< or null
+};
+
 /// Finds the state of a face between two materials, or on both sides of a resistance, at which as much heat and water
 /// arrives as leaves, and returns the fluxes from a to b. Averages of conductivities would converge slowly there.
 /// \param module what is not balanced keeps its cell values and has no flux
-Model::FaceFlux eliminateContact(const HalfCell & a, const HalfCell & b, const ContactResistance & contact,
+Model::FaceFlux eliminateContact(const HalfCell & a, const HalfCell & b, const Contact & contact,
                                  const Thermodynamics & thermodynamics, module_t module);
 
 /// Finds the state of a surface under its load.

@@ -18,6 +18,18 @@ struct Thermodynamics {
     }
 };
 
+/// Mean of the liquid conductivity [s] over the suctions between two states of one material. With it the flux under
+/// gravity vanishes exactly where the suctions differ by the weight of the water between them.
+inline double meanConductivity(const MaterialTable & table, double suctionA, double potentialA, double suctionB,
+                               double potentialB) {
+    const double difference = suctionB - suctionA;
+    if (std::fabs(difference) > 1e-6 * (std::fabs(suctionA) + std::fabs(suctionB)) + 1e-6)
+        return (potentialA - potentialB) / difference;
+    MaterialTable::Slopes slopes{};
+    table.fromSuction((suctionA + suctionB) / 2, slopes);
+    return slopes.liquid;
+}
+
 /// The state on a face: temperature and relative humidity are the unknowns of the elimination. In them vapour flux is
 /// linear, and near saturation liquid flux is.
 struct FaceNode {
@@ -77,17 +89,22 @@ public:
         f.vaporByPhi = permeabilityBySuction * suctionByPhi * drop - permeability * f.vaporPressureByPhi;
         f.vaporByT = permeabilityBySuction * suctionByT * drop - permeability * f.vaporPressureByT;
 
-        const double conductance = (cell.lambda + face.lambda) / 2 / distance;
+        double lambda = face.lambda;
+        double lambdaByT = 0;
+        if (table.hasLambdaByTemperature())
+            lambda += table.lambdaByTemperature(T, lambdaByT);
+        const double conductance = (cell.lambda + lambda) / 2 / distance;
         const double conductanceBySuction = slopes.lambda / 2 / distance;
         const double difference = cell.temperature - T;
         f.conduction = conductance * difference;
-        f.conductionByT = conductanceBySuction * suctionByT * difference - conductance;
+        f.conductionByT = (conductanceBySuction * suctionByT + lambdaByT / 2 / distance) * difference - conductance;
         f.conductionByPhi = conductanceBySuction * suctionByPhi * difference;
 
         f.liquid = (cell.potential - face.potential) / distance;
         const double liquidBySuction = slopes.liquid / distance;
         if (head != 0)
-            f.liquid -= slopes.liquid * head / distance;
+            f.liquid -=
+                meanConductivity(table, cell.suction, cell.potential, suction, face.potential) * head / distance;
         f.liquidByPhi = liquidBySuction * suctionByPhi;
         f.liquidByT = liquidBySuction * suctionByT;
         return f;

@@ -1,5 +1,7 @@
 #include <SOLVER/MaterialTable.h>
 
+#include "Hermite.h"
+
 #include <SOLVER/Physics.h>
 
 #include <KOR/Exception.h>
@@ -18,38 +20,8 @@ constexpr double PC_STEP = 0.02;   ///< distance of the nodes; halving it change
 constexpr double PC_DRY_END = 10;  ///< relative humidity below 1e-31
 constexpr double PC_WET_END = -2;  ///< wetter than any gravity-free suction of interest
 constexpr double WET_LIMIT = 1e-4; ///< share of saturation that the linear extension takes over
+constexpr Curve::Range TEMPERATURES = {T_ZERO - 60, T_ZERO + 120, 0.5}; ///< of the functions of temperature [K]
 constexpr double LN10 = 2.302585092994046;
-
-/// Slopes at the nodes of monotone data, so that the cubic between them stays monotone (Fritsch and Butland, 1984).
-/// \param distance of neighbouring x values, one fewer than y
-std::vector<double> monotoneSlopes(const std::vector<double> & distance, const std::vector<double> & y) {
-    const std::size_t n = y.size();
-    std::vector<double> slopes(n, 0.0);
-    const auto secant = [&](std::size_t i) { return (y[i + 1] - y[i]) / distance[i]; };
-    for (std::size_t i = 1; i + 1 < n; ++i) {
-        const double before = secant(i - 1);
-        const double after = secant(i);
-        if (before * after <= 0)
-            continue;
-        const double w1 = 2 * distance[i] + distance[i - 1];
-        const double w2 = distance[i] + 2 * distance[i - 1];
-        slopes[i] = (w1 + w2) / (w1 / before + w2 / after);
-    }
-    slopes.front() = secant(0);
-    slopes.back() = secant(n - 2);
-    return slopes;
-}
-
-/// Cubic Hermite interpolation at t in [0, 1] over an interval of length h.
-double hermite(double t, double h, double y0, double slope0, double y1, double slope1) {
-    const double s = 1 - t;
-    return s * s * ((1 + 2 * t) * y0 + t * h * slope0) + t * t * ((3 - 2 * t) * y1 - s * h * slope1);
-}
-
-double hermiteSlope(double t, double h, double y0, double slope0, double y1, double slope1) {
-    const double s = 1 - t;
-    return 6 * t * s * (y1 - y0) / h + s * (1 - 3 * t) * slope0 + t * (3 * t - 2) * slope1;
-}
 
 /// Where the material has lost WET_LIMIT of its saturation.
 double wetEnd(const std::function<double(double)> & moisture, double saturation) {
@@ -135,6 +107,36 @@ MaterialTable::MaterialTable(const MaterialFunctions & functions)
                       vapor[i],    vaporSlopes[i], vaporPotential[i], vaporPotentialSlope(i),
                       lambda[i],   lambdaSlopes[i]};
 
+    if (functions.enthalpy) {
+        m_enthalpy = Curve(functions.enthalpy, TEMPERATURES, "The enthalpy of material '" + m_name + "'");
+        double slope = 0;
+        for (double T = TEMPERATURES.begin; T <= TEMPERATURES.end; T += TEMPERATURES.step)
+            if (!(m_enthalpy.value(T + TEMPERATURES.step / 2, slope) > m_enthalpy.value(T - TEMPERATURES.step / 2)))
+                throw Exception(
+                    text("The enthalpy of material '%1' does not grow at %2 K.", m_name, KOR::toString(T, 5)),
+                    "[MaterialTable::MaterialTable]");
+        m_enthalpy.value(T_REF, m_heatCapacity);
+    }
+    if (functions.conductivityByTemperature)
+        m_lambdaByTemperature = Curve(functions.conductivityByTemperature, TEMPERATURES,
+                                      "The thermal conductivity over temperature of material '" + m_name + "'");
+    if (functions.conductivityByIce)
+        m_lambdaByIce = Curve(functions.conductivityByIce, {0, 1, 0.01},
+                              "The thermal conductivity over ice of material '" + m_name + "'");
+    for (std::size_t d = 0; d < m_others.size(); ++d)
+        if (const auto & other = functions.otherDirections[d]) {
+            MaterialFunctions turned = functions;
+            turned.otherDirections = {};
+            const auto take = [](MaterialFunctions::Function & into, const MaterialFunctions::Function & from) {
+                if (from)
+                    into = from;
+            };
+            take(turned.liquidConductivity, other->liquidConductivity);
+            take(turned.vaporPermeability, other->vaporPermeability);
+            take(turned.thermalConductivity, other->thermalConductivity);
+            m_others[d] = std::make_shared<const MaterialTable>(turned);
+        }
+
     m_suctionStart = std::pow(10.0, m_pCStart);
     m_wetConductivity = liquid[0];
     m_wetHumidity = humidity(m_pCStart);
@@ -204,14 +206,60 @@ double MaterialTable::moisture(double suction) const {
     const double position =
         std::min((std::log10(suction) - m_pCStart) / PC_STEP, static_cast<double>(m_nodes.size() - 1));
     const std::size_t i = std::min(static_cast<std::size_t>(position), m_nodes.size() - 2);
-    double low = m_nodes[i + 1].moisture;
-    double high = m_nodes[i].moisture;
-    auto hint = static_cast<std::uint32_t>(i);
-    for (int k = 0; k < 60; ++k) {
-        const double middle = (low + high) / 2;
-        (fromMoisture(middle, hint).suction > suction ? low : high) = middle;
+    // The inverse of the cubic of fromMoisture: Newton's iteration within a bracket.
+    const Node & a = m_nodes[i];
+    const Node & b = m_nodes[i + 1];
+    const double length = a.moisture - b.moisture;
+    const double wanted = position - static_cast<double>(i); // of the interval, in pC
+    double low = 0;
+    double high = 1;
+    double s = wanted;
+    for (int k = 0; k < 60 && high - low > 1e-15; ++k) {
+        const double slope0 = -a.inverseSlope / PC_STEP;
+        const double slope1 = -b.inverseSlope / PC_STEP;
+        const double error = hermite(s, length, 0, slope0, 1, slope1) - wanted;
+        (error > 0 ? high : low) = s;
+        const double slope = length * hermiteSlope(s, length, 0, slope0, 1, slope1);
+        const double next = s - error / slope;
+        const double previous = s;
+        s = next > low && next < high ? next : (low + high) / 2;
+        if (std::fabs(s - previous) < 1e-15)
+            break;
     }
-    return (low + high) / 2;
+    return a.moisture - s * length;
+}
+
+double MaterialTable::capacity(double suction) const {
+    if (suction <= m_suctionStart)
+        return 1 / m_wetSlope;
+    const double step = 1e-5 * suction;
+    return (moisture(suction + step) - moisture(suction - step)) / (2 * step);
+}
+
+double MaterialTable::enthalpy(double T, double & slope) const {
+    if (!m_enthalpy.isEmpty())
+        return m_enthalpy.value(T, slope);
+    slope = m_heatCapacity;
+    return m_heatCapacity * (T - T_ZERO);
+}
+
+double MaterialTable::temperature(double energy, double waterCapacity) const {
+    if (m_enthalpy.isEmpty())
+        return T_ZERO + energy / (m_heatCapacity + waterCapacity);
+    double T = T_ZERO + energy / (m_heatCapacity + waterCapacity);
+    double low = 0;
+    double high = 1e4;
+    for (int k = 0; k < 60; ++k) {
+        double slope = 0;
+        const double error = m_enthalpy.value(T, slope) + waterCapacity * (T - T_ZERO) - energy;
+        (error > 0 ? high : low) = T;
+        const double next = T - error / (slope + waterCapacity);
+        const double previous = T;
+        T = next > low && next < high ? next : (low + high) / 2;
+        if (std::fabs(T - previous) < 1e-11)
+            break;
+    }
+    return T;
 }
 
 } // namespace SOLVER

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <SOLVER/Curve.h>
+
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -19,7 +22,7 @@ struct MaterialFunctions {
     Function vaporPermeability;   ///< on the gradient of vapour pressure [s]
     Function thermalConductivity; ///< [W/mK]
 
-    /// Material directions v and w, where they differ from u, which is the above.
+    /// Material directions v and w, where they differ from u, which is the above; what is empty is as along u.
     struct Transport {
         Function liquidConductivity, vaporPermeability, thermalConductivity;
     };
@@ -27,7 +30,8 @@ struct MaterialFunctions {
 
     Function enthalpy{};                  ///< of the dry material over temperature [K], [J/m3], 0 at T_ZERO; or empty
     Function conductivityByTemperature{}; ///< added to the thermal conductivity over temperature [K]; or empty
-    Function conductivityByIce{};         ///< added to it over the volume content of ice [m3/m3]; or empty
+    Function conductivityByIce{};         ///< added to it over the volume content of ice [m3/m3]; or empty, then
+                                          ///< ice conducts as the water did from which it froze
 };
 
 /// A material's functions in the form in which cells evaluate them: piecewise cubics over one common set of nodes,
@@ -61,9 +65,28 @@ public:
     State fromSuction(double suction, Slopes & slopes) const;
     /// The moisture mass density [kg/m3] at a suction [Pa]: the exact inverse of fromMoisture.
     double moisture(double suction) const;
+    /// The derivative of the above [kg/m3Pa].
+    double capacity(double suction) const;
+
+    /// The same material as it conducts along its direction 0 u, 1 v, 2 w. All have one moisture storage.
+    const MaterialTable & along(int direction) const {
+        return direction == 0 || !m_others[static_cast<std::size_t>(direction - 1)]
+                   ? *this
+                   : *m_others[static_cast<std::size_t>(direction - 1)];
+    }
+    bool isAnisotropic() const { return m_others[0] || m_others[1]; }
 
     const std::string & name() const { return m_name; }
-    double heatCapacity() const { return m_heatCapacity; }
+    double heatCapacity() const { return m_heatCapacity; } ///< around 20 C [J/m3K]
+    /// Enthalpy of the dry material [J/m3] at a temperature [K], 0 at T_ZERO. \param slope of it [J/m3K]
+    double enthalpy(double T, double & slope) const;
+    /// The temperature [K] at which dry material and water of a heat capacity [J/m3K] hold an energy [J/m3].
+    double temperature(double energy, double waterCapacity) const;
+    /// What temperature adds to the thermal conductivity [W/mK]. \param slope of it [W/mK2]
+    double lambdaByTemperature(double T, double & slope) const { return m_lambdaByTemperature.value(T, slope); }
+    bool hasLambdaByTemperature() const { return !m_lambdaByTemperature.isEmpty(); }
+    /// What ice [m3/m3] adds to the thermal conductivity; none, if ice conducts as water.
+    const Curve & lambdaByIce() const { return m_lambdaByIce; }
     double saturation() const { return m_saturation; }
     bool conductsLiquid() const { return m_conductsLiquid; }
 
@@ -89,6 +112,8 @@ private:
     double m_wetHumidity = 0; ///< relative humidity of the first node at T_REF
     bool m_conductsLiquid = false;
     std::vector<Node> m_nodes;
+    std::array<std::shared_ptr<const MaterialTable>, 2> m_others; ///< along v and w; null where it is as along u
+    Curve m_enthalpy, m_lambdaByTemperature, m_lambdaByIce;
 };
 
 } // namespace SOLVER

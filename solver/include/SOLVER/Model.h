@@ -100,8 +100,8 @@ public:
     // ---- what the last right-hand side saw --------------------------------------------------------------------
     struct CellState {
         double temperature;    ///< [K]
-        double moisture;       ///< [kg/m3]
-        double suction;        ///< [Pa]
+        double moisture;       ///< liquid, adsorbed and frozen [kg/m3]
+        double suction;        ///< of the liquid [Pa]
         double humidity;       ///< relative humidity [-]
         double vaporPressure;  ///< [Pa]
         double potential;      ///< [kg/ms]
@@ -119,6 +119,8 @@ public:
     };
     std::span<const CellState> cellStates() const { return m_cells; }
     std::span<const FaceFlux> faceFluxes() const { return m_faceFluxes; }
+    /// Long-wave radiation from a to b across each of the cavity's pairs of walls [W/m2].
+    std::span<const double> radiationFluxes() const { return m_radiation; }
     std::span<const SurfaceState> surfaceStates() const { return m_surfaceStates; }
     /// What comes in: through each surface, then from all cell loads together. Its sum is what the balances gain.
     std::span<const Exchange> exchangeRates() const { return m_exchange; }
@@ -129,7 +131,19 @@ private:
     void evaluateCells(std::span<const double> state);
     void evaluateFaces();
     void evaluateSurfaces();
-    FaceFlux homogeneousFlux(const ModelInput::Face & face) const;
+    void evaluateRadiation();
+    bool freezeCell(std::size_t cell, const MaterialTable & table, double energy);
+    void evaluateTransport(std::size_t cell, const MaterialTable & table);
+    CellState initialCell(const ModelInput::Cell & cell) const;
+    /// What a load of the inside brings to its cell, per volume.
+    Exchange loadRate(const CellLoad & load, const CellState & cell) const;
+    /// The cell's state with its conductivities along an axis of the grid. \param buffer for a state that is not stored
+    const CellState & along(std::uint32_t cell, int axis, CellState & buffer) const;
+    int materialDirection(std::uint32_t cell, int axis) const {
+        return m_input.cells[cell].direction[static_cast<std::size_t>(axis)];
+    }
+    FaceFlux homogeneousFlux(const ModelInput::Face & face, const MaterialTable & table, const CellState & a,
+                             const CellState & b) const;
 
     ModelInput m_input;
     std::size_t m_unknowns;
@@ -141,6 +155,12 @@ private:
     std::vector<SurfaceLoad> m_loads;
     std::vector<CellLoad> m_cellLoads;
     std::vector<Exchange> m_exchange;
+    std::vector<double> m_radiation;
+    /// Conductivities of each cell along its material's directions v and w; empty where all are as along u.
+    struct Transport {
+        double potential, vapor, lambda, vaporPotential;
+    };
+    std::vector<std::array<Transport, 2>> m_otherTransport;
     std::vector<std::vector<std::uint32_t>> m_neighbours;
 };
 

@@ -16,6 +16,13 @@ inline constexpr double H_EVAPORATION = 2.5e6;          ///< heat of evaporation
 inline constexpr double GRAVITY = 9.81;                 ///< [m/s2]
 inline constexpr double STEFAN_BOLTZMANN = 5.670374e-8; ///< [W/m2K4]
 
+inline constexpr double H_FUSION = 3.3343e5;   ///< heat of fusion at T_ZERO [J/kg], IAPWS R10-06
+inline constexpr double C_ICE = 2097;          ///< specific heat of ice at T_ZERO [J/kgK], IAPWS R10-06
+inline constexpr double RHO_ICE = 916.7;       ///< density of ice at T_ZERO [kg/m3], IAPWS R10-06
+inline constexpr double P_ATMOSPHERE = 101325; ///< [Pa]
+inline constexpr double R_AIR = 287.06;        ///< gas constant of dry air [J/kgK]
+inline constexpr double C_AIR = 1006;          ///< specific heat of dry air [J/kgK]
+
 /// Logarithm of the saturation pressure over liquid water [Pa], ISO 13788; the water branch is continued below 0 C,
 /// where pores hold supercooled water and meteorological files refer to it.
 inline double logSaturationPressure(double T) {
@@ -38,12 +45,27 @@ inline constexpr double kelvinPressure(double T) {
     return RHO_WATER * R_VAPOR * T;
 }
 
+/// The suction [Pa] of liquid water in equilibrium with ice under the pressure of the atmosphere, 0 at T_ZERO: the
+/// relation of Clausius and Clapeyron, d suction / dT = -RHO_WATER L(T) / T with L = H_FUSION + (C_WATER - C_ICE) (T -
+/// T_ZERO), integrated; e.g. Hansson et al., Vadose Zone Journal 3 (2004) 693, eq. 11, there with a constant L.
+inline double freezingSuction(double T) {
+    constexpr double C = C_WATER - C_ICE;
+    return RHO_WATER * ((H_FUSION - C * T_ZERO) * std::log(T_ZERO / T) + C * (T_ZERO - T));
+}
+/// Its derivative [Pa/K].
+inline double freezingSuctionSlope(double T) {
+    return -RHO_WATER * (H_FUSION + (C_WATER - C_ICE) * (T - T_ZERO)) / T;
+}
+
 /// Specific enthalpies relative to liquid water at T_ZERO [J/kg].
 inline constexpr double enthalpyOfLiquid(double T) {
     return C_WATER * (T - T_ZERO);
 }
 inline constexpr double enthalpyOfVapor(double T) {
     return H_EVAPORATION + C_VAPOR * (T - T_ZERO);
+}
+inline constexpr double enthalpyOfIce(double T) {
+    return C_ICE * (T - T_ZERO) - H_FUSION;
 }
 
 } // namespace SOLVER
