@@ -59,6 +59,28 @@ double pCAt(double humidity) {
     return pCOf(liquidPressure(humidity));
 }
 
+/// The Gauss model as a spline. It is generated from mode to mode: stairs of narrow modes look straight at few samples.
+KOR::LinearSpline generated(const MrcGAUSS & gauss) {
+    std::vector<double> borders{0, PC_GENERATED};
+    for (const auto & peak : gauss.density().peaks())
+        if (peak.centre > 0 && peak.centre < PC_GENERATED)
+            borders.push_back(peak.centre);
+    borders = merged(std::move(borders), 1e-6);
+    borders.back() = PC_GENERATED;
+    std::vector<double> x{0};
+    std::vector<double> y{gauss.value(0)};
+    for (std::size_t i = 1; i < borders.size(); ++i) {
+        KOR::LinearSpline part;
+        const std::size_t forTheOthers = 2 * (borders.size() - 1 - i);
+        KOR::LinearSplineGenerator::generate([&gauss](double pC) { return gauss.value(pC); }, borders[i - 1],
+                                             borders[i], ABSOLUTE_TOLERANCE, RELATIVE_TOLERANCE,
+                                             MAX_GENERATED - x.size() - forTheOthers, part);
+        x.insert(x.end(), part.x().begin() + 1, part.x().end());
+        y.insert(y.end(), part.y().begin() + 1, part.y().end());
+    }
+    return {x, y};
+}
+
 bool isNear(double value, double target) {
     return std::abs(value - target) <= NORMALIZED_TOLERANCE;
 }
@@ -168,13 +190,9 @@ void MoistureStorage::generateFromModel(double thetaEff) {
     log("Generating MRC spline data from GAUSS model.\n", KOR::MSG_PROGRESS, PREPARE, DETAIL);
     MrcGAUSS gauss;
     gauss.setData(model, thetaEff);
-    KOR::LinearSpline spline;
-    KOR::LinearSplineGenerator::generate([&gauss](double pC) { return gauss.value(pC); }, 0, PC_GENERATED,
-                                         ABSOLUTE_TOLERANCE, RELATIVE_TOLERANCE, MAX_GENERATED, spline);
-    std::vector<double> contents = spline.y();
+    const KOR::LinearSpline spline = generated(gauss);
     // The integration is good to its tolerance, which could let neighbours on the plateau rise.
-    for (std::size_t i = 1; i < contents.size(); ++i)
-        contents[i] = std::min(contents[i], contents[i - 1]);
+    std::vector<double> contents = monotone(spline, true).y();
     std::vector<double> pressures = spline.x();
     if (contents.back() > DRY_REMAINDER * thetaEff) {
         // Pores so fine that they empty beyond the range.
@@ -213,7 +231,7 @@ void MoistureStorage::deriveFromPC(double thetaEff) {
     const auto content = [&overPC](double humidity) {
         return humidity <= 0 ? overPC.y().back() : humidity >= 1 ? overPC.y().front() : overPC.value(pCAt(humidity));
     };
-    isotherm = refined(content, merged(std::move(humidities), 1e-15), DERIVED_TOLERANCE * thetaEff);
+    isotherm = monotone(refined(content, merged(std::move(humidities), 1e-15), DERIVED_TOLERANCE * thetaEff), false);
     m_humidity = inverted(isotherm, smallest);
 }
 
@@ -234,7 +252,7 @@ void MoistureStorage::deriveFromRH(double thetaEff) {
             knots.push_back(std::min(PC_DRY, std::max(0.0, pCAt(humidity))));
     const auto content = [&](double pC) { return pC <= 0 ? isotherm.value(1) : isotherm.value(humidityAt(pC)); };
     preparedFunction(Functions::Theta_l_pC_de) =
-        refined(content, merged(std::move(knots), 1e-12), DERIVED_TOLERANCE * thetaEff);
+        monotone(refined(content, merged(std::move(knots), 1e-12), DERIVED_TOLERANCE * thetaEff), true);
     preparedFunction(Functions::pC_Theta_l_de) = inverted(prepared(Functions::Theta_l_pC_de), smallest);
 }
 

@@ -14,19 +14,30 @@ void MrcGAUSS::setData(const ModelDataContainer & model, double thetaEff) {
         throw KOR::Exception(ex, "The parameters of the GAUSS model cannot be used.", "[MrcGAUSS::setData]");
     }
     m_thetaEff = thetaEff;
+    m_wholes.clear();
+    for (const auto & peak : m_density.peaks())
+        m_wholes.push_back(integral(peak, std::fmax(0.0, peak.begin()), peak.end()));
 }
 
 double MrcGAUSS::value(double pC) const {
-    return m_thetaEff * std::fmax(0.0, 1 - (pC > 0 ? integral(0, pC) : 0));
+    double gone = 0;
+    for (std::size_t i = 0; i < m_wholes.size(); ++i) {
+        const MrcGAUSS_dpC::Peak & peak = m_density.peaks()[i];
+        if (pC > 0)
+            gone += pC >= peak.end() ? m_wholes[i] : integral(peak, std::fmax(0.0, peak.begin()), pC);
+    }
+    return m_thetaEff * std::fmax(0.0, 1 - gone);
 }
 
-double MrcGAUSS::integral(double a, double b) const {
-    constexpr std::size_t MIN_HALVINGS = 5; // below that a narrow mode may lie between the points
+double MrcGAUSS::integral(const MrcGAUSS_dpC::Peak & peak, double a, double b) const {
+    if (!(b > a))
+        return 0;
+    constexpr std::size_t MIN_HALVINGS = 5;
     constexpr std::size_t MAX_HALVINGS = 16;
     std::array<double, MAX_HALVINGS + 1> table{}; // the last row of the extrapolation scheme
     const auto integrand = [&](double t) {
         const double x = a + (b - a) * (1 + 1.5 * t - 0.5 * t * t * t) / 2;
-        return m_density.value(x) * (1 - t * t);
+        return peak.value(x) * (1 - t * t);
     };
     // dx/dt = 3/4 (b - a)(1 - t^2); the ends carry no weight.
     const double scale = 0.75 * (b - a);

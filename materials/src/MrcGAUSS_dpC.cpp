@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 namespace MM {
 
@@ -19,6 +20,8 @@ constexpr double SQRT_2PI = 2.506628;   ///< as the model fixes it
 constexpr double TWICE_TENSION = 0.152; ///< twice the surface tension of water [N/m], as the model fixes it
 constexpr double WEIGHT_TOLERANCE = 0.0001;
 constexpr std::size_t MAX_MODES = 100;
+constexpr double MIN_SIGMA = 1e-6;                ///< [decades], far below that of any material
+constexpr double REACH = 8 / std::numbers::sqrt2; ///< of a peak, in parts of 1 / narrowness
 
 } // namespace
 
@@ -41,8 +44,11 @@ void MrcGAUSS_dpC::setData(std::vector<Mode> modes) {
     if (modes.size() > MAX_MODES)
         throw KOR::Exception(KOR::text("Expected at most %1 modes, found %2.", MAX_MODES, modes.size()), WHERE);
     for (const Mode & mode : modes) {
-        if (!(mode.sigma > 0))
-            throw KOR::Exception(KOR::text("Expected a positive standard deviation, found %1.", mode.sigma), WHERE);
+        if (!(mode.sigma >= MIN_SIGMA))
+            throw KOR::Exception(
+                KOR::text("Expected a standard deviation of at least %1, found %2.", MIN_SIGMA, mode.sigma), WHERE);
+        if (!(mode.weight >= 0))
+            throw KOR::Exception(KOR::text("Expected a weight of at least 0, found %1.", mode.weight), WHERE);
         sum += mode.weight;
         try {
             peaks.push_back({std::log10(TWICE_TENSION) - KOR::f_log10(mode.radius),
@@ -77,13 +83,23 @@ ModelDataContainer MrcGAUSS_dpC::modelData() const {
     return model;
 }
 
+double MrcGAUSS_dpC::Peak::value(double pC) const {
+    const double t = (pC - centre) * narrowness;
+    return t * t < 700 ? height * std::exp(-t * t) : 0; // else below the smallest number
+}
+
+double MrcGAUSS_dpC::Peak::begin() const {
+    return centre - REACH / narrowness;
+}
+
+double MrcGAUSS_dpC::Peak::end() const {
+    return centre + REACH / narrowness;
+}
+
 double MrcGAUSS_dpC::value(double pC) const {
     double sum = 0;
-    for (const Peak & peak : m_peaks) {
-        const double t = (pC - peak.centre) * peak.narrowness;
-        if (t * t < 700) // else below the smallest number
-            sum += peak.height * std::exp(-t * t);
-    }
+    for (const Peak & peak : m_peaks)
+        sum += peak.value(pC);
     return sum;
 }
 

@@ -101,6 +101,13 @@ std::optional<std::size_t> wrongSlope(const KOR::LinearSpline & spline, bool fal
     return std::nullopt;
 }
 
+KOR::LinearSpline monotone(const KOR::LinearSpline & spline, bool falling) {
+    std::vector<double> y = spline.y();
+    for (std::size_t i = 1; i < y.size(); ++i)
+        y[i] = falling ? std::min(y[i], y[i - 1]) : std::max(y[i], y[i - 1]);
+    return {spline.x(), y};
+}
+
 std::vector<double> merged(std::vector<double> knots, double smallest) {
     std::sort(knots.begin(), knots.end());
     std::vector<double> kept;

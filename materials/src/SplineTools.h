@@ -29,6 +29,9 @@ KOR::LinearSpline inverted(const KOR::LinearSpline & spline, double smallest);
 /// The first interval with a slope of the wrong sign: below 0 or, with \p falling, above 0.
 std::optional<std::size_t> wrongSlope(const KOR::LinearSpline & spline, bool falling);
 
+/// The spline without the rounding errors by which a function that never falls (or, with \p falling, never rises) does.
+KOR::LinearSpline monotone(const KOR::LinearSpline & spline, bool falling);
+
 /// The sorted knots without those that are closer together than \p smallest.
 std::vector<double> merged(std::vector<double> knots, double smallest);
 

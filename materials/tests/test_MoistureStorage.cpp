@@ -22,17 +22,17 @@ std::string gauss(const std::string & weights, const std::string & radii, const 
     return "[MODEL]\nTYPE = GAUSS\nGAUSS_MODALITY = 2\nGAUSS_Wi = " + weights + "\nGAUSS_Ri = " + radii +
            "\nGAUSS_Si = " + deviations + "\n";
 }
+const std::vector<MrcGAUSS_dpC::Mode> TWO{
+    {0.6, 1e-6, 0.3},
+    {0.4, 1e-8, 0.6}
+};
 const std::string TWO_MODES = gauss("0.6 0.4", "1e-6 1e-8", "0.3 0.6");
 
 /// Closed form of the Gauss model with the model's own constants.
-double gaussContent(double pC, double thetaEff) {
+double gaussContent(double pC, double thetaEff, const std::vector<MrcGAUSS_dpC::Mode> & modes = TWO) {
     const double scale = std::sqrt(2 * M_PI) / 2.506628;
     const auto phi = [](double z) { return 0.5 * std::erfc(-z / std::sqrt(2.0)); };
     double gone = 0;
-    const double modes[][3] = {
-        {0.6, 1e-6, 0.3},
-        {0.4, 1e-8, 0.6}
-    };
     for (const auto & [weight, radius, sigma] : modes) {
         const double centre = std::log10(0.152 / radius);
         gone += weight * scale * (phi((pC - centre) / sigma) - phi(-centre / sigma));
@@ -49,21 +49,25 @@ MoistureStorage prepared(const Material & material) {
 } // namespace
 
 TEST(MrcGauss, IntegralAgreesWithTheClosedForm) {
-    ModelDataContainer model;
-    model.set("GAUSS_Wi", "0.6 0.4");
-    model.set("GAUSS_Ri", "1e-6 1e-8");
-    model.set("GAUSS_Si", "0.3 0.6");
-    MrcGAUSS mrc;
-    mrc.setData(model, 0.3);
-    EXPECT_EQ(mrc.value(0), 0.3);
-    for (double pC = 0.1; pC <= 12; pC += 0.1)
-        EXPECT_NEAR(mrc.value(pC), gaussContent(pC, 0.3), 0.3 * 1e-6) << pC;
+    // Also modes so narrow that they lie between any points, and some that begin outside.
+    const std::vector<std::vector<MrcGAUSS_dpC::Mode>> models{
+        TWO, {{0.5, 1e-6, 1e-6}, {0.5, 1e-8, 2e-3}},
+         { {0.3, 0.1, 0.5}, {0.2, 1e3, 0.1},       {0.5, 1e-20, 1}, {0, 1e-6, 9}}
+    };
+    for (const auto & modes : models) {
+        MrcGAUSS_dpC density;
+        density.setData(modes);
+        const ModelDataContainer block = density.modelData();
+        EXPECT_EQ(block.m_type, "GAUSS");
+        EXPECT_EQ(*block.find("GAUSS_MODALITY"), std::to_string(modes.size()));
+        MrcGAUSS mrc;
+        mrc.setData(block, 0.3);
+        EXPECT_EQ(mrc.density().modes(), modes);
+        EXPECT_EQ(mrc.value(0), 0.3);
+        for (double pC = 0.01; pC <= 12; pC += 0.01)
+            EXPECT_NEAR(mrc.value(pC), gaussContent(pC, 0.3, modes), 0.3 * 1e-6) << pC;
+    }
     EXPECT_EQ(MrcGAUSS_dpC().value(5), 0);
-    // The block can be made again from the modes.
-    const ModelDataContainer block = mrc.density().modelData();
-    EXPECT_EQ(block.m_type, "GAUSS");
-    EXPECT_EQ(*block.find("GAUSS_MODALITY"), "2");
-    EXPECT_EQ(block.values("GAUSS_Ri"), model.values("GAUSS_Ri"));
 }
 
 TEST(MrcGauss, BadParametersAreRefused) {
@@ -78,7 +82,8 @@ TEST(MrcGauss, BadParametersAreRefused) {
              {"1",           "x",         "1",   missing.c_str()                                                         },
              {"1",           "-1e-6",     "1",   "Negative or zero value in log function, x = -1e-06"                    },
              {"1",           "0",         "1",   "Negative or zero value in log function, x = 0"                         },
-             {"1",           "1e-6",      "0",   "Expected a positive standard deviation, found 0."                      },
+             {"1",           "1e-6",      "0",   "Expected a standard deviation of at least 1e-06, found 0."             },
+             {"1.5 -0.5",    "1e-6 1e-8", "1 1", "Expected a weight of at least 0, found -0.5."                          },
     }) {
         const auto chain = chainOf([&, w = weights, r = radii, d = deviations] { prepared(storing(gauss(w, r, d))); });
         ASSERT_EQ(chain.empty(), cause == nullptr) << weights;
@@ -116,6 +121,19 @@ TEST(MoistureStorage, GaussModelBecomesASplineWithinItsTolerance) {
             const double exact = gaussContent(pC, 0.3);
             EXPECT_NEAR(spline.value(pC), exact, 1.1 * (1e-5 + 1e-4 * exact)) << pC;
         }
+}
+
+/// A stair of plateaus: no derived function may rise or fall by a rounding error there.
+TEST(MoistureStorage, ManyNarrowModesAreFollowed) {
+    std::string weights, radii, deviations;
+    for (int i = 0; i < 100; ++i) {
+        weights += "0.01 ";
+        radii += KOR::toString(std::pow(10, -4 - i / 20.0)) + ' ';
+        deviations += "0.003 ";
+    }
+    const MoistureStorage storage = prepared(storing(gauss(weights, radii, deviations)));
+    for (int i = 0; i < 100; ++i) // halfway between two modes
+        EXPECT_NEAR(storage.Thetal_pC(std::log10(0.152) + 4 + (i + 0.5) / 20), 0.3 * (99 - i) / 100, 3e-5) << i;
 }
 
 TEST(MoistureStorage, DryEndIsMovedToTwelve) {
