@@ -1,0 +1,208 @@
+#include <SOLVER/SimulationRun.h>
+
+#include <SOLVER/RunLog.h>
+#include <SOLVER/Simulation.h>
+
+#include <KOR/Exception.h>
+#include <KOR/MessageHandler.h>
+
+#include <omp.h>
+
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+
+namespace SOLVER {
+
+using KOR::Exception;
+using KOR::message;
+using KOR::text;
+
+namespace {
+
+constexpr const char * WHERE = "[SOLVER::simulate]";
+
+HYGRION::Project readProject(const SolverOptions & options) {
+    HYGRION::Project project;
+    project.readXML(options.project);
+    if (options.duration) {
+        using Para = HYGRION::Interval::para_t;
+        auto & interval = project.m_init.m_interval.m_para;
+        interval.erase(Para::End);
+        interval.set(Para::Duration, *options.duration, "s");
+    }
+    return project;
+}
+
+std::optional<RestartFile> readRestart(const RunDirectory & directory, const SolverOptions & options) {
+    if (!options.restart)
+        return {};
+    if (!std::filesystem::exists(directory.restartFile())) {
+        message("There is no restart file; the simulation starts from the beginning.", KOR::MSG_WARNING, WHERE);
+        return {};
+    }
+    return RestartFile::read(directory.restartFile());
+}
+
+void tell(const Construction & construction, const SolverOptions & options) {
+    const ModelInput & input = construction.input;
+    message(text("Project '%1': %2 cells, %3 surfaces, from %4 d to %5 d.", options.project, input.cells.size(),
+                 input.surfaces.size(), KOR::toString(construction.startTime / 86400, 8),
+                 KOR::toString(construction.endTime / 86400, 8)),
+            KOR::MSG_PROGRESS, WHERE);
+}
+
+void tell(const RunSummary & summary) {
+    const IntegratorStatistics & s = summary.statistics;
+    message(text("%1 steps, %2 iterations, %3 right-hand sides, %4 s.", s.steps, s.nonlinearIterations,
+                 s.rightHandSides, KOR::toString(summary.wallTime, 4)),
+            KOR::MSG_PROGRESS, WHERE);
+    const auto balance = [](const char * what, const RunSummary::Balance & b, const char * unit) {
+        if (b.isSolved)
+            message(text("Balance of %1: gained %2 %5, came in %3 %5, error %4 of what was exchanged.", what,
+                         KOR::toString(b.gained, 7), KOR::toString(b.cameIn, 7), KOR::toString(b.relativeError(), 2),
+                         unit),
+                    KOR::MSG_PROGRESS, WHERE);
+    };
+    balance("energy", summary.energy, "J");
+    balance("moisture", summary.moisture, "kg");
+}
+
+/// The loop of a run, with what is to be left behind.
+class Run {
+public:
+    Run(const SolverOptions & options, const std::atomic<bool> & stop, const RunDirectory & directory, RunLog & log)
+        : m_options(options), m_stop(stop), m_directory(directory), m_log(log) {}
+
+    exit_t perform() {
+        try {
+            const HYGRION::Project project = readProject(m_options);
+            Construction construction = buildConstruction(project);
+            tell(construction, m_options);
+            const std::optional<RestartFile> restart =
+                m_options.testInit ? std::nullopt : readRestart(m_directory, m_options);
+            if (!restart && !m_options.testInit)
+                std::remove(m_directory.restartFile().c_str()); // never that of another run
+            m_simulation = std::make_unique<Simulation>(std::move(construction), project,
+                                                        m_options.testInit ? std::string() : m_directory.results(),
+                                                        restart ? &*restart : nullptr);
+            if (restart)
+                message(text("Continued from %1 d.", KOR::toString(m_simulation->time() / 86400, 8)), KOR::MSG_PROGRESS,
+                        WHERE);
+            if (m_options.testInit) {
+                message("The simulation is set up without errors.", KOR::MSG_PROGRESS, WHERE);
+                return exit_t::FINISHED;
+            }
+            return loop();
+        } catch (const Exception & ex) {
+            return fail(ex);
+        } catch (const std::bad_alloc &) {
+            return fail(Exception("Out of memory.", WHERE));
+        } catch (const std::exception & ex) {
+            return fail(Exception(ex.what(), WHERE));
+        }
+    }
+
+private:
+    exit_t loop() {
+        writeRestart();
+        m_log.start(*m_simulation);
+        const bool isPerOutput = m_options.restartPeriod <= 0;
+        long outputs = m_simulation->outputCount();
+        while (!m_simulation->isAtEnd()) {
+            if (m_stop)
+                return interrupt();
+            m_simulation->step();
+            m_log.step(*m_simulation);
+            if (m_options.disablePeriodicRestart)
+                continue;
+            const bool isDue = isPerOutput ? m_simulation->outputCount() > outputs
+                                           : std::chrono::steady_clock::now() - m_lastRestart >=
+                                                 std::chrono::duration<double>(m_options.restartPeriod);
+            if (isDue)
+                writeRestart();
+            outputs = m_simulation->outputCount();
+        }
+        m_log.stop();
+        writeRestart();
+        const RunSummary summary = m_simulation->summary();
+        tell(summary);
+        message(text("Results: %1", m_directory.results()), KOR::MSG_PROGRESS, WHERE);
+        m_log.writeSummary(RunLog::status_t::FINISHED, &summary, m_simulation->outputs().paths(), {});
+        return exit_t::FINISHED;
+    }
+
+    exit_t interrupt() {
+        m_log.stop();
+        writeRestart();
+        const RunSummary summary = m_simulation->summary();
+        message(text("Interrupted at %1 d; option --restart goes on from here.",
+                     KOR::toString(m_simulation->time() / 86400, 8)),
+                KOR::MSG_PROGRESS, WHERE, 0);
+        m_log.writeSummary(RunLog::status_t::INTERRUPTED, &summary, m_simulation->outputs().paths(), {});
+        return exit_t::INTERRUPTED;
+    }
+
+    exit_t fail(const Exception & failure) {
+        m_log.stop();
+        failure.report();
+        std::optional<RunSummary> summary;
+        if (m_simulation) {
+            try {
+                m_simulation->flush();
+                // A step that failed leaves the last state whole; a result file that failed does not.
+                if (failure.chain().back().where == "[Simulation::step]")
+                    writeRestart();
+                summary = m_simulation->summary();
+            } catch (const std::exception & ex) {
+                message(ex.what(), KOR::MSG_WARNING, WHERE);
+            }
+        }
+        m_log.writeSummary(RunLog::status_t::FAILED, summary ? &*summary : nullptr,
+                           m_simulation ? m_simulation->outputs().paths() : std::vector<std::string>(), failure.what());
+        return exit_t::FAILED;
+    }
+
+    void writeRestart() {
+        m_simulation->restartState().write(m_directory.restartFile());
+        m_lastRestart = std::chrono::steady_clock::now();
+    }
+
+    const SolverOptions & m_options;
+    const std::atomic<bool> & m_stop;
+    const RunDirectory & m_directory;
+    RunLog & m_log;
+    std::unique_ptr<Simulation> m_simulation;
+    std::chrono::steady_clock::time_point m_lastRestart;
+};
+
+} // namespace
+
+exit_t simulate(const SolverOptions & options, const std::atomic<bool> & stop) {
+    if (options.parallelThreads > 0)
+        omp_set_num_threads(options.parallelThreads);
+    try {
+        std::string path = options.outputDirectory;
+        if (path.empty()) {
+            if (!KOR::Path(options.project).isFile())
+                throw Exception(text("There is no project file '%1'.", options.project), WHERE);
+            path = KOR::Path(options.project).withoutExtension().str();
+            if (path == options.project)
+                throw Exception(
+                    text("Project file '%1' needs an extension, its name without it is the directory of the "
+                         "results.",
+                         options.project),
+                    WHERE);
+        }
+        const RunDirectory directory(path);
+        RunLog log(directory, options);
+        return Run(options, stop, directory, log).perform();
+    } catch (const Exception & ex) {
+        ex.report();
+    } catch (const std::exception & ex) {
+        Exception(ex.what(), WHERE).report();
+    }
+    return exit_t::FAILED;
+}
+
+} // namespace SOLVER
