@@ -123,8 +123,11 @@ TEST(MoistureStorage, GaussModelBecomesASplineWithinItsTolerance) {
         }
 }
 
-/// A stair of plateaus: no derived function may rise or fall by a rounding error there.
-TEST(MoistureStorage, ManyNarrowModesAreFollowed) {
+/// No derived function may rise or fall by a rounding error on a plateau.
+TEST(MoistureStorage, StairsAreFollowed) {
+    const std::string stair = "FUNCTION = Theta_l(pC)_de\n0 3.33 3.33522 4.65 4.69419 5.69419 12\n"
+                              "0.89 0.89 0.708 0.708 0.6 0.6 0\n";
+    EXPECT_EQ(prepared(storing(stair, 0.89)).Thetal_pC(4), 0.708);
     std::string weights, radii, deviations;
     for (int i = 0; i < 100; ++i) {
         weights += "0.01 ";
