@@ -127,11 +127,14 @@ SunPosition SolarRadiationModel::sunAt(double seconds) const {
 
 void SolarRadiationModel::setTime(int year, double seconds) {
     m_year = year;
+    m_climate.setTime(year, seconds);
+    setRadiation(seconds, m_climate.value(Q_DIRECT_RADIATION), m_climate.value(Q_DIFFUSE_RADIATION),
+                 m_climate.value(Q_AIR_PRESSURE));
+}
+
+void SolarRadiationModel::setRadiation(double seconds, double directNormal, double diffuse, double pressure) {
     m_seconds = seconds;
     m_sun = sunAt(seconds);
-    m_climate.setTime(year, seconds);
-
-    const double diffuse = m_climate.value(Q_DIFFUSE_RADIATION);
     if (m_sun.altitude <= 0) {
         for (Surface & surface : m_surfaces) {
             const bool isHorizontal = std::abs(surface.inclination) < HORIZONTAL_TOLERANCE;
@@ -141,14 +144,13 @@ void SolarRadiationModel::setTime(int year, double seconds) {
         return;
     }
 
-    const double direct = m_climate.value(Q_DIRECT_RADIATION) * sunriseFactor(m_sun.altitude);
+    const double direct = directNormal * sunriseFactor(m_sun.altitude);
     const double ground = m_albedo * (diffuse + direct * m_sun.sinAltitude);
     std::optional<PerezSky> perez;
     if (m_anisotropicSky) {
         const double zenith = 1.570796327 - m_sun.altitude;
         const double dayNumber = std::floor(wrappedIntoYear(seconds) / 86400) + 1;
-        perez.emplace(direct, diffuse, zenith, relativeAirMass(zenith, m_climate.value(Q_AIR_PRESSURE)),
-                      extraterrestrialRadiation(dayNumber));
+        perez.emplace(direct, diffuse, zenith, relativeAirMass(zenith, pressure), extraterrestrialRadiation(dayNumber));
     }
     for (Surface & surface : m_surfaces) {
         RadiationLoad & load = surface.load;

@@ -36,6 +36,10 @@ public:
     /// \param seconds [s] of the year, local standard time. Throws as ClimateDataLoader::setTime.
     void setTime(int year, double seconds);
 
+    /// The same from radiation of the caller's own instead of the climate data, at the place of the climate data.
+    /// \param directNormal, diffuse [W/m2] \param pressure of the air [Pa]
+    void setRadiation(double seconds, double directNormal, double diffuse, double pressure = 101325);
+
     /// Results of the last setTime. Throws "Invalid surface ID %1." ("[SolarRadiationModel::radiationLoad]").
     const RadiationLoad & radiationLoad(unsigned int surfaceID) const;
     void radiationLoad(unsigned int surfaceID, double & direct, double & diffuse, double & incidenceAngle) const;

@@ -95,6 +95,8 @@ public:
     /// \param startYear the year in whose first second the time points start; needed by data that are not cyclic
     /// Throws ("[ClimateCond::setData]"): wrong quantity, no data, not usable cyclically, no function of time.
     void setData(const CCM::CCDFile & climateData, int startYear = NO_YEAR);
+    /// What setData gave: values [base unit] over time [s]; empty without data.
+    const KOR::LinearSpline & data() const { return m_calculation.m_data; }
     /// Gives a condition of kind External its value [base unit].
     void setExternalValue(double value) { m_calculation.m_externalValue = value; }
     /// Makes calcCurrentValue possible. Throws ("[ClimateCond::prepareCalculation]"): a missing kind, parameter or data.

@@ -1,0 +1,175 @@
+#include "ModelBuilder.h"
+
+#include <SOLVER/Physics.h>
+
+#include <KOR/Time.h>
+
+#include <cmath>
+#include <numbers>
+
+namespace SOLVER {
+
+using HYGRION::Init;
+using HYGRION::KeywordList;
+using HYGRION::SolverSettings;
+using KOR::text;
+
+namespace {
+
+/// Times the model's scale of energy, 1 K: what a cubic metre of a mineral material stores in it [J/m3K].
+constexpr double TYPICAL_HEAT_CAPACITY = 1e6;
+
+template <typename From, typename To> struct Choice {
+    From from;
+    To to;
+};
+template <typename From, typename To, std::size_t N> To translated(const Choice<From, To> (&table)[N], From from) {
+    for (const auto & row : table)
+        if (row.from == from)
+            return row.to;
+    refuse("Unknown solver setting.");
+}
+
+constexpr Choice<SolverSettings::integrator_t, integrator_t> INTEGRATORS[] = {
+    {SolverSettings::integrator_t::CVODE,         integrator_t::cvode        },
+    {SolverSettings::integrator_t::ExplicitEuler, integrator_t::explicitEuler},
+    {SolverSettings::integrator_t::ImplicitEuler, integrator_t::implicitEuler},
+    {SolverSettings::integrator_t::ADI,           integrator_t::adi          },
+    {SolverSettings::integrator_t::RK,            integrator_t::rungeKutta   },
+    {SolverSettings::integrator_t::Auto,          integrator_t::automatic    },
+};
+constexpr Choice<SolverSettings::lesSolver_t, linearSolver_t> LINEAR_SOLVERS[] = {
+    {SolverSettings::lesSolver_t::BTridiag, linearSolver_t::blockTridiagonal},
+    {SolverSettings::lesSolver_t::Band,     linearSolver_t::band            },
+    {SolverSettings::lesSolver_t::Dense,    linearSolver_t::dense           },
+    {SolverSettings::lesSolver_t::KLU,      linearSolver_t::sparse          },
+    {SolverSettings::lesSolver_t::GMRES,    linearSolver_t::gmres           },
+    {SolverSettings::lesSolver_t::BiCGStab, linearSolver_t::bicgstab        },
+    {SolverSettings::lesSolver_t::Auto,     linearSolver_t::automatic       },
+};
+constexpr Choice<SolverSettings::precond_t, preconditioner_t> PRECONDITIONERS[] = {
+    {SolverSettings::precond_t::BTridiag,    preconditioner_t::blockTridiagonal},
+    {SolverSettings::precond_t::Band,        preconditioner_t::band            },
+    {SolverSettings::precond_t::ILU,         preconditioner_t::ilu             },
+    {SolverSettings::precond_t::ADI,         preconditioner_t::adi             },
+    {SolverSettings::precond_t::ADIBoth,     preconditioner_t::adi             },
+    {SolverSettings::precond_t::ADISparse,   preconditioner_t::adi             },
+    {SolverSettings::precond_t::None,        preconditioner_t::none            },
+    {SolverSettings::precond_t::NoneWithJac, preconditioner_t::noneWithJacobian},
+    {SolverSettings::precond_t::Auto,        preconditioner_t::automatic       },
+};
+
+} // namespace
+
+Construction buildConstruction(const HYGRION::Project & project) {
+    return inContext("The project cannot be calculated.", [&] { return ModelBuilder(project).build(); });
+}
+
+Construction ModelBuilder::build() {
+    m_project.checkReferences();
+    m_project.GUISanityChecks();
+    readSettings();
+    m_driver = std::make_unique<ClimateDriver>(ClimateSignals(m_project, m_result.startTime, m_result.endTime));
+    readGrid();
+    makeCells();
+    readContacts();
+    makeFaces();
+    makeSurfaces();
+    coupleInterfaces();
+    makeFieldConditions();
+    makeGeometry();
+    readIntegratorSettings();
+    finishClimate();
+    return std::move(m_result);
+}
+
+void ModelBuilder::checkModules() const {
+    const auto refuseModules = [](const std::vector<Init::Module> & modules, const char * kind) {
+        for (const Init::Module & module : modules)
+            refuse(text("%1 module '%2' is not known to the solver.", kind, module.m_name));
+    };
+    refuseModules(m_project.m_init.m_fluxModules, "Flux");
+    refuseModules(m_project.m_init.m_sourceModules, "Source");
+}
+
+void ModelBuilder::readSettings() {
+    using Module = Init::balanceEquationModule_t;
+    const Init & init = m_project.m_init;
+    init.checkParameters();
+    switch (const Module module = init.balanceEquationModule()) {
+    case Module::HeatTransport:
+        m_result.input.module = module_t::heat;
+        break;
+    case Module::MoistureTransport:
+        m_result.input.module = module_t::moisture;
+        break;
+    case Module::HeatMoistureTransport:
+        m_result.input.module = module_t::heatAndMoisture;
+        break;
+    case Module::HeatAirMoistureTransport:
+    case Module::HeatMoistureVOCTransport:
+    case Module::HeatMoistureSaltTransport:
+        refuse(text("Balance equation module '%1' is not available: the solver does not yet calculate the transport of "
+                    "air, pollutants (VOC) and salt.",
+                    KeywordList::Keyword(module)));
+    }
+    checkModules();
+    m_materialOptions = {m_result.input.module, init.lambdaSelection(),
+                         init.isEnabled(Init::flag_t::UseStrictMaterialChecks)};
+
+    m_result.startYear = init.intParameter(Init::intpara_t::StartYear);
+    m_result.startTime = init.m_interval.start();
+    m_result.endTime = init.m_interval.end();
+    if (!std::isfinite(m_result.endTime))
+        refuse("The simulation interval has no end: parameter 'Duration' or 'End' is missing.");
+
+    m_result.input.useGravity = init.isEnabled(Init::flag_t::UseBouyancyLiquid);
+    m_result.input.useIce = init.isEnabled(Init::flag_t::UseIce);
+    const double reference = init.parameter(Init::para_t::IsothermalTRef).get_value("K");
+    if (m_result.input.module == module_t::moisture)
+        m_isothermalTemperature = reference;
+    else if (init.m_para.contains(Init::para_t::IsothermalTRef) && m_result.input.module == module_t::heatAndMoisture) {
+        if (std::fabs(reference - T_REF) > 1e-6)
+            refuse("Parameter 'IsothermalTRef' lets the Kelvin relation and the vapour permeability refer to 20 C in "
+                   "calculations of heat and moisture; other temperatures are not available.");
+        m_result.input.useReferenceTemperature = true;
+    }
+}
+
+void ModelBuilder::readIntegratorSettings() {
+    using Para = SolverSettings::para_t;
+    const SolverSettings & given = m_project.m_init.m_solverSettings;
+    const auto number = [&](Para key) { return given.parameter(key).value(); };
+    const auto count = [&](Para key) { return static_cast<int>(std::lround(number(key))); };
+    IntegratorSettings & settings = m_result.integrator;
+    settings.integrator = translated(INTEGRATORS, given.integrator());
+    settings.linearSolver = translated(LINEAR_SOLVERS, given.lesSolver());
+    settings.preconditioner = translated(PRECONDITIONERS, given.preconditioner());
+    settings.relativeTolerance = number(Para::RelTol);
+    settings.absoluteToleranceHeat = number(Para::AbsTolEnergy) / TYPICAL_HEAT_CAPACITY;
+    settings.absoluteToleranceMoisture = number(Para::AbsTolMoisture);
+    // Where nothing is tabulated the error control alone finds the step.
+    if (given.m_para.contains(Para::MaxTimeStep) || m_driver->signals().hasData())
+        settings.maxStep = number(Para::MaxTimeStep);
+    settings.minStep = number(Para::MinTimeStep);
+    settings.initialStep = number(Para::InitialTimeStep);
+    settings.maxOrder = count(Para::MaxOrder);
+    settings.maxNonlinearIterations = count(Para::MaxNonlinIter);
+    settings.nonlinearCoefficient = number(Para::NonlinSolverConvCoeff);
+    settings.maxKrylovDimension = count(Para::MaxKrylovDim);
+    settings.iterativeCoefficient = number(Para::IterativeSolverConvCoeff);
+    settings.useStabilityLimitDetection = given.isEnabled(SolverSettings::flag_t::UseStabilityLimitDetection);
+}
+
+void ModelBuilder::finishClimate() {
+    m_driver->signals().finish();
+    const std::shared_ptr<const ClimateDriver> driver = std::move(m_driver);
+    m_result.input.climate = [driver, scratch = driver->makeScratch()](double time, ModelInput::Loads loads) mutable {
+        driver->evaluate(time, scratch, loads);
+    };
+    const auto jumps = std::make_shared<const JumpTable>(driver->jumps());
+    m_result.nextJump = [jumps](double time) { return jumps->next(time); };
+    m_result.isContinuousAt = [jumps](double time) { return jumps->isContinuousAt(time); };
+}
+
+} // namespace SOLVER
