@@ -61,23 +61,69 @@ void BlockMatrix::setShifted(const BlockMatrix & jacobian, double gamma) {
             block(d)[i * (m_blockSize + 1)] += 1;
 }
 
+ExchangeRows::ExchangeRows(const Model & model)
+    : m_unknowns(model.unknowns()), m_surfaces(model.input().surfaces.size()) {
+    const auto add = [this](std::uint32_t cell, std::size_t exchange) {
+        m_cell.push_back(cell);
+        m_exchange.push_back(static_cast<std::uint32_t>(exchange));
+    };
+    for (std::size_t s = 0; s < m_surfaces; ++s)
+        add(model.input().surfaces[s].cell, s);
+    for (const std::uint32_t cell : model.input().loadedCells)
+        add(cell, m_surfaces);
+    m_values.assign(m_cell.size() * m_unknowns, {0, 0});
+}
+
+Exchange ExchangeRows::rate(const Model & model, std::size_t i) const {
+    return i < m_surfaces ? model.exchangeRates()[i] : model.loadRates()[i - m_surfaces];
+}
+
+void ExchangeRows::addProduct(double factor, std::span<const double> unknowns, std::span<double> exchanged) const {
+    for (std::size_t i = 0; i < m_cell.size(); ++i)
+        for (std::size_t u = 0; u < m_unknowns; ++u) {
+            const double value = factor * unknowns[m_unknowns * m_cell[i] + u];
+            const std::array<double, 2> & block = m_values[m_unknowns * i + u];
+            exchanged[2 * m_exchange[i]] += value * block[0];
+            exchanged[2 * m_exchange[i] + 1] += value * block[1];
+        }
+}
+
 JacobianBuilder::JacobianBuilder(Model & model)
-    : m_model(model), m_scales(model.scales()), m_colours(colourCells(model.neighbours())), m_shifted(model.size()),
-      m_difference(model.size()) {}
+    : m_model(model), m_scales(model.scales()), m_colours(colourCells(model.neighbours())),
+      m_colourOf(model.cellCount()), m_shifted(model.size()), m_difference(model.size()) {
+    for (std::uint32_t k = 0; k < m_colours.size(); ++k)
+        for (const std::uint32_t c : m_colours[k])
+            m_colourOf[c] = k;
+}
 
 bool JacobianBuilder::build(double time, std::span<const double> state, std::span<const double> derivative,
-                            BlockMatrix & jacobian) {
+                            BlockMatrix & jacobian, ExchangeRows & exchange) {
     const std::size_t unknowns = m_model.unknowns();
     const double root = std::sqrt(std::numeric_limits<double>::epsilon());
     std::copy(state.begin(), state.end(), m_shifted.begin());
-    for (const std::vector<std::uint32_t> & cells : m_colours)
+    if (!m_model.rightHandSide(time, m_shifted, m_difference)) // for the rates of exchange at this state
+        return false;
+    m_rates.resize(exchange.count());
+    for (std::size_t i = 0; i < exchange.count(); ++i)
+        m_rates[i] = exchange.rate(m_model, i);
+    for (std::uint32_t k = 0; k < m_colours.size(); ++k)
         for (std::size_t u = 0; u < unknowns; ++u) {
+            const std::vector<std::uint32_t> & cells = m_colours[k];
             for (const std::uint32_t c : cells) {
                 const std::size_t i = unknowns * c + u;
                 m_shifted[i] += root * std::max(std::fabs(state[i]), m_scales[i]);
             }
             if (!m_model.rightHandSide(time, m_shifted, m_difference))
                 return false;
+            for (std::size_t i = 0; i < exchange.count(); ++i) {
+                if (m_colourOf[exchange.cell(i)] != k)
+                    continue;
+                const std::size_t at = unknowns * exchange.cell(i) + u;
+                const double perShift = 1 / (m_shifted[at] - state[at]);
+                const Exchange rate = exchange.rate(m_model, i);
+                exchange.block(i, u) = {(rate.heat - m_rates[i].heat) * perShift,
+                                        (rate.water - m_rates[i].water) * perShift};
+            }
             for (const std::uint32_t c : cells) {
                 const std::size_t i = unknowns * c + u;
                 const double perShift = 1 / (m_shifted[i] - state[i]);

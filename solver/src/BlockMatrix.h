@@ -41,20 +41,45 @@ private:
     std::vector<double> m_values;
 };
 
+/// How the model's exchange rates depend on the unknowns: a block of (heat, water) by unknowns for each pair of an entry
+/// of Model::exchangeRates and a cell that it reaches.
+class ExchangeRows {
+public:
+    explicit ExchangeRows(const Model & model);
+
+    std::size_t count() const { return m_cell.size(); }
+    std::uint32_t cell(std::size_t i) const { return m_cell[i]; }
+    std::uint32_t exchange(std::size_t i) const { return m_exchange[i]; }
+    /// Derivatives of heat and of water with respect to unknown \p u of the cell.
+    std::array<double, 2> & block(std::size_t i, std::size_t u) { return m_values[m_unknowns * i + u]; }
+    /// Adds factor * rows * \p unknowns to \p exchanged: heat and water of each entry, interleaved.
+    void addProduct(double factor, std::span<const double> unknowns, std::span<double> exchanged) const;
+    /// The model's rate of pair \p i at its last right-hand side.
+    Exchange rate(const Model & model, std::size_t i) const;
+
+private:
+    std::size_t m_unknowns, m_surfaces;
+    std::vector<std::uint32_t> m_cell, m_exchange;
+    std::vector<std::array<double, 2>> m_values;
+};
+
 /// The Jacobian of a model's right-hand side by differences: columns of one colour share no row and are found at once.
 class JacobianBuilder {
 public:
     explicit JacobianBuilder(Model & model);
     /// \param derivative the right-hand side at \p state. \return false when a right-hand side is not finite
-    bool build(double time, std::span<const double> state, std::span<const double> derivative, BlockMatrix & jacobian);
+    bool build(double time, std::span<const double> state, std::span<const double> derivative, BlockMatrix & jacobian,
+               ExchangeRows & exchange);
     /// Right-hand sides that one build takes.
-    std::size_t cost() const { return m_colours.size() * m_model.unknowns(); }
+    std::size_t cost() const { return m_colours.size() * m_model.unknowns() + 1; }
 
 private:
     Model & m_model;
     std::vector<double> m_scales;
     std::vector<std::vector<std::uint32_t>> m_colours;
+    std::vector<std::uint32_t> m_colourOf;
     std::vector<double> m_shifted, m_difference;
+    std::vector<Exchange> m_rates;
 };
 
 } // namespace SOLVER

@@ -1,221 +1,158 @@
 #include <SOLVER/CvodeIntegrator.h>
 
-#include "BlockMatrix.h"
 #include "LinearSystem.h"
 
 #include <KOR/Exception.h>
 
 #include <cvode/cvode.h>
-#include <nvector/nvector_serial.h>
-
-#include <algorithm>
-#include <cmath>
-#include <limits>
 
 namespace SOLVER {
-
-using KOR::Exception;
-using KOR::text;
 
 namespace {
 
 constexpr int RECOVERABLE = 1; ///< the integrator tries again with a smaller step
 
-struct FreeVector {
-    void operator()(N_Vector v) const { N_VDestroy(v); }
+constexpr const char * LOOK_AT_LOADS = "Look at the loads and the material near this cell; a smaller MaxTimeStep helps "
+                                       "where a load jumps.";
+constexpr FailureReason REASONS[] = {
+    {CV_TOO_MUCH_WORK,     "Too many steps were needed.",
+     "Loosen the tolerances or look for a load that changes too fast."                                                                                    },
+    {CV_TOO_MUCH_ACC,      "The tolerances are tighter than the numbers of this machine allow.",
+     "Raise RelTol or the absolute tolerances."                                                                                                           },
+    {CV_ERR_FAILURE,       "The error test failed with the smallest step.",
+     "Loosen the tolerances or allow a smaller MinTimeStep."                                                                                              },
+    {CV_CONV_FAILURE,      "The nonlinear equations did not converge with the smallest step.",           LOOK_AT_LOADS                                    },
+    {CV_LSETUP_FAIL,       "The linear system is singular.",                                             LOOK_AT_LOADS                                    },
+    {CV_LSOLVE_FAIL,       "The linear system cannot be solved.",                                        "Choose another linear solver or preconditioner."},
+    {CV_RHSFUNC_FAIL,      "The balances gave values that are not finite.",                              LOOK_AT_LOADS                                    },
+    {CV_FIRST_RHSFUNC_ERR, "The balances give values that are not finite at the start.",
+     "Look at the initial conditions and at the loads of the first moment."                                                                               },
+    {CV_REPTD_RHSFUNC_ERR, "The balances gave values that are not finite, also with the smallest step.", LOOK_AT_LOADS                                    },
+    {CV_UNREC_RHSFUNC_ERR, "The balances gave values that are not finite.",                              LOOK_AT_LOADS                                    },
+    {CV_TOO_CLOSE,         "The end time is too close to the start time.",                               "Choose a later end."                            },
 };
-using Vector = std::unique_ptr<std::remove_pointer_t<N_Vector>, FreeVector>;
-struct FreeContext {
-    void operator()(SUNContext c) const { SUNContext_Free(&c); }
-};
-
-/// What a failed call means to the user.
-struct Reason {
-    int flag;
-    const char * text;
-};
-constexpr Reason REASONS[] = {
-    {CV_TOO_MUCH_WORK,     "Too many steps were needed; loosen the tolerances or look for a load that changes too fast."},
-    {CV_TOO_MUCH_ACC,      "The tolerances are tighter than the numbers of this machine allow."                         },
-    {CV_ERR_FAILURE,       "The error test failed too often; the step became as small as allowed."                      },
-    {CV_CONV_FAILURE,      "The nonlinear equations did not converge with the smallest step."                           },
-    {CV_LSETUP_FAIL,       "The linear system is singular."                                                             },
-    {CV_RHSFUNC_FAIL,      "The balances gave values that are not finite."                                              },
-    {CV_FIRST_RHSFUNC_ERR, "The balances give values that are not finite at the start."                                 },
-    {CV_REPTD_RHSFUNC_ERR, "The balances gave values that are not finite, also with the smallest step."                 },
-    {CV_UNREC_RHSFUNC_ERR, "The balances gave values that are not finite."                                              },
-    {CV_TOO_CLOSE,         "The end time is too close to the start time."                                               },
-};
-
-std::string reason(int flag) {
-    for (const Reason & known : REASONS)
-        if (known.flag == flag)
-            return known.text;
-    return text("The integrator stopped with code %1.", flag);
-}
 
 } // namespace
 
 struct CvodeIntegrator::Work {
-    Work(Model & m, const IntegratorSettings & s) : model(m), settings(s) {}
+    Work(Model & model, const IntegratorSettings & settings, double startTime, const std::vector<double> & state)
+        : base(model, settings, startTime, state, "[CvodeIntegrator::CvodeIntegrator]") {}
     ~Work() { CVodeFree(&cvode); }
 
-    void integrate(double step);
-    static int rightHandSide(realtype t, N_Vector y, N_Vector ydot, void * data) noexcept;
-    void check(int flag, const char * where) const {
-        if (flag < 0)
-            throw Exception(reason(flag), where);
+    static int rightHandSide(realtype t, N_Vector y, N_Vector ydot, void * data) noexcept {
+        return SundialsState::rightHandSide(*static_cast<CallbackData *>(data)->model, t, vectorValues(y),
+                                            vectorValues(ydot))
+                   ? 0
+                   : RECOVERABLE;
     }
-
-    CallbackData callbackData;
-    Model & model;
-    IntegratorSettings settings;
+    void check(int flag, const char * where) {
+        if (flag >= 0)
+            return;
+        const bool isLinear = flag == CV_CONV_FAILURE || flag == CV_LSETUP_FAIL || flag == CV_LSOLVE_FAIL;
+        failedUnknown = isLinear && linear ? linear->matrix().worstUnknown() : limitingUnknown();
+        SundialsState::fail(flag, REASONS, where);
+    }
+    std::size_t limitingUnknown() const {
+        return base.worstUnknown([this](N_Vector errors, N_Vector weights) {
+            return CVodeGetEstLocalErrors(cvode, errors) == CV_SUCCESS &&
+                   CVodeGetErrWeights(cvode, weights) == CV_SUCCESS;
+        });
+    }
 
     // In this order: what is made first goes last.
-    std::unique_ptr<std::remove_pointer_t<SUNContext>, FreeContext> context;
-    Vector state, tolerances;
+    SundialsState base;
+    CallbackData callbackData;
     std::unique_ptr<LinearSystem> linear;
     void * cvode = nullptr;
-    double time = 0;
-    std::vector<Exchange> exchanged;
-    IntegratorStatistics before; ///< counters of the runs before the last restart
+    std::optional<std::size_t> failedUnknown;
+    IntegratorStatistics before; ///< counters of the runs before the last restart, without Jacobians
 };
-
-void CvodeIntegrator::Work::integrate(double step) {
-    std::vector<double> derivative(model.size());
-    model.rightHandSide(time, vectorValues(state.get()), derivative);
-    exchanged.resize(model.exchangeRates().size());
-    for (std::size_t i = 0; i < exchanged.size(); ++i) {
-        exchanged[i].heat += step * model.exchangeRates()[i].heat;
-        exchanged[i].water += step * model.exchangeRates()[i].water;
-    }
-}
-
-int CvodeIntegrator::Work::rightHandSide(realtype t, N_Vector y, N_Vector ydot, void * data) noexcept {
-    return static_cast<CallbackData *>(data)->model->rightHandSide(t, vectorValues(y), vectorValues(ydot))
-               ? 0
-               : RECOVERABLE;
-}
 
 CvodeIntegrator::CvodeIntegrator(Model & model, const IntegratorSettings & settings, double startTime,
                                  std::vector<double> state)
-    : m_work(std::make_unique<Work>(model, settings)) {
+    : m_work(std::make_unique<Work>(model, settings, startTime, state)) {
     constexpr const char * WHERE = "[CvodeIntegrator::CvodeIntegrator]";
     Work & work = *m_work;
-    const std::size_t size = model.size();
-    if (state.size() != size || size == 0)
-        throw Exception(text("The state has %1 values, the model %2.", state.size(), size), WHERE);
-    SUNContext context = nullptr;
-    if (SUNContext_Create(nullptr, &context) != 0)
-        throw Exception("Cannot create the integrator's context.", WHERE);
-    work.context.reset(context);
-    const auto n = static_cast<sunindextype>(size);
-    work.state.reset(N_VNew_Serial(n, context));
-    work.tolerances.reset(N_VNew_Serial(n, context));
-    work.cvode = CVodeCreate(CV_BDF, context);
-    if (!work.state || !work.tolerances || work.cvode == nullptr)
-        throw Exception("Not enough memory for the integrator.", WHERE);
-    std::copy(state.begin(), state.end(), vectorValues(work.state.get()).begin());
-    work.time = startTime;
-    const std::vector<double> scales = model.scales();
-    const bool hasHeat = model.input().module != module_t::moisture;
-    for (std::size_t i = 0; i < size; ++i) {
-        const bool isHeat = hasHeat && i % model.unknowns() == 0;
-        vectorValues(work.tolerances.get())[i] =
-            scales[i] * (isHeat ? settings.absoluteToleranceHeat : settings.absoluteToleranceMoisture);
-    }
-
-    work.check(CVodeInit(work.cvode, Work::rightHandSide, startTime, work.state.get()), WHERE);
-    work.check(CVodeSVtolerances(work.cvode, settings.relativeTolerance, work.tolerances.get()), WHERE);
-    work.check(CVodeSetUserData(work.cvode, &work.callbackData), WHERE);
-    work.check(CVodeSetMaxNumSteps(work.cvode, settings.maxStepsPerCall), WHERE);
-    work.check(CVodeSetMaxOrd(work.cvode, settings.maxOrder), WHERE);
-    work.check(CVodeSetMaxNonlinIters(work.cvode, settings.maxNonlinearIterations), WHERE);
-    work.check(CVodeSetNonlinConvCoef(work.cvode, settings.nonlinearCoefficient), WHERE);
-    if (settings.maxStep > 0)
-        work.check(CVodeSetMaxStep(work.cvode, settings.maxStep), WHERE);
-    if (settings.minStep > 0)
-        work.check(CVodeSetMinStep(work.cvode, settings.minStep), WHERE);
-    if (settings.initialStep > 0)
-        work.check(CVodeSetInitStep(work.cvode, settings.initialStep), WHERE);
-    work.check(CVodeSetErrHandlerFn(
-                   work.cvode, [](int, const char *, const char *, char *, void *) {}, nullptr),
+    work.cvode = CVodeCreate(CV_BDF, work.base.context());
+    if (work.cvode == nullptr)
+        throw KOR::Exception("Not enough memory for the integrator.", WHERE);
+    void * const cvode = work.cvode;
+    work.check(CVodeInit(cvode, Work::rightHandSide, startTime, work.base.vector()), WHERE);
+    work.check(CVodeSVtolerances(cvode, work.base.relativeTolerance(), work.base.tolerances()), WHERE);
+    work.check(CVodeSetUserData(cvode, &work.callbackData), WHERE);
+    work.check(CVodeSetMaxNumSteps(cvode, settings.maxStepsPerCall), WHERE);
+    work.check(CVodeSetMaxOrd(cvode, settings.integrator == integrator_t::implicitEuler ? 1 : settings.maxOrder),
                WHERE);
-
-    work.linear = std::make_unique<LinearSystem>(model, settings, context, work.cvode, work.state.get());
+    work.check(CVodeSetMaxNonlinIters(cvode, settings.maxNonlinearIterations), WHERE);
+    work.check(CVodeSetNonlinConvCoef(cvode, settings.nonlinearCoefficient), WHERE);
+    if (settings.maxStep > 0)
+        work.check(CVodeSetMaxStep(cvode, settings.maxStep), WHERE);
+    if (settings.minStep > 0)
+        work.check(CVodeSetMinStep(cvode, settings.minStep), WHERE);
+    if (settings.initialStep > 0)
+        work.check(CVodeSetInitStep(cvode, settings.initialStep), WHERE);
+    if (settings.useStabilityLimitDetection)
+        work.check(CVodeSetStabLimDet(cvode, SUNTRUE), WHERE);
+    work.check(CVodeSetErrHandlerFn(
+                   cvode, [](int, const char *, const char *, char *, void *) {}, nullptr),
+               WHERE);
+    work.linear = std::make_unique<LinearSystem>(work.base, settings, cvode);
     work.callbackData = {&model, work.linear.get()};
 }
 
 CvodeIntegrator::~CvodeIntegrator() = default;
 
 double CvodeIntegrator::time() const {
-    return m_work->time;
+    return m_work->base.time;
 }
 
 std::span<const double> CvodeIntegrator::state() const {
-    return vectorValues(m_work->state.get());
+    return m_work->base.unknowns();
+}
+
+std::vector<Exchange> CvodeIntegrator::exchanged() const {
+    return m_work->base.exchanged();
 }
 
 double CvodeIntegrator::step(double limit) {
     constexpr const char * WHERE = "[CvodeIntegrator::step]";
-    const double before = m_work->time;
-    m_work->check(CVodeSetStopTime(m_work->cvode, limit), WHERE);
-    m_work->check(CVode(m_work->cvode, limit, m_work->state.get(), &m_work->time, CV_ONE_STEP), WHERE);
-    m_work->integrate(m_work->time - before);
-    return m_work->time;
-}
-
-std::vector<Exchange> CvodeIntegrator::exchanged() const {
-    return m_work->exchanged;
+    Work & work = *m_work;
+    work.check(CVodeSetStopTime(work.cvode, limit), WHERE);
+    work.check(CVode(work.cvode, limit, work.base.vector(), &work.base.time, CV_ONE_STEP), WHERE);
+    return work.base.time;
 }
 
 void CvodeIntegrator::interpolate(double time, std::span<double> state) const {
-    N_Vector values = N_VNew_Serial(static_cast<sunindextype>(state.size()), m_work->context.get());
-    const int flag = CVodeGetDky(m_work->cvode, time, 0, values);
-    std::copy_n(vectorValues(values).begin(), state.size(), state.begin());
-    N_VDestroy(values);
-    m_work->check(flag, "[CvodeIntegrator::interpolate]");
+    const Vector values(N_VNew_Serial(N_VGetLength(m_work->base.vector()), m_work->base.context()));
+    m_work->check(CVodeGetDky(m_work->cvode, time, 0, values.get()), "[CvodeIntegrator::interpolate]");
+    std::copy_n(vectorValues(values.get()).begin(), state.size(), state.begin());
 }
 
 std::size_t CvodeIntegrator::limitingUnknown() const {
-    std::vector<double> errors(state().size());
-    const auto n = static_cast<sunindextype>(errors.size());
-    N_Vector local = N_VMake_Serial(n, errors.data(), m_work->context.get());
-    N_Vector weights = N_VNew_Serial(n, m_work->context.get());
-    std::size_t worst = errors.size();
-    if (CVodeGetEstLocalErrors(m_work->cvode, local) == CV_SUCCESS &&
-        CVodeGetErrWeights(m_work->cvode, weights) == CV_SUCCESS) {
-        double largest = 0;
-        for (std::size_t i = 0; i < errors.size(); ++i) {
-            const double error = std::fabs(errors[i] * vectorValues(weights)[i]);
-            if (error > largest) {
-                largest = error;
-                worst = i;
-            }
-        }
-    }
-    N_VDestroy(local);
-    N_VDestroy(weights);
-    return worst;
+    return m_work->failedUnknown.value_or(m_work->limitingUnknown());
 }
 
 void CvodeIntegrator::restart() {
     m_work->before = statistics();
-    m_work->check(CVodeReInit(m_work->cvode, m_work->time, m_work->state.get()), "[CvodeIntegrator::restart]");
+    m_work->check(CVodeReInit(m_work->cvode, m_work->base.time, m_work->base.vector()), "[CvodeIntegrator::restart]");
 }
 
 IntegratorStatistics CvodeIntegrator::statistics() const {
+    void * const cvode = m_work->cvode;
     IntegratorStatistics s;
     double unused = 0;
     long setups = 0;
     int order = 0;
-    CVodeGetIntegratorStats(m_work->cvode, &s.steps, &s.rightHandSides, &setups, &s.errorTestFailures, &order, &order,
-                            &unused, &s.lastStep, &unused, &unused);
-    CVodeGetNonlinSolvStats(m_work->cvode, &s.nonlinearIterations, &s.nonlinearFailures);
-    s.jacobians = m_work->linear->jacobianCount();
-    s.rightHandSides += s.jacobians * static_cast<long>(m_work->linear->jacobianCost());
-    CVodeGetNumLinIters(m_work->cvode, &s.linearIterations);
-    CVodeGetNumLinConvFails(m_work->cvode, &s.linearFailures);
+    CVodeGetIntegratorStats(cvode, &s.steps, &s.rightHandSides, &setups, &s.errorTestFailures, &order, &order, &unused,
+                            &s.lastStep, &unused, &unused);
+    CVodeGetNonlinSolvStats(cvode, &s.nonlinearIterations, &s.nonlinearFailures);
+    long difference = 0; // right-hand sides of Jacobian products by differences
+    CVodeGetNumLinRhsEvals(cvode, &difference);
+    CVodeGetNumLinIters(cvode, &s.linearIterations);
+    CVodeGetNumLinConvFails(cvode, &s.linearFailures);
+    const long jacobiansBefore = m_work->before.jacobians;
+    s.jacobians = m_work->linear->matrix().jacobianCount();
+    s.rightHandSides += difference + (s.jacobians - jacobiansBefore) * m_work->linear->matrix().jacobianCost();
     const IntegratorStatistics & b = m_work->before;
     s.steps += b.steps;
     s.rightHandSides += b.rightHandSides;

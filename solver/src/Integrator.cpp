@@ -1,4 +1,5 @@
 #include <SOLVER/CvodeIntegrator.h>
+#include <SOLVER/ExplicitIntegrator.h>
 
 #include <KOR/Exception.h>
 
@@ -14,7 +15,11 @@ std::unique_ptr<Integrator> makeIntegrator(Model & model, const IntegratorSettin
     switch (settings.integrator) {
     case integrator_t::automatic:
     case integrator_t::cvode:
+    case integrator_t::implicitEuler: // the method of order one
         return std::make_unique<CvodeIntegrator>(model, settings, startTime, std::move(state));
+    case integrator_t::explicitEuler:
+    case integrator_t::rungeKutta:
+        return std::make_unique<ExplicitIntegrator>(model, settings, startTime, std::move(state));
     default:
         throw KOR::Exception("The chosen integrator is not available yet.", "[SOLVER::makeIntegrator]");
     }

@@ -17,7 +17,8 @@ Model::Model(ModelInput input)
       m_intervals(m_input.cells.size(), 0), m_faceFluxes(m_input.faces.size()),
       m_surfaceStates(m_input.surfaces.size()), m_loads(m_input.surfaces.size()),
       m_cellLoads(m_input.loadedCells.size()), m_exchange(m_input.surfaces.size() + 1),
-      m_radiation(m_input.radiation.size()), m_neighbours(m_input.cells.size()) {
+      m_loadRates(m_input.loadedCells.size()), m_radiation(m_input.radiation.size()),
+      m_neighbours(m_input.cells.size()) {
     for (const MaterialTable & table : m_input.materials)
         if (table.isAnisotropic())
             m_otherTransport.resize(m_input.cells.size());
@@ -312,7 +313,8 @@ bool Model::rightHandSide(double time, std::span<const double> state, std::span<
     loads = {};
     for (std::size_t i = 0; i < m_cellLoads.size(); ++i) {
         const std::uint32_t c = m_input.loadedCells[i];
-        Exchange in = loadRate(m_cellLoads[i], m_cells[c]);
+        Exchange & in = m_loadRates[i];
+        in = loadRate(m_cellLoads[i], m_cells[c]);
         in.heat *= m_input.cells[c].volume;
         in.water *= m_input.cells[c].volume;
         add(c, in.heat, in.water);

@@ -6,9 +6,9 @@
 
 namespace SOLVER {
 
-bool BlockIlu::factorise(const BlockMatrix & matrix) {
-    m_factors = matrix;
-    return matrix.blockSize() == 2 ? factoriseBlocks<2>() : factoriseBlocks<1>();
+bool BlockIlu::factorise(const BlockMatrix & jacobian, double gamma) {
+    m_factors.setShifted(jacobian, gamma);
+    return jacobian.blockSize() == 2 ? factoriseBlocks<2>() : factoriseBlocks<1>();
 }
 
 void BlockIlu::solve(std::span<const double> r, std::span<double> z) const {
@@ -78,24 +78,33 @@ LineSolver::LineSolver(const Model & model, int direction) : m_blockSize(model.u
     m_diagonal.resize(size);
 }
 
-bool LineSolver::factorise(const BlockMatrix & matrix) {
-    return m_blockSize == 2 ? factoriseBlocks<2>(matrix) : factoriseBlocks<1>(matrix);
+bool LineSolver::factorise(const BlockMatrix & jacobian, double gamma) {
+    return factoriseShare(jacobian, gamma, 1);
 }
 
-template <std::size_t B> bool LineSolver::factoriseBlocks(const BlockMatrix & matrix) {
+bool LineSolver::factoriseShare(const BlockMatrix & jacobian, double gamma, double share) {
+    return m_blockSize == 2 ? factoriseBlocks<2>(jacobian, gamma, share) : factoriseBlocks<1>(jacobian, gamma, share);
+}
+
+template <std::size_t B> bool LineSolver::factoriseBlocks(const BlockMatrix & jacobian, double gamma, double share) {
     constexpr std::size_t SIZE = B * B;
+    const auto scale = [](const double * from, double factor, double * to) {
+        for (std::size_t i = 0; i < SIZE; ++i)
+            to[i] = factor * from[i];
+    };
     for (std::size_t s = 0; s < m_steps.size(); ++s) {
         const Step & step = m_steps[s];
         double * const diagonal = m_diagonal.data() + s * SIZE;
-        const double * const own = matrix.block(matrix.diagonal(step.cell));
-        std::copy(own, own + SIZE, diagonal);
+        scale(jacobian.block(jacobian.diagonal(step.cell)), -gamma * share, diagonal);
+        for (std::size_t i = 0; i < B; ++i)
+            diagonal[i * (B + 1)] += 1;
         if (step.previous != NONE) {
-            const double * const left = matrix.block(matrix.find(step.cell, step.previous));
-            const double * const right = matrix.block(matrix.find(step.previous, step.cell));
+            double left[SIZE];
             double * const lower = m_lower.data() + s * SIZE;
             double * const upper = m_upper.data() + s * SIZE;
+            scale(jacobian.block(jacobian.find(step.cell, step.previous)), -gamma, left);
+            scale(jacobian.block(jacobian.find(step.previous, step.cell)), -gamma, upper);
             product<B>(left, diagonal - SIZE, lower); // the previous diagonal is inverted already
-            std::copy(right, right + SIZE, upper);
             subtractProduct<B>(diagonal, lower, upper);
         }
         if (!invert<B>(diagonal))
@@ -136,20 +145,13 @@ AdiPreconditioner::AdiPreconditioner(const Model & model) {
         m_directions.emplace_back(model, 0);
 }
 
-bool AdiPreconditioner::factorise(const BlockMatrix & matrix) {
+bool AdiPreconditioner::factorise(const BlockMatrix & jacobian, double gamma) {
     // What a row has on its diagonal beyond the identity is shared by the directions in equal parts: exact where they
     // conduct alike, and an approximation elsewhere, as the product is anyway.
-    const std::size_t b = matrix.blockSize();
-    BlockMatrix part = matrix;
-    for (std::size_t r = 0; r < matrix.rows(); ++r) {
-        double * const diagonal = part.block(part.diagonal(r));
-        for (std::size_t i = 0; i < b * b; ++i) {
-            const double identity = i % (b + 1) == 0 ? 1 : 0;
-            diagonal[i] = identity + (diagonal[i] - identity) / static_cast<double>(m_directions.size());
-        }
-    }
-    return std::all_of(m_directions.begin(), m_directions.end(),
-                       [&part](LineSolver & lines) { return lines.factorise(part); });
+    const double share = 1 / static_cast<double>(m_directions.size());
+    return std::all_of(m_directions.begin(), m_directions.end(), [&jacobian, gamma, share](LineSolver & lines) {
+        return lines.factoriseShare(jacobian, gamma, share);
+    });
 }
 
 void AdiPreconditioner::solve(std::span<const double> r, std::span<double> z) const {

@@ -13,16 +13,18 @@ class Preconditioner {
 public:
     virtual ~Preconditioner() = default;
     /// \return false if the matrix is singular in this approximation
-    virtual bool factorise(const BlockMatrix & matrix) = 0;
+    virtual bool factorise(const BlockMatrix & jacobian, double gamma) = 0;
     /// z becomes the approximate solution of A z = r; both may be the same.
     virtual void solve(std::span<const double> r, std::span<double> z) const = 0;
+    /// Whether it is the very inverse.
+    virtual bool isExact() const { return false; }
 };
 
 /// Incomplete block factors L U on the pattern of the matrix itself.
 class BlockIlu : public Preconditioner {
 public:
     explicit BlockIlu(const BlockMatrix & pattern) : m_factors(pattern) {}
-    bool factorise(const BlockMatrix & matrix) override;
+    bool factorise(const BlockMatrix & jacobian, double gamma) override;
     void solve(std::span<const double> r, std::span<double> z) const override;
 
 private:
@@ -35,13 +37,15 @@ private:
 class LineSolver : public Preconditioner {
 public:
     LineSolver(const Model & model, int direction);
-    bool factorise(const BlockMatrix & matrix) override;
+    bool factorise(const BlockMatrix & jacobian, double gamma) override;
     void solve(std::span<const double> r, std::span<double> z) const override;
-    /// Whether every coupling of the model lies on these lines, so that the solve is exact.
-    bool isComplete() const { return m_isComplete; }
+    /// Whether every coupling of the model lies on these lines.
+    bool isExact() const override { return m_isComplete; }
+    /// As above, with a share of the Jacobian's diagonal only: the part of one direction among several.
+    bool factoriseShare(const BlockMatrix & jacobian, double gamma, double share);
 
 private:
-    template <std::size_t B> bool factoriseBlocks(const BlockMatrix & matrix);
+    template <std::size_t B> bool factoriseBlocks(const BlockMatrix & jacobian, double gamma, double share);
     template <std::size_t B> void solveBlocks(std::span<double> z) const;
     static constexpr std::uint32_t NONE = ~0u;
     struct Step {
@@ -58,7 +62,7 @@ private:
 class AdiPreconditioner : public Preconditioner {
 public:
     explicit AdiPreconditioner(const Model & model);
-    bool factorise(const BlockMatrix & matrix) override;
+    bool factorise(const BlockMatrix & jacobian, double gamma) override;
     void solve(std::span<const double> r, std::span<double> z) const override;
 
 private:

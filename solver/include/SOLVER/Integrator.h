@@ -28,6 +28,7 @@ struct IntegratorSettings {
     long maxStepsPerCall = 1'000'000;
     linearSolver_t linearSolver = linearSolver_t::automatic;
     preconditioner_t preconditioner = preconditioner_t::automatic;
+    int preconditionerBandWidth = 20; ///< to either side of the diagonal, of the band preconditioner
     int maxKrylovDimension = 30;
     double iterativeCoefficient = 0.01; ///< of the linear residual, relative to the nonlinear tolerance
     bool useStabilityLimitDetection = false;
@@ -47,7 +48,7 @@ public:
     virtual double time() const = 0;
     virtual std::span<const double> state() const = 0;
     /// One internal step that does not pass \p limit [s]; \return the time reached [s].
-    /// Throws ("[Integrator::step]") with the reason, the cell and what can be changed.
+    /// Throws with the reason and what can be changed; limitingUnknown() tells then what held it up.
     virtual double step(double limit) = 0;
     /// Starts anew at the current state, after the loads jumped.
     virtual void restart() = 0;

@@ -124,6 +124,8 @@ public:
     std::span<const SurfaceState> surfaceStates() const { return m_surfaceStates; }
     /// What comes in: through each surface, then from all cell loads together. Its sum is what the balances gain.
     std::span<const Exchange> exchangeRates() const { return m_exchange; }
+    /// What comes in by each of the cell loads.
+    std::span<const Exchange> loadRates() const { return m_loadRates; }
     std::span<SurfaceLoad> surfaceLoads() { return m_loads; }
     std::span<CellLoad> cellLoads() { return m_cellLoads; }
 
@@ -154,7 +156,7 @@ private:
     std::vector<SurfaceState> m_surfaceStates;
     std::vector<SurfaceLoad> m_loads;
     std::vector<CellLoad> m_cellLoads;
-    std::vector<Exchange> m_exchange;
+    std::vector<Exchange> m_exchange, m_loadRates;
     std::vector<double> m_radiation;
     /// Conductivities of each cell along its material's directions v and w; empty where all are as along u.
     struct Transport {

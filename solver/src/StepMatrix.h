@@ -1,0 +1,56 @@
+#pragma once
+
+#include "BlockMatrix.h"
+#include "Preconditioner.h"
+
+#include <SOLVER/Integrator.h>
+
+#include <sundials/sundials_context.h>
+
+#include <memory>
+#include <span>
+
+namespace SOLVER {
+
+/// I - gamma J of the extended state: the model's unknowns, and behind them heat and water that came in through each of
+/// Model::exchangeRates. These depend on the unknowns and nothing depends on them; their rows of J are kept with the same
+/// care, so that a Newton step changes what the cells hold by exactly what it says came in.
+class StepMatrix {
+public:
+    /// The linear solver that the settings ask for. Throws ("[StepMatrix::StepMatrix]") if it does not fit the model.
+    StepMatrix(Model & model, const IntegratorSettings & settings, SUNContext context);
+
+    /// The kind that was chosen; gmres or bicgstab need iterations around this, the others are exact.
+    linearSolver_t kind() const { return m_kind; }
+    bool usesJacobian() const { return m_usesJacobian; }
+
+    /// Builds J. \param state and \param derivative extended. \return false when a right-hand side is not finite
+    bool build(double time, std::span<const double> state, std::span<const double> derivative);
+    /// \return false if I - gamma J is singular
+    bool factorise(double gamma);
+    /// z becomes the (approximate) solution of (I - gamma J) z = r; extended.
+    void solve(std::span<const double> r, std::span<double> z, double gamma) const;
+    /// jv = J v; extended.
+    void multiply(std::span<const double> v, std::span<double> jv) const;
+
+    long jacobianCount() const { return m_jacobianCount; }
+    long jacobianCost() const { return static_cast<long>(m_builder.cost()); } ///< right-hand sides of one build
+    /// The unknown with the largest residual, relative to its scale, of the last solve.
+    std::size_t worstUnknown() const;
+
+private:
+    std::unique_ptr<Preconditioner> makePreconditioner(const IntegratorSettings & settings, SUNContext context) const;
+
+    Model & m_model;
+    JacobianBuilder m_builder;
+    BlockMatrix m_jacobian;
+    ExchangeRows m_exchange;
+    linearSolver_t m_kind;
+    bool m_usesJacobian = true;
+    std::unique_ptr<Preconditioner> m_preconditioner; ///< null for none
+    double m_gamma = 0;                               ///< of the last factorisation
+    long m_jacobianCount = 0;
+    mutable std::vector<double> m_lastResidual; ///< for the story of a failure
+};
+
+} // namespace SOLVER
