@@ -311,7 +311,8 @@ struct Radiation {
 
 void defineRadiation(CLI::App & app, Radiation & arguments) {
     app.add_option("FILE", arguments.path, FILE_HELP)->required();
-    addNumber(app, "--inclination", arguments.inclination, "In degrees: 0 horizontal, 90 vertical.")->required();
+    addNumber(app, "--inclination", arguments.inclination, "In degrees: 0 facing up, 90 vertical, 180 facing down.")
+        ->required();
     addNumber(app, "--orientation", arguments.orientation, "In degrees from north, clockwise.")->required();
     addNumber(app, "--albedo", arguments.albedo, "Reflectance of the ground, 0.2 unless given.");
     app.add_flag("--perez", arguments.isPerez, "With the anisotropic sky of Perez.");
@@ -322,6 +323,11 @@ void defineRadiation(CLI::App & app, Radiation & arguments) {
 void radiation(const Radiation & arguments, Output & output) {
     if (!(arguments.albedo >= 0 && arguments.albedo <= 1))
         throw KOR::Exception(KOR::text("The albedo lies between 0 and 1, not at %1.", arguments.albedo),
+                             "[CMD::radiation]");
+    if (!(arguments.inclination >= 0 && arguments.inclination <= 180))
+        throw KOR::Exception(KOR::text("The inclination lies between 0 Deg (facing up) and 180 Deg (facing down), not "
+                                       "at %1 Deg.",
+                                       arguments.inclination),
                              "[CMD::radiation]");
     SolarRadiationModel model;
     model.m_climate = readAny(arguments.path);

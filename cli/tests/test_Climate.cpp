@@ -103,6 +103,8 @@ TEST(Climate, RadiationGivesLoadsAndSun) {
     const json perez = climateJson(surface + " --perez --time 14817600");
     EXPECT_NE(perez["times"][0]["diffuse"], row["diffuse"]);
     EXPECT_EQ(climate(surface + " --albedo 1.5 --time 0").exitCode, 1);
+    EXPECT_EQ(climate(std::string("radiation ") + POTSDAM + " --inclination 400 --orientation 180 --time 0").exitCode,
+              1);
     EXPECT_EQ(climate(std::string("radiation ") + POTSDAM + " --inclination 90 --time 0").exitCode, 2);
 }
 
