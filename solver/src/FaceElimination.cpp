@@ -128,16 +128,19 @@ Model::FaceFlux resistiveContact(const HalfCell & a, const HalfCell & b, const C
     const bool converged = iterate([&](double damping) {
         const HalfCell::Flux fa = a.flux(na, thermodynamics);
         const HalfCell::Flux fb = b.flux(nb, thermodynamics);
-        double vaporLinkByPhi = 0; // equally of both nodes: a foil sees the mean of their humidities
+        double vaporLinkByPhi = 0;
+        double weightA = 0.5;
         if (joint.foil != nullptr) {
-            const auto & resistance = fa.vaporPressure >= fb.vaporPressure ? joint.foil->forward : joint.foil->backward;
-            const double humidity = (na.humidity + nb.humidity) / 2;
+            const bool isForward = fa.vaporPressure >= fb.vaporPressure;
+            const auto & resistance = isForward ? joint.foil->forward : joint.foil->backward;
+            weightA = isForward ? joint.foil->forwardWeight : 1 - joint.foil->backwardWeight;
+            const double humidity = weightA * na.humidity + (1 - weightA) * nb.humidity;
             constexpr double STEP = 1e-4;
             vaporLink = 1 / std::max(contact.vapor + resistance(std::min(humidity, 1.0)), LEAST_VAPOR_RESISTANCE);
             if (humidity + STEP < 1)
                 vaporLinkByPhi =
                     (1 / std::max(contact.vapor + resistance(humidity + STEP), LEAST_VAPOR_RESISTANCE) - vaporLink) /
-                    (2 * STEP);
+                    STEP;
         }
         conduction = heatLink * (na.temperature - nb.temperature);
         vapor = vaporLink * (fa.vaporPressure - fb.vaporPressure);
@@ -149,9 +152,9 @@ Model::FaceFlux resistiveContact(const HalfCell & a, const HalfCell & b, const C
             fb.conduction + conduction + latent * (fb.vapor + vapor), fb.vapor + fb.liquid + vapor + liquid};
         const double vaT = vaporLink * fa.vaporPressureByT;
         const double drop = fa.vaporPressure - fb.vaporPressure;
-        const double vaPhi = vaporLink * fa.vaporPressureByPhi + vaporLinkByPhi * drop;
+        const double vaPhi = vaporLink * fa.vaporPressureByPhi + weightA * vaporLinkByPhi * drop;
         const double vbT = -vaporLink * fb.vaporPressureByT;
-        const double vbPhi = -vaporLink * fb.vaporPressureByPhi + vaporLinkByPhi * drop;
+        const double vbPhi = -vaporLink * fb.vaporPressureByPhi + (1 - weightA) * vaporLinkByPhi * drop;
         const double laPhi = -liquidLink * suctionAByPhi;
         const double lbPhi = liquidLink * suctionBByPhi;
         std::array<std::array<double, 4>, 4> j{
@@ -256,6 +259,16 @@ Model::FaceFlux eliminateContact(const HalfCell & a, const HalfCell & b, const C
 SurfaceState eliminateSurface(const HalfCell & inside, const SurfaceLoad & given, const Thermodynamics & thermodynamics,
                               module_t module) {
     SurfaceLoad load = given;
+    if (given.heatDirection != 0) {
+        // What only heats acts on a surface that were colder without it.
+        load.heatDirection = 0;
+        load.hasTemperature = false;
+        load.heatTransfer = 0;
+        const SurfaceState alone = eliminateSurface(inside, load, thermodynamics, module);
+        if (given.heatDirection * (given.airTemperature - alone.temperature) <= 0)
+            return alone;
+        load = given;
+    }
     if (module == module_t::heat)
         load.rain = load.liquidFlux = 0;
     FaceNode node = nodeAtCell(inside);

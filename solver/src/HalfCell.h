@@ -41,8 +41,10 @@ struct FaceNode {
 class HalfCell {
 public:
     /// \param wayLength from the centre to the face [m] \param gravityHead suction that gravity adds on the way [Pa]
-    HalfCell(const MaterialTable & material, const Model::CellState & state, double wayLength, double gravityHead)
-        : cell(state), table(material), distance(wayLength), head(gravityHead),
+    /// \param openToLiquid share of the face through which liquid passes
+    HalfCell(const MaterialTable & material, const Model::CellState & state, double wayLength, double gravityHead,
+             double openToLiquid = 1)
+        : cell(state), table(material), distance(wayLength), head(gravityHead), liquidShare(openToLiquid),
           referenceHumidity(std::exp(-state.suction / kelvinPressure(T_REF))) {}
 
     /// Densities of flux from the centre to the face and their derivatives with respect to the face node.
@@ -100,11 +102,11 @@ public:
         f.conductionByT = (conductanceBySuction * suctionByT + lambdaByT / 2 / distance) * difference - conductance;
         f.conductionByPhi = conductanceBySuction * suctionByPhi * difference;
 
-        f.liquid = (cell.potential - face.potential) / distance;
-        const double liquidBySuction = slopes.liquid / distance;
+        f.liquid = liquidShare * (cell.potential - face.potential) / distance;
+        const double liquidBySuction = liquidShare * slopes.liquid / distance;
         if (head != 0)
-            f.liquid -=
-                meanConductivity(table, cell.suction, cell.potential, suction, face.potential) * head / distance;
+            f.liquid -= liquidShare * meanConductivity(table, cell.suction, cell.potential, suction, face.potential) *
+                        head / distance;
         f.liquidByPhi = liquidBySuction * suctionByPhi;
         f.liquidByT = liquidBySuction * suctionByT;
         return f;
@@ -116,6 +118,7 @@ private:
     const MaterialTable & table;
     double distance;
     double head;
+    double liquidShare;
     double referenceHumidity; ///< of the cell at T_REF
 };
 

@@ -40,6 +40,9 @@ Model::Model(ModelInput input)
         couple(face.a, face.b);
     for (const ModelInput::RadiationLink & link : m_input.radiation)
         couple(link.a, link.b);
+    for (std::size_t i = 0; i < m_input.fluidSources.size(); ++i)
+        if (m_input.fluidSources[i] >= 0)
+            couple(m_input.loadedCells.at(i), static_cast<std::uint32_t>(m_input.fluidSources[i]));
     for (auto & list : m_neighbours) {
         std::sort(list.begin(), list.end());
         list.erase(std::unique(list.begin(), list.end()), list.end());
@@ -226,7 +229,8 @@ void Model::evaluateSurfaces() {
         const ModelInput::Surface & surface = m_input.surfaces[s];
         const MaterialTable & table = m_input.materials[m_input.cells[surface.cell].material];
         m_surfaceStates[s] = eliminateSurface({table.along(materialDirection(surface.cell, surface.direction)),
-                                               along(surface.cell, surface.direction, buffer), surface.distance, 0},
+                                               along(surface.cell, surface.direction, buffer), surface.distance, 0,
+                                               m_loads[s].openToLiquid},
                                               m_loads[s], thermodynamics, m_input.module);
     }
 }
@@ -262,9 +266,9 @@ double room(double moisture, double limit) {
 
 Exchange Model::loadRate(const CellLoad & load, const CellState & cell) const {
     Exchange in;
-    in.heat =
-        load.heat + load.heatTransfer * (load.fluidTemperature - cell.temperature) +
-        load.airFlow * P_ATMOSPHERE / (R_AIR * load.airTemperature) * C_AIR * (load.airTemperature - cell.temperature);
+    in.heat = load.imposedHeat(cell.temperature) + load.fluidHeat(cell.temperature) +
+              load.airFlow * load.airPressure / (R_AIR * load.airTemperature) * C_AIR *
+                  (load.airTemperature - cell.temperature);
     if (!m_hasMoisture)
         return in;
     const double water =
@@ -273,8 +277,13 @@ Exchange Model::loadRate(const CellLoad & load, const CellState & cell) const {
             : load.water * (1 - room(cell.moisture, load.minMoisture + std::max(1e-3 * load.minMoisture, 1e-3)));
     const double vaporIn = load.airFlow * load.airVaporPressure / (R_VAPOR * load.airTemperature);
     const double vaporOut = load.airFlow * cell.vaporPressure / (R_VAPOR * cell.temperature);
-    in.water = water + vaporIn - vaporOut;
-    in.heat += water * enthalpyOfLiquid(water > 0 ? load.waterTemperature : cell.temperature) +
+    const double held = saturationPressure(cell.temperature) / (R_VAPOR * cell.temperature);
+    const double condensed = load.leakFlow *
+                             std::max(0.0, load.leakVaporPressure / (R_VAPOR * load.leakTemperature) - held) *
+                             room(cell.moisture, load.maxMoisture);
+    in.water = water + vaporIn - vaporOut + condensed;
+    in.heat += condensed * enthalpyOfVapor(load.leakTemperature) +
+               water * enthalpyOfLiquid(water > 0 ? load.waterTemperature : cell.temperature) +
                vaporIn * enthalpyOfVapor(load.airTemperature) - vaporOut * enthalpyOfVapor(cell.temperature);
     return in;
 }
@@ -314,6 +323,8 @@ bool Model::rightHandSide(double time, std::span<const double> state, std::span<
     for (std::size_t i = 0; i < m_cellLoads.size(); ++i) {
         const std::uint32_t c = m_input.loadedCells[i];
         Exchange & in = m_loadRates[i];
+        if (i < m_input.fluidSources.size() && m_input.fluidSources[i] >= 0)
+            m_cellLoads[i].fluidTemperature = m_cells[static_cast<std::size_t>(m_input.fluidSources[i])].temperature;
         in = loadRate(m_cellLoads[i], m_cells[c]);
         in.heat *= m_input.cells[c].volume;
         in.water *= m_input.cells[c].volume;

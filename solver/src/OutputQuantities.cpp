@@ -102,11 +102,11 @@ double loadsOf(const Snapshot & s, std::size_t c) {
             sum += OfLoad(s.model.cellLoads()[i], s.model.cellStates()[c]);
     return sum;
 }
-double imposedHeat(const CellLoad & load, const Model::CellState &) {
-    return load.heat;
+double imposedHeat(const CellLoad & load, const Model::CellState & state) {
+    return load.imposedHeat(state.temperature);
 }
 double fluidHeat(const CellLoad & load, const Model::CellState & state) {
-    return load.heatTransfer * (load.fluidTemperature - state.temperature);
+    return load.fluidHeat(state.temperature);
 }
 double imposedWater(const CellLoad & load, const Model::CellState & state) {
     const bool isBarred =

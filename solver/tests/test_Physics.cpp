@@ -41,22 +41,32 @@ TEST_P(CellLoads, BringWhatTheySay) {
 }
 // Air: 101325 / (287.06 * 293.15) = 1.204076 kg/m3. Vapour of the cell: of 1227.31 Pa at saturation, its humidity taken at
 // 283.15 K is 0.5^(293.15/283.15) = 0.487909, so 0.004578652 kg/m3; of the air 1000 / (461.89 * 293.15) = 0.007385358.
-INSTANTIATE_TEST_SUITE_P(Model, CellLoads,
-                         testing::Values(
-                             LoadCase{
-                                 "Heat", {.heat = 50},
-                                  50, 0
+INSTANTIATE_TEST_SUITE_P(
+    Model, CellLoads,
+    testing::Values(
+        LoadCase{
+            "Heat", {.heat = 50},
+             50, 0
 },
-                             LoadCase{"WarmWater", {.water = 1e-3, .waterTemperature = 303.15}, 1e-3 * 4187 * 30, 1e-3},
-                             LoadCase{"WaterIntoAFullCell", {.water = 1e-3, .maxMoisture = 20}, 0, 0},
-                             LoadCase{"WaterOut", {.water = -1e-3}, -1e-3 * 4187 * 10, -1e-3},
-                             LoadCase{"WaterOutOfADryCell", {.water = -1e-3, .minMoisture = 60}, 0, 0},
-                             LoadCase{"Fluid", {.heatTransfer = 7, .fluidTemperature = 280.15}, -21, 0},
-                             LoadCase{"Air",
-                                      {.airFlow = 0.1, .airTemperature = 293.15, .airVaporPressure = 1000},
-                                      0.1 * (1.2040764 * 1006 * 10 + 0.007385358 * 2.541e6 - 0.004578652 * 2.5205e6),
-                                      0.1 * (0.007385358 - 0.004578652)}),
-                         [](const auto & row) { return std::string(row.param.name); });
+        LoadCase{"WarmWater", {.water = 1e-3, .waterTemperature = 303.15}, 1e-3 * 4187 * 30, 1e-3},
+        LoadCase{"WaterIntoAFullCell", {.water = 1e-3, .maxMoisture = 20}, 0, 0},
+        LoadCase{"WaterOut", {.water = -1e-3}, -1e-3 * 4187 * 10, -1e-3},
+        LoadCase{"WaterOutOfADryCell", {.water = -1e-3, .minMoisture = 60}, 0, 0},
+        LoadCase{"Fluid", {.heatTransfer = 7, .fluidTemperature = 280.15}, -21, 0},
+        LoadCase{"FluidThatOnlyHeats", {.canCool = false, .heatTransfer = 7, .fluidTemperature = 280.15}, 0, 0},
+        LoadCase{
+            "ThermostatNearItsLimit", {.heat = 50, .heatLimit = 284.15, .heatRange = 4, .canCool = false}, 12.5, 0},
+        LoadCase{"ThermostatThatCools", {.heat = 50, .heatLimit = 273.15, .heatRange = 4}, -50, 0},
+        LoadCase{"DryLeak", {.leakFlow = 0.1, .leakTemperature = 293.15, .leakVaporPressure = 1200}, 0, 0},
+        LoadCase{"MoistLeak",
+                 {.leakFlow = 0.1, .leakTemperature = 293.15, .leakVaporPressure = 1500},
+                 0.1 * (0.011078037 - 0.009384239849) * 2.541e6,
+                 0.1 * (0.011078037 - 0.009384239849)},
+        LoadCase{"Air",
+                 {.airFlow = 0.1, .airTemperature = 293.15, .airVaporPressure = 1000},
+                 0.1 * (1.2040764 * 1006 * 10 + 0.007385358 * 2.541e6 - 0.004578652 * 2.5205e6),
+                 0.1 * (0.007385358 - 0.004578652)}),
+    [](const auto & row) { return std::string(row.param.name); });
 
 /// Equilibrium of ice: freezing-point depression after Clausius and Clapeyron, energies of the phases.
 TEST(Ice, FormsInEquilibriumWithThePores) {
@@ -250,6 +260,36 @@ TEST(Model, WaterInHydrostaticEquilibriumDoesNotFlow) {
     derivativeOf(light, light.initialState());
     for (const Model::FaceFlux & flux : light.faceFluxes())
         EXPECT_GT(flux.liquid, 0);
+}
+
+/// A surface whose heat exchange only heats or only cools, and one that is half closed to liquid.
+TEST(Model, SurfacesPassHeatInOneDirectionAndLiquidInPart) {
+    ModelInput input = wall(
+        std::vector<double>(4, 0.01), {loadBearing()}, [](double) { return 0u; }, 283.15,
+        [](std::uint32_t) { return suctionAt(0.9); });
+    SurfaceLoad load;
+    input.climate = [&load](double, ModelInput::Loads loads) { loads.surfaces[0] = load; };
+    Model model(input);
+    const std::vector<double> state = model.initialState();
+    const auto surface = [&](const SurfaceLoad & given) {
+        load = given;
+        derivativeOf(model, state);
+        return model.surfaceStates()[0];
+    };
+    for (const bool isFixed : {true, false})
+        for (const int direction : {-1, 0, 1})
+            for (const double T : {280.0, 290.0}) {
+                const double heat = surface({.heatTransfer = isFixed ? 0.0 : 8.0,
+                                             .airTemperature = T,
+                                             .hasTemperature = isFixed,
+                                             .heatDirection = direction})
+                                        .conduction;
+                const double sign = T > 283.15 ? 1 : -1;
+                EXPECT_EQ(heat * sign > 1, direction == 0 || direction == sign) << direction << " " << T;
+            }
+    const double open = surface({.hasSuction = true}).liquidFlux;
+    EXPECT_GT(open, 0);
+    EXPECT_NEAR(surface({.hasSuction = true, .openToLiquid = 0.25}).liquidFlux, open / 4, 1e-9 * open);
 }
 
 /// A foil that closes in dry air: steady flux through it and two half walls, both ways, against a bisection by hand.

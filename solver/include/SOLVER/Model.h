@@ -50,6 +50,8 @@ struct ModelInput {
     /// An adaptive foil: vapour resistance [m/s] over relative humidity, where vapour flows from a to b and back.
     struct Foil {
         std::function<double(double)> forward, backward;
+        double forwardWeight = 0.5; ///< share of the upstream side in the humidity that counts
+        double backwardWeight = 0.5;
     };
     /// What acts from outside at one moment.
     struct Loads {
@@ -65,6 +67,8 @@ struct ModelInput {
     std::vector<Face> faces;
     std::vector<Surface> surfaces;
     std::vector<std::uint32_t> loadedCells; ///< cells with a CellLoad; a cell may be in it more than once
+    /// For each of loadedCells the cell from which its fluid comes, or -1; empty if that is so for all.
+    std::vector<std::int64_t> fluidSources;
     std::vector<RadiationLink> radiation;
     std::vector<Foil> foils;
     Climate climate;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+
 namespace SOLVER {
 
 /// What acts on one surface of the construction at one moment. Heat and moisture towards the construction are positive.
@@ -19,12 +21,18 @@ struct SurfaceLoad {
     bool hasTemperature = false;   ///< the surface has airTemperature, whatever flows
     bool hasSuction = false;       ///< the surface has \p suction, whatever flows
     double suction = 0;            ///< [Pa], negative under a head of water
+    double openToLiquid = 1;       ///< share of the surface through which liquid passes [-]
+    int heatDirection = 0; ///< the air, or the fixed temperature, only heats (1), only cools (-1) or does both (0)
 };
 
-/// What acts on one cell of the inside at one moment, per volume of the cell. What depends on the cell's state is linear
-/// in it, so that nobody but the model needs to know the state.
+/// What acts on one cell of the inside at one moment, per volume of the cell. How it depends on the cell's state is told
+/// by plain numbers, so that nobody but the model needs to know the state.
 struct CellLoad {
     double heat = 0;               ///< [W/m3]
+    double heatLimit = 293;        ///< a thermostat's temperature [K]
+    double heatRange = 0;          ///< over which \p heat fades towards heatLimit [K]; 0: there is no thermostat
+    bool canHeat = true;           ///< thermostat and fluid give heat below their temperature
+    bool canCool = true;           ///< and take it above
     double water = 0;              ///< liquid [kg/m3s]
     double waterTemperature = 293; ///< of it [K]
     double maxMoisture = 1e30;     ///< no water is added above this moisture mass density [kg/m3]
@@ -34,6 +42,22 @@ struct CellLoad {
     double airFlow = 0;            ///< volume of outer air that passes the cell [m3/m3s]
     double airTemperature = 293;   ///< of it [K]
     double airVaporPressure = 0;   ///< of it [Pa]
+    double airPressure = 101325;   ///< [Pa]
+    double leakFlow = 0;           ///< volume of inner air that leaves the vapour it cannot hold in the cell [m3/m3s]
+    double leakTemperature = 293;  ///< of it [K]
+    double leakVaporPressure = 0;  ///< of it [Pa]
+
+    /// Heat that a source brings to a cell at T [K], under its thermostat [W/m3].
+    double imposedHeat(double T) const {
+        if (heatRange == 0)
+            return heat;
+        return heat * std::clamp((heatLimit - T) / heatRange, canCool ? -1.0 : 0.0, canHeat ? 1.0 : 0.0);
+    }
+    /// Heat that the fluid brings to a cell at T [K], [W/m3].
+    double fluidHeat(double T) const {
+        const double heatFromFluid = heatTransfer * (fluidTemperature - T);
+        return heatFromFluid > 0 ? (canHeat ? heatFromFluid : 0) : (canCool ? heatFromFluid : 0);
+    }
 };
 
 /// What the surface answers. Densities of flux towards the construction.
