@@ -1,9 +1,11 @@
 #include "HygMainWindow.h"
 
+#include "HygFileActions.h"
 #include "HygIconEngine.h"
 #include "HygSettings.h"
 #include "dialogs/HygAboutDialog.h"
 #include "dialogs/HygPreferencesDialog.h"
+#include "document/HygProjectHandler.h"
 #include "ui_HygMainWindow.h"
 #include "views/HygLogView.h"
 #include "views/HygNavigationButton.h"
@@ -19,10 +21,8 @@
 #include <QCloseEvent>
 #include <QDesktopServices>
 #include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
-#include <QMetaMethod>
 #include <QProcess>
 #include <QScreen>
 #include <QTimer>
@@ -30,21 +30,6 @@
 #include <QUrl>
 
 namespace {
-
-struct ViewRow {
-    const char * title;
-    const char * icon;
-};
-constexpr ViewRow VIEWS[] = {
-    {QT_TRANSLATE_NOOP("HygMainWindow", "Start"),        "start"       },
-    {QT_TRANSLATE_NOOP("HygMainWindow", "Construction"), "construction"},
-    {QT_TRANSLATE_NOOP("HygMainWindow", "Conditions"),   "conditions"  },
-    {QT_TRANSLATE_NOOP("HygMainWindow", "Outputs"),      "outputs"     },
-    {QT_TRANSLATE_NOOP("HygMainWindow", "Simulation"),   "simulation"  },
-    {QT_TRANSLATE_NOOP("HygMainWindow", "Results"),      "results"     },
-    {QT_TRANSLATE_NOOP("HygMainWindow", "Reports"),      "reports"     },
-};
-static_assert(std::size(VIEWS) == HygMainWindow::NUM_VIEWS, "view table and enumeration disagree");
 
 struct ChoiceRow {
     const char * value;
@@ -61,7 +46,6 @@ constexpr ChoiceRow THEMES[] = {
     {QtExt::Palette::DARK,   QT_TRANSLATE_NOOP("HygMainWindow", "&Dark")         },
 };
 
-constexpr const char * PROJECT_SUFFIX = "h6p";
 constexpr int STATE_VERSION = 1;
 constexpr int LOG_HEIGHT = 226;
 
@@ -69,8 +53,8 @@ constexpr int LOG_HEIGHT = 226;
 
 HygMainWindow::HygMainWindow(HygSettings & settings, QtExt::LanguageHandler & languages, HygLogModel & messages)
     : m_settings(settings), m_languages(languages), m_messages(messages), m_ui(new Ui::HygMainWindow),
-      m_undoStack(new QUndoStack(this)) {
-    m_undoStack->setUndoLimit(static_cast<int>(m_settings.m_maxNumUndoSteps));
+      m_projects(new HygProjectHandler(this)), m_files(new HygFileActions(*this, *m_projects, settings)) {
+    m_projects->setUndoLimit(m_settings.m_maxNumUndoSteps);
     m_ui->setupUi(this);
     m_projectLabel = new QLabel(this);
     m_projectLabel->setObjectName(QStringLiteral("projectFile"));
@@ -78,11 +62,11 @@ HygMainWindow::HygMainWindow(HygSettings & settings, QtExt::LanguageHandler & la
     setUpViews();
     setUpLog();
     setUpActions();
+    setUpUndo();
     setUpChoices();
-    updateOffers();
-    updateRecentProjects();
+    takeOverProject({});
     retranslate();
-    showView(Start);
+    showView(HygViewTable::Start);
 
     resize(size().boundedTo(screen()->availableSize()));
     restoreGeometry(m_settings.m_mainWindowGeometry);
@@ -102,14 +86,28 @@ HygMainWindow::~HygMainWindow() {
     disconnect(&m_messages, nullptr, this, nullptr);
 }
 
+QUndoStack & HygMainWindow::undoStack() {
+    return m_projects->undoStack();
+}
+
 void HygMainWindow::setUpViews() {
     m_startView = new HygStartView(this);
-    m_startView->setExamplesDirectory(m_settings.directory(HygSettings::DIR_EXAMPLES));
-    addView(Start, m_startView);
+    for (const HygViewTable::Row & row : HygViewTable::rows())
+        if (row.view == HygViewTable::Start)
+            addView(row, m_startView);
+        else if (row.create != nullptr)
+            addView(row, row.create(m_projects));
     connect(m_ui->navigationBar, &HygNavigationBar::selected, this,
             [this](int id) { showView(static_cast<view_t>(id)); });
-    connect(m_startView, &HygStartView::newProjectRequested, this, &HygMainWindow::chooseNewProject);
-    connect(m_startView, &HygStartView::chooseProjectRequested, this, &HygMainWindow::chooseProject);
+    connect(m_ui->views, &QStackedWidget::currentChanged, this, &HygMainWindow::updateViewMenu);
+    setUpStartView();
+}
+
+void HygMainWindow::setUpStartView() {
+    m_startView->setExamplesDirectory(m_settings.directory(HygSettings::DIR_EXAMPLES));
+    m_startView->setOffers(true, true);
+    connect(m_startView, &HygStartView::newProjectRequested, m_files, &HygFileActions::chooseNew);
+    connect(m_startView, &HygStartView::chooseProjectRequested, m_files, &HygFileActions::chooseOpen);
     connect(m_startView, &HygStartView::openProjectRequested, this, &HygMainWindow::openProject);
     connect(m_startView, &HygStartView::removeRecentRequested, this,
             [this](const QString & path) { removeRecent({path}); });
@@ -139,26 +137,37 @@ void HygMainWindow::setUpLog() {
 }
 
 void HygMainWindow::setUpActions() {
-    struct ActionRow {
-        QAction * action;
-        const char * icon;
-        void (HygMainWindow::*slot)();
+    const std::pair<QAction *, const char *> icons[] = {
+        {m_ui->actionNew,            "new"        },
+        {m_ui->actionOpen,           "open"       },
+        {m_ui->actionSave,           "save"       },
+        {m_ui->actionSaveAs,         "saveas"     },
+        {m_ui->actionSaveCopy,       "copy"       },
+        {m_ui->actionClose,          "close"      },
+        {m_ui->actionQuit,           "quit"       },
+        {m_ui->actionUndo,           "undo"       },
+        {m_ui->actionRedo,           "redo"       },
+        {m_ui->actionFindInLog,      "search"     },
+        {m_ui->actionPreferences,    "preferences"},
+        {m_ui->actionFullScreen,     "fullscreen" },
+        {m_ui->actionOpenLogFile,    "logfile"    },
+        {m_ui->actionOpenDataFolder, "folder"     },
+        {m_ui->actionAbout,          "information"},
     };
-    const ActionRow rows[] = {
-        {m_ui->actionNew,         "new",         &HygMainWindow::chooseNewProject},
-        {m_ui->actionOpen,        "open",        &HygMainWindow::chooseProject   },
-        {m_ui->actionPreferences, "preferences", &HygMainWindow::showPreferences },
-        {m_ui->actionOpenLogFile, "logfile",     &HygMainWindow::openLogFile     },
+    for (const auto & [action, icon] : icons)
+        action->setIcon(HygIconEngine::icon(QLatin1String(icon)));
+    const std::pair<QAction *, void (HygFileActions::*)()> files[] = {
+        {m_ui->actionNew,      &HygFileActions::chooseNew },
+        {m_ui->actionOpen,     &HygFileActions::chooseOpen},
+        {m_ui->actionSave,     &HygFileActions::save      },
+        {m_ui->actionSaveAs,   &HygFileActions::saveAs    },
+        {m_ui->actionSaveCopy, &HygFileActions::saveCopy  },
+        {m_ui->actionClose,    &HygFileActions::close     },
     };
-    for (const ActionRow & row : rows) {
-        row.action->setIcon(HygIconEngine::icon(QLatin1String(row.icon)));
-        connect(row.action, &QAction::triggered, this, row.slot);
-    }
-    m_ui->actionQuit->setIcon(HygIconEngine::icon(QStringLiteral("quit")));
-    m_ui->actionFindInLog->setIcon(HygIconEngine::icon(QStringLiteral("search")));
-    m_ui->actionFullScreen->setIcon(HygIconEngine::icon(QStringLiteral("fullscreen")));
-    m_ui->actionOpenDataFolder->setIcon(HygIconEngine::icon(QStringLiteral("folder")));
-    m_ui->actionAbout->setIcon(HygIconEngine::icon(QStringLiteral("information")));
+    for (const auto & [action, slot] : files)
+        connect(action, &QAction::triggered, m_files, slot);
+    connect(m_ui->actionPreferences, &QAction::triggered, this, &HygMainWindow::showPreferences);
+    connect(m_ui->actionOpenLogFile, &QAction::triggered, this, &HygMainWindow::openLogFile);
     m_ui->menuRecent->setIcon(HygIconEngine::icon(QStringLiteral("recent")));
     m_ui->menuLanguage->setIcon(HygIconEngine::icon(QStringLiteral("language")));
 
@@ -197,88 +206,85 @@ void HygMainWindow::setUpChoices() {
             [this](const QAction * action) { setTheme(action->data().toString()); });
 }
 
-void HygMainWindow::addView(view_t id, QWidget * view) {
-    m_ui->views->addWidget(view);
-    m_views[id] = view;
-    m_viewButtons[id] = &m_ui->navigationBar->addView(id, QLatin1String(VIEWS[id].icon));
+void HygMainWindow::setUpUndo() {
+    QUndoStack & stack = undoStack();
+    connect(m_ui->actionUndo, &QAction::triggered, &stack, &QUndoStack::undo);
+    connect(m_ui->actionRedo, &QAction::triggered, &stack, &QUndoStack::redo);
+    connect(&stack, &QUndoStack::indexChanged, this, &HygMainWindow::updateUndo);
+    connect(&stack, &QUndoStack::undoTextChanged, this, &HygMainWindow::updateUndo);
+    connect(&stack, &QUndoStack::redoTextChanged, this, &HygMainWindow::updateUndo);
+    connect(m_projects, &HygProjectHandler::modifiedChanged, this, &QWidget::setWindowModified);
+    connect(m_projects, &HygProjectHandler::projectFileChanged, this, &HygMainWindow::takeOverProject);
+    connect(m_projects, &HygProjectHandler::failed, this, &HygMainWindow::showProblem);
+}
 
-    auto * action = new QAction(HygIconEngine::icon(QLatin1String(VIEWS[id].icon)), QString(), this);
-    action->setShortcut(QKeySequence(QStringLiteral("Ctrl+%1").arg(id + 1)));
-    connect(action, &QAction::triggered, this, [this, id] { showView(id); });
-    const auto place = m_viewActions.emplace(id, action).first;
-    const auto next = std::next(place);
-    m_ui->menuView->insertAction(next != m_viewActions.end()
-                                     ? next->second
-                                     : m_ui->menuView->actions().value(static_cast<int>(m_viewActions.size()) - 1),
-                                 action);
-    retranslate();
+void HygMainWindow::addView(const HygViewTable::Row & row, QWidget * widget) {
+    m_ui->views->addWidget(widget);
+    HygNavigationButton & button = m_ui->navigationBar->addView(row.view, QLatin1String(row.icon));
+    auto * action = new QAction(HygIconEngine::icon(QLatin1String(row.icon)), QString(), this);
+    connect(action, &QAction::triggered, this, [this, id = row.view] { showView(id); });
+    m_views[row.view] = {&row, widget, &button, action};
+
+    QAction * before = m_ui->menuView->actions().constFirst();
+    int number = 0;
+    for (const auto & [id, view] : m_views) {
+        m_ui->menuView->insertAction(before, view.action);
+        view.action->setShortcut(QKeySequence(QStringLiteral("Ctrl+%1").arg(++number)));
+    }
+}
+
+void HygMainWindow::updateViewMenu() {
+    m_ui->menuOfView->clear();
+    const View & view = m_views.at(currentView());
+    m_ui->menuOfView->setTitle(tr(view.row->title));
+    m_ui->menuOfView->addActions(view.widget->actions());
+    m_ui->menuOfView->menuAction()->setVisible(!view.widget->actions().isEmpty());
 }
 
 void HygMainWindow::showView(view_t id) {
-    if (const auto view = m_views.find(id); view != m_views.end()) {
-        m_ui->views->setCurrentWidget(view->second);
-        m_ui->navigationBar->setCurrent(id);
-    }
+    const auto view = m_views.find(id);
+    if (view == m_views.end() || !view->second.action->isEnabled())
+        return;
+    m_ui->views->setCurrentWidget(view->second.widget);
+    m_ui->navigationBar->setCurrent(id);
 }
 
 HygMainWindow::view_t HygMainWindow::currentView() const {
     for (const auto & [id, view] : m_views)
-        if (view == m_ui->views->currentWidget())
+        if (view.widget == m_ui->views->currentWidget())
             return id;
-    return Start;
+    return HygViewTable::Start;
 }
 
 bool HygMainWindow::openProject(const QString & path) {
-    const QFileInfo info(path);
-    if (!info.isFile()) {
-        const QString problem = tr("The project file '%1' does not exist.").arg(QDir::toNativeSeparators(path));
-        KOR::message(problem.toStdString(), KOR::MSG_ERROR, "[HygMainWindow::openProject]");
-        showProblem(problem);
-        updateRecentProjects();
-        return false;
-    }
-    m_projectFile = info.absoluteFilePath();
-    m_settings.addRecentProject(m_projectFile);
+    return m_files->open(path);
+}
+
+void HygMainWindow::takeOverProject(const QString & path) {
+    if (!path.isEmpty())
+        m_settings.addRecentProject(path);
     m_settings.writeOrLog();
+    const bool hasProject = m_projects->hasProject();
+    for (QAction * action : {m_ui->actionSave, m_ui->actionSaveAs, m_ui->actionSaveCopy, m_ui->actionClose})
+        action->setEnabled(hasProject);
+    for (const auto & [id, view] : m_views)
+        if (view.row->needsProject) {
+            view.action->setEnabled(hasProject);
+            view.button->setEnabled(hasProject);
+        }
+    if (!m_views.at(currentView()).action->isEnabled())
+        showView(HygViewTable::Start);
     updateRecentProjects();
     updateTitle();
-    emit openProjectRequested(m_projectFile);
-    return true;
+    updateUndo();
 }
 
-void HygMainWindow::chooseProject() {
-    const QString folder = m_settings.m_lastFileOpenDirectory;
-    const QString path = QFileDialog::getOpenFileName(
-        this, tr("Open project"), folder, tr("Hygrion projects (*.%1)").arg(QLatin1String(PROJECT_SUFFIX)), nullptr,
-        m_settings.m_dontUseNativeDialogs ? QFileDialog::DontUseNativeDialog : QFileDialog::Options());
-    if (path.isEmpty())
-        return;
-    m_settings.m_lastFileOpenDirectory = QFileInfo(path).absolutePath();
-    openProject(path);
-}
-
-void HygMainWindow::chooseNewProject() {
-    QFileDialog dialog(this, tr("New project"), m_settings.m_lastFileOpenDirectory,
-                       tr("Hygrion projects (*.%1)").arg(QLatin1String(PROJECT_SUFFIX)));
-    dialog.setObjectName(QStringLiteral("newProjectDialog"));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(QLatin1String(PROJECT_SUFFIX));
-    dialog.setOption(QFileDialog::DontUseNativeDialog, m_settings.m_dontUseNativeDialogs);
-    if (dialog.exec() != QDialog::Accepted)
-        return;
-    const QString path = dialog.selectedFiles().constFirst();
-    m_settings.m_lastFileOpenDirectory = QFileInfo(path).absolutePath();
-    emit newProjectRequested(path);
-}
-
-void HygMainWindow::setProjectFile(const QString & path) {
-    m_projectFile = path;
-    if (!path.isEmpty()) {
-        m_settings.addRecentProject(path);
-        m_settings.writeOrLog();
-        updateRecentProjects();
-    }
-    updateTitle();
+void HygMainWindow::updateUndo() {
+    const QUndoStack & stack = undoStack();
+    m_ui->actionUndo->setEnabled(stack.canUndo());
+    m_ui->actionRedo->setEnabled(stack.canRedo());
+    m_ui->actionUndo->setText(stack.canUndo() ? tr("&Undo: %1").arg(stack.undoText()) : tr("&Undo"));
+    m_ui->actionRedo->setText(stack.canRedo() ? tr("&Redo: %1").arg(stack.redoText()) : tr("&Redo"));
 }
 
 void HygMainWindow::removeRecent(const QStringList & paths) {
@@ -300,31 +306,11 @@ void HygMainWindow::updateRecentProjects() {
 }
 
 void HygMainWindow::updateTitle() {
-    setWindowTitle(
-        m_projectFile.isEmpty()
-            ? QCoreApplication::applicationName()
-            : tr("%1[*] – %2").arg(QFileInfo(m_projectFile).completeBaseName(), QCoreApplication::applicationName()));
-    m_projectLabel->setText(m_projectFile.isEmpty() ? tr("No project") : QDir::toNativeSeparators(m_projectFile));
-}
-
-void HygMainWindow::updateOffers() {
-    const bool canCreate = isSignalConnected(QMetaMethod::fromSignal(&HygMainWindow::newProjectRequested));
-    const bool canOpen = isSignalConnected(QMetaMethod::fromSignal(&HygMainWindow::openProjectRequested));
-    m_startView->setOffers(canCreate, canOpen);
-    m_ui->actionNew->setVisible(canCreate);
-    m_ui->actionOpen->setVisible(canOpen);
-    m_ui->menuRecent->menuAction()->setVisible(canOpen);
-}
-
-void HygMainWindow::connectNotify(const QMetaMethod &) {
-    if (m_startView != nullptr)
-        updateOffers();
-}
-
-void HygMainWindow::disconnectNotify(const QMetaMethod &) {
-    // A receiver that is being destroyed still counts as connected.
-    if (m_startView != nullptr)
-        QTimer::singleShot(0, this, &HygMainWindow::updateOffers);
+    const QString path = m_projects->projectFile();
+    setWindowTitle(path.isEmpty()
+                       ? QCoreApplication::applicationName()
+                       : tr("%1[*] – %2").arg(QFileInfo(path).completeBaseName(), QCoreApplication::applicationName()));
+    m_projectLabel->setText(path.isEmpty() ? tr("No project") : QDir::toNativeSeparators(path));
 }
 
 void HygMainWindow::showProblem(const QString & text) {
@@ -385,6 +371,7 @@ void HygMainWindow::takeOverSettings() {
     KOR::MessageHandler & handler = KOR::MessageHandlerRegistry::instance().messageHandler();
     handler.setConsoleLogLevel(m_settings.m_userLogLevelConsole);
     handler.setLogfileLogLevel(m_settings.m_userLogLevelLogfile);
+    m_projects->setUndoLimit(m_settings.m_maxNumUndoSteps);
     updateRecentProjects();
     updateChoices();
 }
@@ -406,10 +393,12 @@ void HygMainWindow::retranslate() {
     }
     if (m_preferencesButton != nullptr)
         m_preferencesButton->setText(tr("Preferences"));
-    for (const auto & [id, button] : m_viewButtons) {
-        button->setText(tr(VIEWS[id].title));
-        m_viewActions[id]->setText(tr(VIEWS[id].title));
+    for (const auto & [id, view] : m_views) {
+        view.button->setText(tr(view.row->title));
+        view.action->setText(tr(view.row->title));
     }
+    updateViewMenu();
+    updateUndo();
     if (m_themeChoice != nullptr) {
         const QList<QAction *> actions = m_themeChoice->actions();
         for (int i = 0; i < actions.size(); ++i)
@@ -437,6 +426,10 @@ void HygMainWindow::paintEvent(QPaintEvent * event) {
 }
 
 void HygMainWindow::closeEvent(QCloseEvent * event) {
+    if (!m_files->settle()) {
+        event->ignore();
+        return;
+    }
     m_settings.m_mainWindowGeometry = saveGeometry();
     m_settings.m_mainWindowState = saveState(STATE_VERSION); // written at the program's end
     event->accept();

@@ -2,7 +2,6 @@
 #include "HygMainWindow.h"
 #include "HygMessageHandler.h"
 #include "HygSettings.h"
-#include "document/HygProjectHandler.h"
 #include "views/HygLogModel.h"
 
 #include <QtExt/LanguageHandler.h>
@@ -162,14 +161,6 @@ int main(int argc, char * argv[]) {
             splash = showSplash();
 
         auto window = std::make_unique<HygMainWindow>(settings, languages, messages);
-        HygProjectHandler projects;
-        QObject::connect(window.get(), &HygMainWindow::newProjectRequested, &projects,
-                         &HygProjectHandler::createProject);
-        QObject::connect(window.get(), &HygMainWindow::openProjectRequested, &projects,
-                         &HygProjectHandler::openProject);
-        QObject::connect(&projects, &HygProjectHandler::projectFileChanged, window.get(),
-                         &HygMainWindow::setProjectFile);
-        QObject::connect(&projects, &HygProjectHandler::failed, window.get(), &HygMainWindow::showProblem);
         for (const auto & problem : {argumentProblem, directoryProblem})
             if (problem)
                 window->showProblem(QString::fromUtf8(problem->what()));

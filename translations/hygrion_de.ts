@@ -25,6 +25,37 @@
     </message>
 </context>
 <context>
+    <name>HygFileActions</name>
+    <message>
+        <source>Save the changes of project &apos;%1&apos;?</source>
+        <translation>Änderungen des Projekts „%1“ speichern?</translation>
+    </message>
+    <message>
+        <source>Changes that are not saved are lost when the project is closed.</source>
+        <translation>Änderungen, die nicht gespeichert werden, gehen beim Schließen verloren.</translation>
+    </message>
+    <message>
+        <source>Hygrion projects (*.%1)</source>
+        <translation>Hygrion-Projekte (*.%1)</translation>
+    </message>
+    <message>
+        <source>New project</source>
+        <translation>Neues Projekt</translation>
+    </message>
+    <message>
+        <source>Open project</source>
+        <translation>Projekt öffnen</translation>
+    </message>
+    <message>
+        <source>Save project as</source>
+        <translation>Projekt speichern unter</translation>
+    </message>
+    <message>
+        <source>Save a copy</source>
+        <translation>Kopie speichern</translation>
+    </message>
+</context>
+<context>
     <name>HygLogModel</name>
     <message>
         <source>Information</source>
@@ -241,18 +272,6 @@
         <translation>&amp;Dunkel</translation>
     </message>
     <message>
-        <source>The project file &apos;%1&apos; does not exist.</source>
-        <translation>Die Projektdatei &apos;%1&apos; gibt es nicht.</translation>
-    </message>
-    <message>
-        <source>Open project</source>
-        <translation>Projekt öffnen</translation>
-    </message>
-    <message>
-        <source>Hygrion projects (*.%1)</source>
-        <translation>Hygrion-Projekte (*.%1)</translation>
-    </message>
-    <message>
         <source>%1[*] – %2</source>
         <translation>%1[*] – %2</translation>
     </message>
@@ -277,8 +296,68 @@
         <translation>Einstellungen</translation>
     </message>
     <message>
-        <source>New project</source>
-        <translation>Neues Projekt</translation>
+        <source>&amp;Save</source>
+        <translation>&amp;Speichern</translation>
+    </message>
+    <message>
+        <source>Write the project into its file</source>
+        <translation>Schreibt das Projekt in seine Datei</translation>
+    </message>
+    <message>
+        <source>Save &amp;as…</source>
+        <translation>Speichern &amp;unter…</translation>
+    </message>
+    <message>
+        <source>Write the project into another file and go on with that one</source>
+        <translation>Schreibt das Projekt in eine andere Datei und arbeitet mit dieser weiter</translation>
+    </message>
+    <message>
+        <source>Save a &amp;copy…</source>
+        <translation>&amp;Kopie speichern…</translation>
+    </message>
+    <message>
+        <source>Write the project into another file and go on with this one</source>
+        <translation>Schreibt das Projekt in eine andere Datei und arbeitet mit dieser hier weiter</translation>
+    </message>
+    <message>
+        <source>Cl&amp;ose project</source>
+        <translation>Projekt s&amp;chließen</translation>
+    </message>
+    <message>
+        <source>Close the project and show the start page</source>
+        <translation>Schließt das Projekt und zeigt die Startseite</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>Take back the last change of the project</source>
+        <translation>Nimmt die letzte Änderung des Projekts zurück</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Wiederholen</translation>
+    </message>
+    <message>
+        <source>Make the change again that was taken back last</source>
+        <translation>Macht die Änderung wieder, die zuletzt zurückgenommen wurde</translation>
+    </message>
+    <message>
+        <source>&amp;Undo: %1</source>
+        <translation>&amp;Rückgängig: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Redo: %1</source>
+        <translation>&amp;Wiederholen: %1</translation>
+    </message>
+    <message>
+        <source>Materials</source>
+        <translation>Materialien</translation>
+    </message>
+    <message>
+        <source>Climate</source>
+        <translation>Klima</translation>
     </message>
 </context>
 <context>
@@ -709,6 +788,14 @@
     <message>
         <source>Cannot write the new project &apos;%1&apos;.</source>
         <translation>Das neue Projekt &apos;%1&apos; kann nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>The project file &apos;%1&apos; does not exist.</source>
+        <translation>Die Projektdatei „%1“ gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>The project could not be saved as &apos;%1&apos;. Nothing is lost: it is still open, with all changes.</source>
+        <translation>Das Projekt konnte nicht als „%1“ gespeichert werden. Nichts ist verloren: Es ist mit allen Änderungen weiter geöffnet.</translation>
     </message>
 </context>
 <context>

@@ -3,6 +3,8 @@
 #include "HygDebugApplication.h"
 #include "HygSettings.h"
 #include "dialogs/HygAboutDialog.h"
+#include "document/HygProjectHandler.h"
+#include "undo/HygUndoSections.h"
 #include "views/HygProjectListModel.h"
 #include "views/HygStartView.h"
 
@@ -22,10 +24,11 @@
 #include <QListView>
 #include <QMenu>
 #include <QMenuBar>
-#include <QSignalSpy>
+#include <QMessageBox>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QUndoStack>
 
 #include <gmock/gmock.h>
 
@@ -65,6 +68,26 @@ protected:
         return *m_window;
     }
     template <typename Object> Object & find(const char * name) { return *window().findChild<Object *>(name); }
+    /// Does something to a modal dialog as soon as it is there. A test that fails is better than one that hangs.
+    template <typename Dialog> void answer(const char * name, std::function<void(Dialog &)> reply) {
+        auto * driver = new QTimer(&window());
+        QObject::connect(driver, &QTimer::timeout, [=, this, tries = 0]() mutable {
+            auto * dialog = window().findChild<Dialog *>(name);
+            if (dialog == nullptr || !dialog->isVisible())
+                return;
+            if (++tries == 1)
+                reply(*dialog);
+            else if (tries > 40)
+                dialog->reject();
+        });
+        QObject::connect(driver, &QTimer::timeout, driver, [=, this, seen = false]() mutable {
+            const auto * dialog = window().findChild<Dialog *>(name);
+            seen = seen || dialog != nullptr;
+            if (seen && (dialog == nullptr || !dialog->isVisible()))
+                driver->deleteLater();
+        });
+        driver->start(30);
+    }
     QStringList listed(const char * name) {
         QStringList names;
         const QAbstractItemModel & rows = *find<QListView>(name).model();
@@ -98,70 +121,74 @@ TEST_F(HygMainWindowTest, ListsRecentProjectsAndExamples) {
     EXPECT_FALSE(m_settings.m_recentProjects.contains(m_missing));
 }
 
-TEST_F(HygMainWindowTest, OffersOnlyWhatIsAnswered) {
-    const auto offers = [&] {
-        QString names;
-        for (const char * name : {"actionNew", "actionOpen"})
-            if (find<QAction>(name).isVisible())
-                names += QString(name) + ' ';
-        for (const char * name : {"startNew", "startOpen"})
-            if (!find<QAbstractButton>(name).isHidden())
-                names += QString(name) + ' ';
-        if (find<QMenu>("menuRecent").menuAction()->isVisible())
-            names += "menuRecent ";
-        return names.trimmed();
-    };
-    EXPECT_EQ(offers(), "");
+TEST_F(HygMainWindowTest, OpensProjectsFromTheListsAndMakesNewOnes) {
     auto & recent = find<QListView>("recentProjects");
     const auto clickRow = [&](int row) {
         QTest::mouseClick(recent.viewport(), Qt::LeftButton, {},
                           recent.visualRect(recent.model()->index(row, 0)).center());
     };
-    clickRow(2);
-    EXPECT_EQ(m_settings.m_recentProjects.front(), m_directory.filePath("new.h6p"));
-
-    auto opened = std::make_unique<QSignalSpy>(&window(), &HygMainWindow::openProjectRequested);
-    EXPECT_EQ(offers(), "actionOpen startOpen menuRecent");
-    auto created = std::make_unique<QSignalSpy>(&window(), &HygMainWindow::newProjectRequested);
-    EXPECT_EQ(offers(), "actionNew actionOpen startNew startOpen menuRecent");
-
+    const auto file = [&] { return window().projects().projectFile(); };
     clickRow(1); // missing
-    EXPECT_EQ(opened->size(), 0);
+    EXPECT_EQ(file(), "");
     clickRow(2);
-    ASSERT_EQ(opened->size(), 1);
-    EXPECT_EQ(opened->last()[0].toString(), m_directory.filePath("old.h6p"));
+    EXPECT_EQ(file(), m_directory.filePath("old.h6p"));
     EXPECT_EQ(listed("recentProjects"), (QStringList{"old", "new", "Cellar"}));
     auto & examples = find<QListView>("exampleProjects");
     examples.setCurrentIndex(examples.model()->index(1, 0));
     examples.setFocus();
     QTest::keyClick(&examples, Qt::Key_Return);
-    ASSERT_EQ(opened->size(), 2);
-    EXPECT_TRUE(opened->last()[0].toString().endsWith("examples/Flat roof.h6p"));
+    EXPECT_TRUE(file().endsWith("examples/Flat roof.h6p"));
     // "New" asks for a place; the suffix is added. The native dialogs of a platform cannot be driven.
     m_settings.m_dontUseNativeDialogs = true;
-    QTimer driver;
-    int tries = 0;
-    QObject::connect(&driver, &QTimer::timeout, &window(), [&] {
-        auto * dialog = window().findChild<QFileDialog *>("newProjectDialog");
-        if (dialog == nullptr)
-            return;
-        if (++tries > 40) {
-            dialog->reject(); // a test that fails is better than one that hangs
-            return;
-        }
-        dialog->findChild<QLineEdit *>("fileNameEdit")->setText(m_directory.filePath("Attic"));
-        QMetaObject::invokeMethod(dialog, "accept");
+    answer<QFileDialog>("newProjectDialog", [&](QFileDialog & dialog) {
+        dialog.findChild<QLineEdit *>("fileNameEdit")->setText(m_directory.filePath("Attic"));
+        QMetaObject::invokeMethod(&dialog, "accept");
     });
-    driver.start(50);
     QTest::mouseClick(&find<QAbstractButton>("startNew"), Qt::LeftButton);
-    ASSERT_EQ(created->size(), 1);
-    EXPECT_EQ(created->last()[0].toString(), m_directory.filePath("Attic.h6p"));
+    EXPECT_EQ(file(), m_directory.filePath("Attic.h6p"));
     EXPECT_EQ(m_settings.m_lastFileOpenDirectory, m_directory.path());
+}
 
-    opened.reset();
-    created.reset();
-    QCoreApplication::processEvents();
-    EXPECT_EQ(offers(), "");
+TEST_F(HygMainWindowTest, AsksWhatIsToBecomeOfUnsavedChanges) {
+    const QString path = m_directory.filePath("old.h6p");
+    ASSERT_TRUE(window().openProject(path));
+    const auto change = [&](const char * text) {
+        window().undoStack().push(new HygUndoProjectDescription("Describe", text));
+    };
+    const auto isOpenAfter = [&](QMessageBox::StandardButton button) {
+        answer<QMessageBox>("unsavedChanges", [&](QMessageBox & box) { box.button(button)->click(); });
+        find<QAction>("actionClose").trigger();
+        return window().projects().hasProject();
+    };
+    const auto description = [&] {
+        HYGRION::Project project;
+        project.readXML(path.toStdString());
+        return project.m_projectInfo.m_description;
+    };
+    EXPECT_FALSE(window().isWindowModified());
+    change("one");
+    EXPECT_TRUE(window().isWindowModified());
+    EXPECT_EQ(find<QAction>("actionUndo").text(), "&Undo: Describe");
+    find<QAction>("actionUndo").trigger();
+    EXPECT_FALSE(window().isWindowModified());
+    find<QAction>("actionRedo").trigger();
+
+    EXPECT_TRUE(isOpenAfter(QMessageBox::Cancel));
+    EXPECT_TRUE(window().isWindowModified());
+    answer<QMessageBox>("unsavedChanges", [](QMessageBox & box) { box.button(QMessageBox::Cancel)->click(); });
+    EXPECT_FALSE(window().close());
+    EXPECT_FALSE(isOpenAfter(QMessageBox::Save));
+    EXPECT_EQ(description(), "one");
+    EXPECT_FALSE(find<QAction>("actionSave").isEnabled());
+    ASSERT_TRUE(window().openProject(path));
+    change("two");
+    find<QAction>("actionSave").trigger();
+    EXPECT_FALSE(window().isWindowModified());
+    find<QAction>("actionUndo").trigger(); // away from what is in the file
+    EXPECT_TRUE(window().isWindowModified());
+    EXPECT_FALSE(isOpenAfter(QMessageBox::Discard));
+    EXPECT_EQ(description(), "two");
+    EXPECT_FALSE(window().isWindowModified());
 }
 
 TEST_F(HygMainWindowTest, OpensTheProjectOfTheCommandLine) {

@@ -1,0 +1,33 @@
+#include "views/HygViewTable.h"
+
+#include <QtGlobal>
+
+using namespace HygViewTable;
+
+namespace {
+
+/// Makes a view that is constructed with the project handler.
+template <typename View> [[maybe_unused]] QWidget * make(HygProjectHandler * projects) {
+    return new View(projects);
+}
+
+// clang-format off
+//   view           icon            title                                               help page       project  factory
+constexpr Row ROWS[] = {
+    {Start,        "start",         QT_TRANSLATE_NOOP("HygMainWindow", "Start"),        "projects",      false, nullptr},
+    {Construction, "construction",  QT_TRANSLATE_NOOP("HygMainWindow", "Construction"), "construction",  true,  nullptr},
+    {Conditions,   "conditions",    QT_TRANSLATE_NOOP("HygMainWindow", "Conditions"),   "conditions",    true,  nullptr},
+    {Outputs,      "outputs",       QT_TRANSLATE_NOOP("HygMainWindow", "Outputs"),      "outputs",       true,  nullptr},
+    {Materials,    "materials",     QT_TRANSLATE_NOOP("HygMainWindow", "Materials"),    "materials",     false, nullptr},
+    {Climate,      "climate",       QT_TRANSLATE_NOOP("HygMainWindow", "Climate"),      "climate",       false, nullptr},
+    {Simulation,   "simulation",    QT_TRANSLATE_NOOP("HygMainWindow", "Simulation"),   "simulation",    true,  nullptr},
+    {Results,      "results",       QT_TRANSLATE_NOOP("HygMainWindow", "Results"),      "results",       true,  nullptr},
+    {Reports,      "reports",       QT_TRANSLATE_NOOP("HygMainWindow", "Reports"),      "reports",       true,  nullptr},
+};
+// clang-format on
+
+} // namespace
+
+std::span<const Row> HygViewTable::rows() {
+    return ROWS;
+}

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <span>
+
+class HygProjectHandler;
+class QWidget;
+
+/// The views of the main window, one row a view: a view that is made enters its factory in HygViewTable.cpp, and that is
+/// all that is to be done for it.
+///
+/// A view follows HygProjectHandler::modified(); ProjectReplaced is also announced when a project is opened or closed.
+/// What it adds to itself by addAction() stands in the menu of its name while it is in view, and in the command search.
+namespace HygViewTable {
+
+enum view_t { Start, Construction, Conditions, Outputs, Materials, Climate, Simulation, Results, Reports };
+
+struct Row {
+    view_t view;       ///< order in the navigation bar
+    const char * icon; ///< in resources/icons
+    const char * title;
+    const char * helpPage; ///< page of the user guide without suffix, for the F1 key
+    bool needsProject;     ///< without a project it cannot be chosen
+    /// The main window takes the widget over. nullptr: there is no such view (the start page the window makes itself).
+    QWidget * (*create)(HygProjectHandler * projects);
+};
+
+std::span<const Row> rows();
+
+} // namespace HygViewTable
