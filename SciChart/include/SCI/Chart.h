@@ -1,0 +1,74 @@
+#pragma once
+
+#include <SCI/Axis.h>
+#include <SCI/PointModel.h>
+#include <SCI/Styles.h>
+
+#include <QWidget>
+
+#include <memory>
+
+class QPainter;
+
+namespace SCI {
+
+/// A chart: series over up to four axes. Draws itself on the screen, or without a window into pictures.
+class Chart : public QWidget {
+    Q_OBJECT
+public:
+    /// Names a series, threshold or band until it is removed.
+    using id_t = int;
+    static constexpr id_t ALL = -1;
+
+    explicit Chart(QWidget * parent = nullptr);
+    ~Chart() override;
+
+    void setTitle(const QString & title);
+    QString title() const;
+
+    /// Throws KOR::Exception as UnitList::relate_units when the units do not belong together, or are no times for dates.
+    void setAxis(axis_t axis, const Axis & settings);
+    const Axis & axis(axis_t axis) const;
+    /// A range in the shown unit; one that cannot be shown (empty, below 0 on a logarithmic axis) is ignored.
+    void setRange(axis_t axis, Range range);
+    /// The range that the visible series cover.
+    void setAutoRange(axis_t axis);
+    /// The range in force, in the shown unit.
+    Range range(axis_t axis) const;
+    /// All series on all axes.
+    void showAll();
+    /// Texts of the major ticks, as they stand at the axis.
+    QStringList tickLabels(axis_t axis) const;
+
+    id_t addLine(std::shared_ptr<const PointModel> model, const LineStyle & style = {});
+    /// Takes away a series, threshold or band, or ALL.
+    void remove(id_t id);
+    /// The data of a series (or ALL) have changed.
+    void dataChanged(id_t id = ALL);
+    void setSeriesVisible(id_t id, bool isVisible);
+    bool isSeriesVisible(id_t id) const;
+
+    /// Dark or light, whatever the palette says; without a value as the palette.
+    void setDark(bool isDark);
+    void followPalette();
+
+    /// Draws the chart into a rectangle of a device.
+    void render(QPainter & painter, const QRectF & rectangle) const;
+    /// \param size [px], \param scale device pixels of a pixel: 2 for twice as fine
+    QImage image(const QSize & size, double scale = 1) const;
+
+    QSize sizeHint() const override;
+
+signals:
+    void seriesVisibilityChanged(int id, bool isVisible);
+
+protected:
+    void changeEvent(QEvent * event) override;
+    void resizeEvent(QResizeEvent * event) override;
+
+private:
+    struct Private;
+    std::unique_ptr<Private> m;
+};
+
+} // namespace SCI

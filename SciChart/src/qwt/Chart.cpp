@@ -1,0 +1,223 @@
+#include <SCI/Chart.h>
+
+#include "Items.h"
+#include "Plot.h"
+
+#include <QEvent>
+#include <QPainter>
+#include <QVBoxLayout>
+
+#include <qwt_legend.h>
+#include <qwt_legend_label.h>
+#include <qwt_plot_renderer.h>
+#include <qwt_scale_draw.h>
+
+#include <map>
+
+namespace SCI {
+
+namespace {
+constexpr double MARGIN = 8; ///< of pictures [px]
+} // namespace
+
+struct Chart::Private {
+    Plot * plot = nullptr;
+    std::map<id_t, std::unique_ptr<QwtPlotItem>> items;
+    id_t nextId = 0;
+    int nextSeries = 0;
+    std::optional<bool> isDark;
+
+    id_t add(std::unique_ptr<QwtPlotItem> item) {
+        item->attach(plot);
+        const id_t id = nextId++;
+        items.emplace(id, std::move(item));
+        plot->refresh();
+        return id;
+    }
+    SeriesItem * series(id_t id) const {
+        const auto found = items.find(id);
+        return found == items.end() ? nullptr : dynamic_cast<SeriesItem *>(found->second.get());
+    }
+    Theme theme(const QPalette & palette) const { return isDark ? Theme::of(*isDark) : Theme::of(palette); }
+};
+
+Chart::Chart(QWidget * parent) : QWidget(parent), m(new Private) {
+    auto * layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    m->plot = new Plot(this);
+    layout->addWidget(m->plot);
+    resize(sizeHint());
+    m->plot->setTheme(m->theme(palette()));
+    auto * legend = new QwtLegend;
+    legend->setDefaultItemMode(QwtLegendData::Clickable);
+    legend->setObjectName(QStringLiteral("legend"));
+    m->plot->insertLegend(legend, QwtPlot::BottomLegend);
+    connect(legend, &QwtLegend::clicked, this, [this](const QVariant & info) {
+        const QwtPlotItem * clicked = m->plot->infoToItem(info);
+        for (const auto & [id, item] : m->items)
+            if (item.get() == clicked)
+                setSeriesVisible(id, !item->isVisible());
+    });
+}
+
+Chart::~Chart() {
+    for (const auto & [id, item] : m->items)
+        item->detach();
+}
+
+void Chart::setTitle(const QString & title) {
+    QwtText text(title, QwtText::PlainText);
+    QFont font = this->font();
+    font.setBold(true);
+    text.setFont(font);
+    m->plot->setTitle(text);
+}
+
+QString Chart::title() const {
+    return m->plot->title().text();
+}
+
+void Chart::setAxis(axis_t axis, const Axis & settings) {
+    m->plot->setAxis(axis, settings);
+    m->plot->refresh();
+}
+
+const Axis & Chart::axis(axis_t axis) const {
+    return m->plot->state(axis).axis;
+}
+
+void Chart::setRange(axis_t axis, Range range) {
+    m->plot->setWanted(axis, range);
+    m->plot->refresh();
+}
+
+void Chart::setAutoRange(axis_t axis) {
+    m->plot->setWanted(axis, std::nullopt);
+    m->plot->refresh();
+}
+
+Range Chart::range(axis_t axis) const {
+    return m->plot->state(axis).range;
+}
+
+void Chart::showAll() {
+    for (int i = 0; i < NUM_AXES; ++i)
+        m->plot->setWanted(static_cast<axis_t>(i), std::nullopt);
+    m->plot->refresh();
+}
+
+QStringList Chart::tickLabels(axis_t axis) const {
+    const QwtAbstractScaleDraw & draw = *m->plot->axisScaleDraw(axis);
+    QStringList labels;
+    for (const double tick : draw.scaleDiv().ticks(QwtScaleDiv::MajorTick))
+        labels << draw.label(tick).text();
+    return labels;
+}
+
+Chart::id_t Chart::addLine(std::shared_ptr<const PointModel> model, const LineStyle & style) {
+    return m->add(std::make_unique<LineItem>(std::move(model), style, m->nextSeries++));
+}
+
+void Chart::remove(id_t id) {
+    for (auto it = m->items.begin(); it != m->items.end();) {
+        if (id == ALL || it->first == id) {
+            it->second->detach();
+            it = m->items.erase(it);
+        } else {
+            ++it;
+        }
+    }
+    if (m->items.empty())
+        m->nextSeries = 0;
+    m->plot->refresh();
+}
+
+void Chart::dataChanged(id_t id) {
+    for (const auto & [itemId, item] : m->items)
+        if (auto * series = dynamic_cast<SeriesItem *>(item.get()))
+            if (id == ALL || id == itemId)
+                series->forgetBounds();
+    m->plot->refresh();
+}
+
+void Chart::setSeriesVisible(id_t id, bool isVisible) {
+    SeriesItem * series = m->series(id);
+    if (series == nullptr || series->isVisible() == isVisible)
+        return;
+    series->setVisible(isVisible);
+    series->legendChanged();
+    m->plot->refresh();
+    emit seriesVisibilityChanged(id, isVisible);
+}
+
+bool Chart::isSeriesVisible(id_t id) const {
+    const SeriesItem * series = m->series(id);
+    return series != nullptr && series->isVisible();
+}
+
+void Chart::setDark(bool isDark) {
+    m->isDark = isDark;
+    m->plot->setTheme(m->theme(palette()));
+    m->plot->refresh();
+}
+
+void Chart::followPalette() {
+    m->isDark.reset();
+    m->plot->setTheme(m->theme(palette()));
+    m->plot->refresh();
+}
+
+void Chart::render(QPainter & painter, const QRectF & rectangle) const {
+    QwtPlotRenderer renderer;
+    renderer.setDiscardFlag(QwtPlotRenderer::DiscardBackground);
+    renderer.setDiscardFlag(QwtPlotRenderer::DiscardCanvasBackground);
+    painter.fillRect(rectangle, m->plot->theme().ground);
+    const double scale = painter.device()->logicalDpiX() / double(m->plot->logicalDpiX());
+    m->plot->fit(rectangle.size() / scale);
+    const double margin = MARGIN * scale;
+    renderer.render(m->plot, &painter, rectangle.adjusted(margin, margin, -margin, -margin));
+    m->plot->fit(size());
+}
+
+QImage Chart::image(const QSize & size, double scale) const {
+    QImage image(size * scale, QImage::Format_ARGB32_Premultiplied);
+    const int dots = qRound(m->plot->logicalDpiX() * scale / 0.0254);
+    image.setDotsPerMeterX(dots);
+    image.setDotsPerMeterY(dots);
+    image.fill(m->plot->theme().ground);
+    QPainter painter(&image);
+    render(painter, QRectF(QPointF(0, 0), QSizeF(image.size())));
+    return image;
+}
+
+QSize Chart::sizeHint() const {
+    return {640, 400};
+}
+
+void Chart::resizeEvent(QResizeEvent * event) {
+    QWidget::resizeEvent(event);
+    m->plot->fit(size());
+    m->plot->refresh();
+}
+
+void Chart::changeEvent(QEvent * event) {
+    QWidget::changeEvent(event);
+    switch (event->type()) {
+    case QEvent::PaletteChange:
+    case QEvent::StyleChange:
+        if (!m->isDark)
+            m->plot->setTheme(m->theme(palette()));
+        break;
+    case QEvent::FontChange:
+        m->plot->setFonts(font());
+        break;
+    case QEvent::LocaleChange:
+    case QEvent::LanguageChange:
+        break;
+    default:
+        return;
+    }
+    m->plot->refresh();
+}
+
+} // namespace SCI

@@ -1,0 +1,234 @@
+#include "Plot.h"
+
+#include "../Calendar.h"
+#include "../NumberText.h"
+#include "Items.h"
+#include "Scales.h"
+
+#include <qwt_plot_canvas.h>
+#include <qwt_plot_layout.h>
+#include <qwt_scale_widget.h>
+#include <qwt_text.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace SCI {
+
+namespace {
+
+constexpr double PIXELS_PER_DATE = 80;
+constexpr double PIXELS_PER_NUMBER = 70;
+constexpr double PIXELS_PER_ROW = 38;
+/// Left and right, above and below the canvas, roughly [px].
+constexpr double SIDES = 120;
+constexpr double ENDS = 100;
+/// A range narrower than this part of its values cannot be told apart in doubles.
+constexpr double NARROWEST = 1e-12;
+
+bool isHorizontal(axis_t id) {
+    return id == X_BOTTOM || id == X_TOP;
+}
+
+} // namespace
+
+Plot::Plot(QWidget * parent) : QwtPlot(parent), m_theme(Theme::of(palette())), m_grid(new QwtPlotGrid) {
+    setAutoReplot(false);
+    setAutoDelete(false);
+    auto * ground = new QwtPlotCanvas(this);
+    ground->setFrameStyle(QFrame::NoFrame);
+    ground->setPaintAttribute(QwtPlotCanvas::BackingStore, true);
+    setCanvas(ground);
+    plotLayout()->setAlignCanvasToScales(true);
+    plotLayout()->setSpacing(6);
+    setContentsMargins(8, 8, 8, 8);
+    m_grid->attach(this);
+    for (int i = 0; i < NUM_AXES; ++i) {
+        const auto id = static_cast<axis_t>(i);
+        axisWidget(i)->setMargin(0);
+        install(id);
+    }
+    setTheme(m_theme);
+    setFonts(font());
+}
+
+Plot::~Plot() {
+    m_grid->detach();
+}
+
+void Plot::install(axis_t id) {
+    const AxisState & state = m_axes[id];
+    switch (state.axis.scale) {
+    case LINEAR:
+        setAxisScaleEngine(id, new QwtLinearScaleEngine);
+        break;
+    case LOGARITHMIC:
+        setAxisScaleEngine(id, new QwtLogScaleEngine);
+        break;
+    case DATE:
+        setAxisScaleEngine(id, new DateScaleEngine(secondsPerUnit(state)));
+        break;
+    }
+    setAxisScaleDraw(id, new ScaleDraw(*this, id));
+    const bool hasUnit = state.axis.scale != DATE;
+    QwtText title(hasUnit ? UnitScale::withUnit(state.axis.title, state.axis.unit()) : state.axis.title,
+                  QwtText::PlainText);
+    title.setFont(font());
+    setAxisTitle(id, title);
+}
+
+void Plot::setAxis(axis_t id, const SCI::Axis & axis) {
+    AxisState state;
+    state.axis = axis;
+    state.unit = UnitScale(axis.dataUnit, axis.unit());
+    if (axis.scale == DATE)
+        secondsPerUnit(state); // throws for units that are no times
+    m_axes[id] = state;
+    install(id);
+    for (QwtPlotItem * item : itemList())
+        if (auto * series = dynamic_cast<SeriesItem *>(item))
+            series->forgetBounds();
+}
+
+void Plot::setWanted(axis_t id, std::optional<Range> wanted) {
+    if (wanted) {
+        if (!std::isfinite(wanted->from) || !std::isfinite(wanted->to) || wanted->from == wanted->to)
+            return;
+        if (wanted->from > wanted->to)
+            std::swap(wanted->from, wanted->to);
+        if (m_axes[id].axis.scale == LOGARITHMIC && wanted->from <= 0)
+            return;
+        const double size = std::max(std::abs(wanted->from), std::abs(wanted->to));
+        if (wanted->to - wanted->from < NARROWEST * size)
+            return;
+    }
+    m_axes[id].wanted = wanted;
+}
+
+bool Plot::isUsed(axis_t id) const {
+    if (id == X_BOTTOM || id == Y_LEFT)
+        return true;
+    for (const QwtPlotItem * item : itemList())
+        if (const auto * series = dynamic_cast<const SeriesItem *>(item))
+            if (series->xId() == id || series->yId() == id)
+                return true;
+    return false;
+}
+
+Range Plot::coveredRange(axis_t id) const {
+    Range range{std::numeric_limits<double>::infinity(), -std::numeric_limits<double>::infinity()};
+    const auto cover = [&](bool withHidden) {
+        for (const QwtPlotItem * item : itemList()) {
+            const auto * series = dynamic_cast<const SeriesItem *>(item);
+            if (series == nullptr || !(series->isVisible() || withHidden) || series->bounds().isEmpty())
+                continue;
+            const Bounds & bounds = series->bounds();
+            const UnitScale & unit = m_axes[id].unit;
+            const auto add = [&](double from, double to) {
+                range.from = std::min({range.from, unit.shown(from), unit.shown(to)});
+                range.to = std::max({range.to, unit.shown(from), unit.shown(to)});
+            };
+            if (series->xId() == id)
+                add(bounds.xMin, bounds.xMax);
+            if (series->yId() == id)
+                add(bounds.yMin, bounds.yMax);
+        }
+    };
+    cover(false);
+    if (range.from > range.to)
+        cover(true);
+    if (range.from > range.to)
+        return m_axes[id].axis.scale == LOGARITHMIC ? Range{1, 10} : Range{0, 1};
+    return range;
+}
+
+int Plot::maxMajorTicks(axis_t id) const {
+    const double pixels = isHorizontal(id) ? m_size.width() - SIDES : m_size.height() - ENDS;
+    const double each = !isHorizontal(id)               ? PIXELS_PER_ROW
+                        : m_axes[id].axis.scale == DATE ? PIXELS_PER_DATE
+                                                        : PIXELS_PER_NUMBER;
+    return std::clamp(static_cast<int>(pixels / each), 2, 20);
+}
+
+Range Plot::niceRange(axis_t id, Range range) const {
+    const scale_t scale = m_axes[id].axis.scale;
+    double from = range.from;
+    double to = range.to;
+    const double size = std::max(std::abs(from), std::abs(to));
+    if (to - from <= NARROWEST * size) { // one value: it stands in the middle
+        const double half = scale == DATE ? 43200 / secondsPerUnit(m_axes[id]) : size == 0 ? 0.5 : 0.1 * size;
+        return scale == LOGARITHMIC ? Range{from / 2, to * 2} : Range{from - half, to + half};
+    }
+    if (isHorizontal(id) || scale == DATE)
+        return range;
+    double step = 0;
+    axisScaleEngine(id)->autoScale(maxMajorTicks(id), from, to, step);
+    return {from, to};
+}
+
+void Plot::updateScale(axis_t id) {
+    AxisState & state = m_axes[id];
+    state.range = state.wanted ? *state.wanted : niceRange(id, coveredRange(id));
+    const int major = maxMajorTicks(id);
+    setAxisMaxMajor(id, major);
+    setAxisScaleDiv(id, axisScaleEngine(id)->divideScale(state.range.from, state.range.to, major,
+                                                         state.axis.scale == LOGARITHMIC ? 9 : 5));
+    static_cast<ScaleDraw *>(axisScaleDraw(id))->update();
+    enableAxis(id, isUsed(id));
+}
+
+void Plot::fit(const QSizeF & size) {
+    m_size = size;
+    for (int i = 0; i < NUM_AXES; ++i)
+        updateScale(static_cast<axis_t>(i));
+}
+
+void Plot::refresh() {
+    fit(m_size);
+    replot();
+}
+
+QString Plot::valueText(axis_t id, double shown) const {
+    const AxisState & state = m_axes[id];
+    if (state.axis.scale == DATE)
+        return Calendar::text(shown * secondsPerUnit(state), state.axis.startYear, locale());
+    if (state.axis.scale == LOGARITHMIC)
+        return numberText(shown, 4, locale());
+    // A thousandth of what is seen.
+    return numberText(shown, digitsFor(shown, (state.range.to - state.range.from) / 1000), locale());
+}
+
+void Plot::setTheme(const Theme & theme) {
+    m_theme = theme;
+    QPalette colors = palette();
+    for (const QPalette::ColorRole role : {QPalette::Window, QPalette::Base, QPalette::Light})
+        colors.setColor(role, theme.ground);
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::Dark})
+        colors.setColor(role, theme.text);
+    setPalette(colors);
+    setAutoFillBackground(true);
+    setCanvasBackground(theme.ground);
+    m_grid->setMajorPen(theme.grid, 1);
+    for (int i = 0; i < NUM_AXES; ++i) {
+        axisWidget(i)->setPalette(colors);
+    }
+    for (QwtPlotItem * item : itemList())
+        item->legendChanged();
+}
+
+void Plot::setFonts(const QFont & font) {
+    setFont(font);
+    for (int i = 0; i < NUM_AXES; ++i) {
+        setAxisFont(i, font);
+        QwtText text = axisTitle(i);
+        text.setFont(font);
+        setAxisTitle(i, text);
+    }
+    QwtText text = title();
+    QFont bold = font;
+    bold.setBold(true);
+    text.setFont(bold);
+    setTitle(text);
+}
+
+} // namespace SCI

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "../Theme.h"
+#include "../UnitScale.h"
+
+#include <SCI/Axis.h>
+
+#include <qwt_plot.h>
+#include <qwt_plot_grid.h>
+#include <qwt_scale_map.h>
+
+#include <memory>
+#include <optional>
+
+namespace SCI {
+
+/// One axis of the plot and how values of models are placed along it.
+struct AxisState {
+    Axis axis;
+    UnitScale unit;
+    std::optional<Range> wanted; ///< in the shown unit; nothing: what the series cover
+    Range range;                 ///< in force, in the shown unit
+};
+
+/// From values of a model to pixels and back, for one axis while something is drawn.
+struct PixelScale {
+    const UnitScale & unit;
+    const QwtScaleMap & map;
+
+    double pixel(double value) const { return map.transform(unit.shown(value)); }
+    double value(double pixel) const { return unit.data(map.invTransform(pixel)); }
+};
+
+/// The plot in a chart: axes with units, ranges and colours. Series are items attached to it.
+class Plot : public QwtPlot {
+public:
+    explicit Plot(QWidget * parent);
+    ~Plot() override;
+
+    /// Throws KOR::Exception for units that do not belong together; the axis stays as it was.
+    void setAxis(axis_t id, const SCI::Axis & axis);
+    const AxisState & state(axis_t id) const { return m_axes[id]; }
+    void setWanted(axis_t id, std::optional<Range> wanted);
+
+    void setTheme(const Theme & theme);
+    const Theme & theme() const { return m_theme; }
+    void setFonts(const QFont & font);
+
+    /// The size [px] of plot or picture for which the ticks are chosen.
+    void fit(const QSizeF & size);
+    /// Computes ranges and ticks anew and draws.
+    void refresh();
+    /// A number of an axis as text: a date, or with so many digits as the range needs and two more.
+    QString valueText(axis_t id, double shown) const;
+    bool isUsed(axis_t id) const;
+
+private:
+    void updateScale(axis_t id);
+    Range coveredRange(axis_t id) const;
+    Range niceRange(axis_t id, Range range) const;
+    int maxMajorTicks(axis_t id) const;
+    void install(axis_t id);
+
+    AxisState m_axes[NUM_AXES];
+    QSizeF m_size{640, 400};
+    Theme m_theme;
+    std::unique_ptr<QwtPlotGrid> m_grid;
+};
+
+} // namespace SCI
