@@ -361,6 +361,107 @@
     </message>
 </context>
 <context>
+    <name>HygMaterialDBTableModel</name>
+    <message>
+        <source>ID</source>
+        <translation>ID</translation>
+    </message>
+    <message>
+        <source>Number of the material, from the name of its file</source>
+        <translation>Nummer des Materials, aus dem Namen seiner Datei</translation>
+    </message>
+    <message>
+        <source>Favourites and files with problems</source>
+        <translation>Favoriten und Dateien mit Problemen</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Category</source>
+        <translation>Kategorie</translation>
+    </message>
+    <message>
+        <source>Producer</source>
+        <translation>Hersteller</translation>
+    </message>
+    <message>
+        <source>Rho [kg/m3]</source>
+        <translation>Rho [kg/m3]</translation>
+    </message>
+    <message>
+        <source>Bulk density of the dry material; usually 15 to 2500 kg/m3</source>
+        <translation>Rohdichte des trockenen Materials; meist 15 bis 2500 kg/m3</translation>
+    </message>
+    <message>
+        <source>cp [J/kgK]</source>
+        <translation>cp [J/kgK]</translation>
+    </message>
+    <message>
+        <source>Specific heat capacity of the dry material; usually 800 to 2500 J/kgK</source>
+        <translation>Spezifische Wärmekapazität des trockenen Materials; meist 800 bis 2500 J/kgK</translation>
+    </message>
+    <message>
+        <source>Lambda [W/mK]</source>
+        <translation>Lambda [W/mK]</translation>
+    </message>
+    <message>
+        <source>Thermal conductivity of the dry material; usually 0.02 to 3 W/mK, metals up to 400 W/mK</source>
+        <translation>Wärmeleitfähigkeit des trockenen Materials; meist 0.02 bis 3 W/mK, Metalle bis 400 W/mK</translation>
+    </message>
+    <message>
+        <source>µ [---]</source>
+        <translation>µ [---]</translation>
+    </message>
+    <message>
+        <source>Resistance factor to the diffusion of water vapour; from 1 (still air) to 100000 (foils)</source>
+        <translation>Widerstandszahl gegen die Diffusion von Wasserdampf; von 1 (ruhende Luft) bis 100000 (Folien)</translation>
+    </message>
+    <message>
+        <source>W80 [kg/m3]</source>
+        <translation>W80 [kg/m3]</translation>
+    </message>
+    <message>
+        <source>Moisture content in balance with a relative humidity of 80 %; usually 0 to 150 kg/m3</source>
+        <translation>Feuchtegehalt im Gleichgewicht mit 80 % relativer Luftfeuchte; meist 0 bis 150 kg/m3</translation>
+    </message>
+    <message>
+        <source>WSat [kg/m3]</source>
+        <translation>WSat [kg/m3]</translation>
+    </message>
+    <message>
+        <source>Moisture content at saturation; usually 50 to 950 kg/m3</source>
+        <translation>Feuchtegehalt bei Sättigung; meist 50 bis 950 kg/m3</translation>
+    </message>
+    <message>
+        <source>Aw [kg/m2s05]</source>
+        <translation>Aw [kg/m2s05]</translation>
+    </message>
+    <message>
+        <source>Water uptake coefficient; usually 0.001 to 0.5 kg/m2s05</source>
+        <translation>Wasseraufnahmekoeffizient; meist 0.001 bis 0.5 kg/m2s05</translation>
+    </message>
+    <message>
+        <source>Material file path</source>
+        <translation>Pfad der Materialdatei</translation>
+    </message>
+    <message>
+        <source>This file cannot be read: %1</source>
+        <translation>Diese Datei kann nicht gelesen werden: %1</translation>
+    </message>
+    <message>
+        <source>Other files have the same ID:
+%1</source>
+        <translation>Andere Dateien haben dieselbe ID:
+%1</translation>
+    </message>
+    <message>
+        <source>Favourite</source>
+        <translation>Favorit</translation>
+    </message>
+</context>
+<context>
     <name>HygMessageBar</name>
     <message>
         <source>Close this message</source>
@@ -866,6 +967,325 @@
     <message>
         <source>No example projects are installed.</source>
         <translation>Es sind keine Beispielprojekte installiert.</translation>
+    </message>
+</context>
+<context>
+    <name>MM</name>
+    <message>
+        <source>Invalid Category</source>
+        <translation>Ungültige Kategorie</translation>
+    </message>
+    <message>
+        <source>Coating</source>
+        <translation>Beschichtung</translation>
+    </message>
+    <message>
+        <source>Plaster and mortar</source>
+        <translation>Putz und Mörtel</translation>
+    </message>
+    <message>
+        <source>Building brick</source>
+        <translation>Mauerziegel</translation>
+    </message>
+    <message>
+        <source>Natural stones</source>
+        <translation>Natursteine</translation>
+    </message>
+    <message>
+        <source>Concrete containing building materials</source>
+        <translation>Beton und betonhaltige Baustoffe</translation>
+    </message>
+    <message>
+        <source>Insulation materials</source>
+        <translation>Dämmstoffe</translation>
+    </message>
+    <message>
+        <source>Building boards</source>
+        <translation>Bauplatten</translation>
+    </message>
+    <message>
+        <source>Timber</source>
+        <translation>Holz</translation>
+    </message>
+    <message>
+        <source>Natural materials</source>
+        <translation>Naturbaustoffe</translation>
+    </message>
+    <message>
+        <source>Soil</source>
+        <translation>Boden</translation>
+    </message>
+    <message>
+        <source>Cladding panels and ceramic tiles</source>
+        <translation>Fassadenplatten und keramische Fliesen</translation>
+    </message>
+    <message>
+        <source>Foils and waterproofing products</source>
+        <translation>Folien und Abdichtungen</translation>
+    </message>
+    <message>
+        <source>Miscellaneous</source>
+        <translation>Sonstiges</translation>
+    </message>
+    <message>
+        <source>Material is air.</source>
+        <translation>Das Material ist Luft.</translation>
+    </message>
+    <message>
+        <source>No gas transport through the material possible.</source>
+        <translation>Durch das Material strömt kein Gas.</translation>
+    </message>
+    <message>
+        <source>No water vapor transport through the material.</source>
+        <translation>Durch das Material diffundiert kein Wasserdampf.</translation>
+    </message>
+    <message>
+        <source>No liquid water transport through the materials.</source>
+        <translation>Durch das Material wird kein flüssiges Wasser geleitet.</translation>
+    </message>
+    <message>
+        <source>Material is wood (timber)</source>
+        <translation>Das Material ist Holz</translation>
+    </message>
+    <message>
+        <source>Material is based on wood (e.g. wood fiber board)</source>
+        <translation>Das Material besteht aus Holz (z. B. Holzfaserplatte)</translation>
+    </message>
+    <message>
+        <source>Material is a foil or vapor retarder. See in comments for additional informations.</source>
+        <translation>Das Material ist eine Folie oder Dampfbremse. Weiteres steht in den Bemerkungen.</translation>
+    </message>
+    <message>
+        <source>Bulk density of dry material</source>
+        <translation>Rohdichte des trockenen Materials</translation>
+    </message>
+    <message>
+        <source>Specific heat capacity of dry material</source>
+        <translation>Spezifische Wärmekapazität des trockenen Materials</translation>
+    </message>
+    <message>
+        <source>Open porosity</source>
+        <translation>Offene Porosität</translation>
+    </message>
+    <message>
+        <source>Effective saturation (long term process)</source>
+        <translation>Effektive Sättigung (langfristig)</translation>
+    </message>
+    <message>
+        <source>Capillary saturation content (short term process)</source>
+        <translation>Kapillare Sättigung (kurzfristig)</translation>
+    </message>
+    <message>
+        <source>Maxiumum moisture content allowed (material must not get wet)</source>
+        <translation>Höchster zulässiger Feuchtegehalt (das Material darf nicht nass werden)</translation>
+    </message>
+    <message>
+        <source>Hygroscopic sorption value at RH=80%</source>
+        <translation>Hygroskopischer Sorptionswert bei 80 % relativer Feuchte</translation>
+    </message>
+    <message>
+        <source>Thermal conductivity (dry)</source>
+        <translation>Wärmeleitfähigkeit (trocken)</translation>
+    </message>
+    <message>
+        <source>Water uptake coefficient</source>
+        <translation>Wasseraufnahmekoeffizient</translation>
+    </message>
+    <message>
+        <source>Water vapor diffusion resistance factor</source>
+        <translation>Wasserdampf-Diffusionswiderstandszahl</translation>
+    </message>
+    <message>
+        <source>Diffusion equivalent air layer thickness</source>
+        <translation>Diffusionsäquivalente Luftschichtdicke</translation>
+    </message>
+    <message>
+        <source>Liquid water conductivity at effective saturation</source>
+        <translation>Flüssigwasserleitfähigkeit bei effektiver Sättigung</translation>
+    </message>
+    <message>
+        <source>Liquid water diffusivity at effective saturation</source>
+        <translation>Flüssigwasserdiffusivität bei effektiver Sättigung</translation>
+    </message>
+    <message>
+        <source>Air permeability</source>
+        <translation>Luftdurchlässigkeit</translation>
+    </message>
+    <message>
+        <source>Thermal conductivity (dry) in material direction v</source>
+        <translation>Wärmeleitfähigkeit (trocken) in Materialrichtung v</translation>
+    </message>
+    <message>
+        <source>Water uptake coefficient in material direction v</source>
+        <translation>Wasseraufnahmekoeffizient in Materialrichtung v</translation>
+    </message>
+    <message>
+        <source>Water vapor diffusion resistance factor in material direction v</source>
+        <translation>Wasserdampf-Diffusionswiderstandszahl in Materialrichtung v</translation>
+    </message>
+    <message>
+        <source>Diffusion equivalent air layer thickness in material direction v</source>
+        <translation>Diffusionsäquivalente Luftschichtdicke in Materialrichtung v</translation>
+    </message>
+    <message>
+        <source>Liquid water conductivity at effective saturation in material direction v</source>
+        <translation>Flüssigwasserleitfähigkeit bei effektiver Sättigung in Materialrichtung v</translation>
+    </message>
+    <message>
+        <source>Liquid water diffusivity at effective saturation in material direction v</source>
+        <translation>Flüssigwasserdiffusivität bei effektiver Sättigung in Materialrichtung v</translation>
+    </message>
+    <message>
+        <source>Air permeability in material direction v</source>
+        <translation>Luftdurchlässigkeit in Materialrichtung v</translation>
+    </message>
+    <message>
+        <source>Thermal conductivity (dry) in material direction w</source>
+        <translation>Wärmeleitfähigkeit (trocken) in Materialrichtung w</translation>
+    </message>
+    <message>
+        <source>Water uptake coefficient in material direction w</source>
+        <translation>Wasseraufnahmekoeffizient in Materialrichtung w</translation>
+    </message>
+    <message>
+        <source>Water vapor diffusion resistance factor in material direction w</source>
+        <translation>Wasserdampf-Diffusionswiderstandszahl in Materialrichtung w</translation>
+    </message>
+    <message>
+        <source>Diffusion equivalent air layer thickness in material direction w</source>
+        <translation>Diffusionsäquivalente Luftschichtdicke in Materialrichtung w</translation>
+    </message>
+    <message>
+        <source>Liquid water conductivity at effective saturation in material direction w</source>
+        <translation>Flüssigwasserleitfähigkeit bei effektiver Sättigung in Materialrichtung w</translation>
+    </message>
+    <message>
+        <source>Liquid water diffusivity at effective saturation in material direction w</source>
+        <translation>Flüssigwasserdiffusivität bei effektiver Sättigung in Materialrichtung w</translation>
+    </message>
+    <message>
+        <source>Air permeability in material direction w</source>
+        <translation>Luftdurchlässigkeit in Materialrichtung w</translation>
+    </message>
+    <message>
+        <source>Design value of thermal conductivity</source>
+        <translation>Bemessungswert der Wärmeleitfähigkeit</translation>
+    </message>
+    <message>
+        <source>Thermal expansion coefficient</source>
+        <translation>Wärmedehnungskoeffizient</translation>
+    </message>
+    <message>
+        <source>Hygric expansion coefficient (volumetric moisture content)</source>
+        <translation>Hygrischer Dehnungskoeffizient (volumetrischer Feuchtegehalt)</translation>
+    </message>
+    <message>
+        <source>Fiber saturation point (wood)</source>
+        <translation>Fasersättigungspunkt (Holz)</translation>
+    </message>
+    <message>
+        <source>Thermal expansion coefficient in material direction v</source>
+        <translation>Wärmedehnungskoeffizient in Materialrichtung v</translation>
+    </message>
+    <message>
+        <source>Hygric expansion coefficient (volumetric moisture content) in material direction v</source>
+        <translation>Hygrischer Dehnungskoeffizient (volumetrischer Feuchtegehalt) in Materialrichtung v</translation>
+    </message>
+    <message>
+        <source>Thermal expansion coefficient in material direction w</source>
+        <translation>Wärmedehnungskoeffizient in Materialrichtung w</translation>
+    </message>
+    <message>
+        <source>Hygric expansion coefficient (volumetric moisture content) in material direction w</source>
+        <translation>Hygrischer Dehnungskoeffizient (volumetrischer Feuchtegehalt) in Materialrichtung w</translation>
+    </message>
+    <message>
+        <source>Weighting factor for adaptive foil model positive direction</source>
+        <translation>Wichtungsfaktor des Modells für adaptive Folien, positive Richtung</translation>
+    </message>
+    <message>
+        <source>Weighting factor for adaptive foil model negative direction</source>
+        <translation>Wichtungsfaktor des Modells für adaptive Folien, negative Richtung</translation>
+    </message>
+    <message>
+        <source>Parameter a for square scaling function for adaptive foil model positive direction</source>
+        <translation>Parameter a der quadratischen Skalierung für adaptive Folien, positive Richtung</translation>
+    </message>
+    <message>
+        <source>Parameter b for square scaling function for adaptive foil model positive direction</source>
+        <translation>Parameter b der quadratischen Skalierung für adaptive Folien, positive Richtung</translation>
+    </message>
+    <message>
+        <source>Parameter c for square scaling function for adaptive foil model positive direction</source>
+        <translation>Parameter c der quadratischen Skalierung für adaptive Folien, positive Richtung</translation>
+    </message>
+    <message>
+        <source>Parameter a for square scaling function for adaptive foil model negative direction</source>
+        <translation>Parameter a der quadratischen Skalierung für adaptive Folien, negative Richtung</translation>
+    </message>
+    <message>
+        <source>Parameter b for square scaling function for adaptive foil model negative direction</source>
+        <translation>Parameter b der quadratischen Skalierung für adaptive Folien, negative Richtung</translation>
+    </message>
+    <message>
+        <source>Parameter c for square scaling function for adaptive foil model negative direction</source>
+        <translation>Parameter c der quadratischen Skalierung für adaptive Folien, negative Richtung</translation>
+    </message>
+    <message>
+        <source>Ground</source>
+        <translation>Erdreich</translation>
+    </message>
+    <message>
+        <source>Gravel</source>
+        <translation>Kies</translation>
+    </message>
+    <message>
+        <source>Sand</source>
+        <translation>Sand</translation>
+    </message>
+    <message>
+        <source>Concrete, not reinforced</source>
+        <translation>Beton, unbewehrt</translation>
+    </message>
+    <message>
+        <source>Concrete, reinforced</source>
+        <translation>Beton, bewehrt</translation>
+    </message>
+    <message>
+        <source>Masonry</source>
+        <translation>Mauerwerk</translation>
+    </message>
+    <message>
+        <source>Wood, across the fibre</source>
+        <translation>Holz, quer zur Faser</translation>
+    </message>
+    <message>
+        <source>Wood, along the fibre</source>
+        <translation>Holz, längs zur Faser</translation>
+    </message>
+    <message>
+        <source>Metal</source>
+        <translation>Metall</translation>
+    </message>
+    <message>
+        <source>Mortar and plaster</source>
+        <translation>Mörtel und Putz</translation>
+    </message>
+    <message>
+        <source>Insulation</source>
+        <translation>Dämmung</translation>
+    </message>
+    <message>
+        <source>Sealing foil</source>
+        <translation>Dichtungsfolie</translation>
+    </message>
+    <message>
+        <source>Sealant</source>
+        <translation>Dichtstoff</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keine</translation>
     </message>
 </context>
 <context>

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+
+#include <string_view>
+
+/// What the material library says in English, in the user's language.
+namespace HygMaterialTexts {
+
+/// A description of the keyword list or a finding of the check.
+QString translated(std::string_view english);
+/// \param id MM::MaterialCategory::CategoryID
+QString category(int id);
+/// \param index MM::MaterialIdentification::HatchingType
+QString hatching(int index);
+int numHatchings();
+/// Six digits; empty for NaN.
+QString number(double value);
+
+} // namespace HygMaterialTexts
