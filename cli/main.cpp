@@ -14,6 +14,7 @@ constexpr CMD::AddCommands FAMILIES[] = {
     CMD::addClimate,
     CMD::addMaterial,
     CMD::addProject,
+    CMD::addRun,
     CMD::addUnits,
 };
 

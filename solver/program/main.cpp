@@ -12,8 +12,10 @@ namespace {
 std::atomic<bool> stop = false;
 static_assert(std::atomic<bool>::is_always_lock_free); // so that a handler may set it
 
-extern "C" void onSignal(int) {
+/// The first one ends the run in order, a second one at once.
+extern "C" void onSignal(int number) {
     stop = true;
+    std::signal(number, SIG_DFL);
 }
 
 } // namespace
@@ -40,6 +42,7 @@ int main(int argc, char ** argv) {
         }
         std::signal(SIGINT, onSignal);
         std::signal(SIGTERM, onSignal);
+        std::signal(SIGXFSZ, SIG_IGN); // a file that may not grow further is a failure with a message
         return static_cast<int>(SOLVER::simulate(options, stop));
     } catch (const std::exception & ex) {
         std::cerr << "HygrionSolver.exe: " << ex.what() << '\n';

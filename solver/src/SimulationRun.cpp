@@ -114,6 +114,7 @@ private:
                 return interrupt();
             m_simulation->step();
             m_log.step(*m_simulation);
+            showResults();
             if (m_options.disablePeriodicRestart)
                 continue;
             const bool isDue = isPerOutput ? m_simulation->outputCount() > outputs
@@ -163,6 +164,15 @@ private:
         return exit_t::FAILED;
     }
 
+    /// Lets others see what has been written, while it goes on.
+    void showResults() {
+        constexpr auto PERIOD = std::chrono::seconds(1);
+        if (std::chrono::steady_clock::now() - m_lastShown < PERIOD)
+            return;
+        m_simulation->flush();
+        m_lastShown = std::chrono::steady_clock::now();
+    }
+
     void writeRestart() {
         m_simulation->restartState().write(m_directory.restartFile());
         m_lastRestart = std::chrono::steady_clock::now();
@@ -173,28 +183,31 @@ private:
     const RunDirectory & m_directory;
     RunLog & m_log;
     std::unique_ptr<Simulation> m_simulation;
-    std::chrono::steady_clock::time_point m_lastRestart;
+    std::chrono::steady_clock::time_point m_lastRestart, m_lastShown;
 };
 
 } // namespace
+
+std::string runDirectory(const SolverOptions & options) {
+    constexpr const char * HERE = "[SOLVER::runDirectory]";
+    if (!options.outputDirectory.empty())
+        return options.outputDirectory;
+    if (!KOR::Path(options.project).isFile())
+        throw Exception(text("There is no project file '%1'.", options.project), HERE);
+    const std::string path = KOR::Path(options.project).withoutExtension().str();
+    if (path == options.project)
+        throw Exception(text("Project file '%1' needs an extension, its name without it is the directory of the "
+                             "results.",
+                             options.project),
+                        HERE);
+    return path;
+}
 
 exit_t simulate(const SolverOptions & options, const std::atomic<bool> & stop) {
     if (options.parallelThreads > 0)
         omp_set_num_threads(options.parallelThreads);
     try {
-        std::string path = options.outputDirectory;
-        if (path.empty()) {
-            if (!KOR::Path(options.project).isFile())
-                throw Exception(text("There is no project file '%1'.", options.project), WHERE);
-            path = KOR::Path(options.project).withoutExtension().str();
-            if (path == options.project)
-                throw Exception(
-                    text("Project file '%1' needs an extension, its name without it is the directory of the "
-                         "results.",
-                         options.project),
-                    WHERE);
-        }
-        const RunDirectory directory(path);
+        const RunDirectory directory(runDirectory(options));
         RunLog log(directory, options);
         return Run(options, stop, directory, log).perform();
     } catch (const Exception & ex) {

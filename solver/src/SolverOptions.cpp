@@ -3,6 +3,8 @@
 #include <KOR/Exception.h>
 #include <KOR/Parameter.h>
 
+#include <charconv>
+
 namespace SOLVER {
 
 using KOR::Exception;
@@ -61,6 +63,20 @@ void SolverOptions::define(KOR::ArgParser & parser) {
     parser.addFlag(0, "version", "Print the version and exit.");
 }
 
+double SolverOptions::parseDuration(const std::string & written) {
+    KOR::Parameter duration("Duration", 0, KOR::Unit("s"));
+    double value = 0;
+    const char * const begin = written.data();
+    const std::from_chars_result number = std::from_chars(begin, begin + written.size(), value);
+    std::string spaced = written; // "30d" as well
+    spaced.insert(static_cast<std::size_t>(number.ptr - begin), " ");
+    duration.readValue(spaced, KOR::Unit("d"));
+    const double seconds = duration.get_value("s");
+    if (!(seconds > 0))
+        throw Exception("A duration is above 0.", "[SolverOptions::parseDuration]");
+    return seconds;
+}
+
 SolverOptions SolverOptions::read(const KOR::ArgParser & parser) {
     if (!parser.optionsLeft().empty())
         throw Exception(text("Unknown option '%1'.", parser.optionsLeft().front()), WHERE);
@@ -81,14 +97,10 @@ SolverOptions SolverOptions::read(const KOR::ArgParser & parser) {
         options.parallelThreads = static_cast<int>(number(parser, "parallel-threads", 1, MAX_THREADS));
     if (const std::string & written = parser.option("duration"); !written.empty()) {
         try {
-            KOR::Parameter duration("Duration", 0, KOR::Unit("s"));
-            duration.readValue(written, KOR::Unit("d"));
-            options.duration = duration.get_value("s");
+            options.duration = parseDuration(written);
         } catch (const Exception & ex) {
             throw Exception(ex, text("Option '--duration' takes a time as in \"30 d\", not '%1'.", written), WHERE);
         }
-        if (!(*options.duration > 0))
-            throw Exception(text("Option '--duration' takes a time above 0, not '%1'.", written), WHERE);
     }
     return options;
 }

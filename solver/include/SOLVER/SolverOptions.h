@@ -22,6 +22,8 @@ struct SolverOptions {
     bool restart = false;                ///< go on from the restart file
     bool testInit = false;               ///< set up and check, calculate nothing
 
+    /// "30 d" in seconds; a number alone is days. Throws when it is no time above 0 ("[SolverOptions::parseDuration]").
+    static double parseDuration(const std::string & written);
     /// Defines options and flags; \p parser keeps what its help needs.
     static void define(KOR::ArgParser & parser);
     /// Takes the values over. Throws ("[SolverOptions::read]") on unknown options, values that cannot be read and a

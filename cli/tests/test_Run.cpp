@@ -1,0 +1,178 @@
+#include "Shell.h"
+
+#include <DATAIO/DataIO.h>
+
+#include <gmock/gmock.h>
+#include <nlohmann/json.hpp>
+
+#include <cmath>
+#include <filesystem>
+#include <random>
+
+namespace {
+
+namespace fs = std::filesystem;
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+std::string scratch(const std::string & name) {
+    const std::string path = testing::TempDir() + "hyg-run-" + std::to_string(::getpid()) + '-' + name;
+    fs::remove_all(path);
+    return path;
+}
+std::string content(const std::string & path) {
+    return KOR::readFile(path, 1 << 24);
+}
+nlohmann::json summary(const std::string & directory) {
+    return nlohmann::json::parse(content(directory + "/log/summary.json"));
+}
+
+constexpr const char * SHORT = "'examples/validation/HAMSTAD 2.h6p'";
+/// Longer than a test waits.
+constexpr const char * LONG = "'examples/Brick wall.h6p'";
+/// In a shell, waits until a run has begun to calculate.
+std::string untilStarted(const std::string & directory) {
+    return "for i in $(seq 200); do [ -s '" + directory + "/log/progress.txt' ] && break; sleep 0.05; done; ";
+}
+
+struct Line {
+    const char * command;
+    int exitCode;
+    const char * out;
+    const char * err;
+};
+
+} // namespace
+
+TEST(SolverProgram, TellsWhatIsWrongWithItsCommandLine) {
+    constexpr Line LINES[] = {
+        {"HygrionSolver.exe --version",                     0, "HygrionSolver 6.1.0\n", ""                                            },
+        {"HygrionSolver.exe --help",                        0, "--restart-realtime-dt", ""                                            },
+        {"HygrionSolver.exe",                               2, "",                      "The project file is missing.\nHelp: "        },
+        {"HygrionSolver.exe a b",                           2, "",                      "One project file is needed, 'b' is too much."},
+        {"HygrionSolver.exe --bogus a",                     2, "",                      "Unknown option '"                            },
+        {"HygrionSolver.exe --verbosity-level=4 a",         2, "",                      "takes a number from 0 to 3, not '4'"         },
+        {"HygrionSolver.exe --restart-realtime-dt=often a", 2, "",                      "not 'often'"                                 },
+        {"HygrionSolver.exe --duration=-1 a",               2, "",                      "takes a time as in \"30 d\", not '-1'"       },
+        {"HygrionSolver.exe nothing.h6p",                   1, "",                      "There is no project file 'nothing.h6p'."     },
+        {"HygrionSolver.exe README.md",                     1, "",                      "There is already a file with the name"       },
+        {"hygrion-cli run nothing.h6p",                     1, "",                      "There is no project file 'nothing.h6p'."     },
+        {"hygrion-cli run nothing.h6p --duration 3m2",      2, "",                      "It takes a time as in \"30 d\", not '3m2'."  },
+    };
+    for (const Line & line : LINES) {
+        const std::string copy = scratch("usage");
+        fs::create_directory(copy);
+        fs::copy_file(HYG_SOURCE_DIR "/README.md", copy + "/README.md");
+        fs::copy_file(HYG_SOURCE_DIR "/README.md", copy + "/README");
+        const Result result = shell("cd '" + copy + "' && " + line.command);
+        EXPECT_EQ(result.exitCode, line.exitCode) << line.command;
+        EXPECT_THAT(result.out, HasSubstr(line.out)) << line.command;
+        // Messages of the solver go to its console, which is one stream.
+        EXPECT_THAT(result.exitCode == 1 ? result.out + result.err : result.err, HasSubstr(line.err)) << line.command;
+    }
+}
+
+TEST(SolverProgram, LeavesLogsResultsAndARestartFile) {
+    const std::string directory = scratch("whole");
+    const std::string arguments = "--output-dir='" + directory + "' " + SHORT;
+    Result result = shell("HygrionSolver.exe --test-init " + arguments);
+    EXPECT_EQ(result.exitCode, 0) << result.out;
+    EXPECT_THAT(result.out, HasSubstr("The simulation is set up without errors."));
+    EXPECT_TRUE(fs::is_empty(directory + "/results"));
+
+    result = shell("HygrionSolver.exe --step-stats " + arguments);
+    EXPECT_EQ(result.exitCode, 0) << result.out;
+    EXPECT_THAT(content(directory + "/log/screenlog.txt"),
+                AllOf(HasSubstr("simulated    done"), HasSubstr("Balance of moisture: ")));
+    EXPECT_THAT(content(directory + "/log/progress.txt"), HasSubstr("\n3600000\t"));
+    EXPECT_THAT(content(directory + "/log/steps.tsv"), HasSubstr("cell 0, 0, 0 (Benchmark 2"));
+    const nlohmann::json all = summary(directory);
+    EXPECT_EQ(all["status"], "finished");
+    EXPECT_GT(all["integrator"]["steps"], 50);
+    EXPECT_GT(all["integrator"]["rightHandSides"], all["integrator"]["steps"]);
+    EXPECT_LT(all["moistureBalance_kg"]["relativeError"], 1e-6);
+    EXPECT_THAT(all["limitedBy"][0]["place"].get<std::string>(), StartsWith("cell "));
+    for (const auto & path : all["results"])
+        EXPECT_TRUE(fs::exists(path.get<std::string>())) << path;
+    EXPECT_TRUE(fs::exists(directory + "/var/restart.h6r"));
+
+    result = shell("hygrion-cli run --json --output-dir='" + directory + "' " + SHORT);
+    EXPECT_EQ(nlohmann::json::parse(result.out)["status"], "finished") << result.err;
+}
+
+TEST(SolverProgram, EndsInOrderOnCtrlCAndGoesOn) {
+    const std::string directory = scratch("stopped");
+    const std::string arguments = "--output-dir='" + directory + "' " + LONG;
+    const Result result =
+        shell("HygrionSolver.exe " + arguments + " & run=$!; " + untilStarted(directory) + "HygrionSolver.exe " +
+              arguments + " >&2; echo \"second $?\" >&2; kill -INT $run; wait $run");
+    EXPECT_EQ(result.exitCode, 3);
+    EXPECT_THAT(result.out, HasSubstr("option --restart goes on from here."));
+    EXPECT_THAT(result.err, AllOf(HasSubstr("is in use by another run (process "), HasSubstr("second 1")));
+    const nlohmann::json stopped = summary(directory);
+    EXPECT_EQ(stopped["status"], "interrupted");
+    const double reached = stopped["time_s"];
+    EXPECT_GT(reached, 0);
+
+    const std::string duration = "--duration='" + std::to_string(reached + 86400) + " s' ";
+    EXPECT_EQ(shell("HygrionSolver.exe --restart " + duration + arguments).exitCode, 0);
+    EXPECT_NEAR(summary(directory)["time_s"], reached + 86400, 1e-3);
+    EXPECT_GT(summary(directory)["integrator"]["steps"], stopped["integrator"]["steps"]);
+    EXPECT_THAT(content(directory + "/log/screenlog.txt"), HasSubstr("Continued from"));
+}
+
+TEST(SolverProgram, KeepsWhatWasWrittenWhenTheDiskIsFull) {
+    const std::string directory = scratch("full");
+    // Files that may not grow beyond 32 blocks of 512 bytes stand for the disk.
+    const Result result =
+        shell("ulimit -f 32; HygrionSolver.exe --disable-periodic-restart-file-writing --duration='60 d' "
+              "--output-dir='" +
+              directory + "' " + LONG);
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_THAT(result.out + result.err, HasSubstr("Cannot write result file '"));
+    std::size_t records = 0;
+    for (const fs::directory_entry & entry : fs::directory_iterator(directory + "/results"))
+        if (entry.path().extension() == ".h6b") {
+            DATAIO::DataIO file;
+            ASSERT_NO_THROW(file.read(entry.path())) << entry.path();
+            records += file.timeCount();
+        }
+    EXPECT_GT(records, 100U);
+}
+
+TEST(SolverProgram, GoesOnAfterKillAsIfNothingHadHappened) {
+    const std::string whole = scratch("unkilled"), cut = scratch("killed");
+    const std::string options = "--restart-realtime-dt=0.05 --duration='6 d' ";
+    const std::string project = "'examples/Interior insulation.h6p'";
+    ASSERT_EQ(shell("HygrionSolver.exe " + options + "--output-dir='" + whole + "' " + project).exitCode, 0);
+    const double wallTime = summary(whole)["wallTime_s"];
+    std::mt19937 random(20261123);
+    constexpr int ROUNDS = 2;
+    for (int round = 0; round < ROUNDS; ++round) {
+        // Killed twice at any time, then left alone.
+        fs::remove_all(cut);
+        const std::string arguments = options + "--output-dir='" + cut + "' " + project;
+        for (const char * restart : {"", "--restart "}) {
+            const double share = std::uniform_real_distribution<>(0.1, 0.7)(random);
+            shell("HygrionSolver.exe " + std::string(restart) + arguments + " & run=$!; " + untilStarted(cut) +
+                  "sleep " + std::to_string(share * wallTime) + "; kill -KILL $run; wait $run");
+        }
+        ASSERT_EQ(shell("HygrionSolver.exe --restart " + arguments).exitCode, 0);
+        for (const auto & path : summary(whole)["results"]) {
+            DATAIO::DataIO a, b;
+            a.read(path.get<std::string>());
+            b.read(cut + "/results/" + fs::path(path.get<std::string>()).filename().string());
+            ASSERT_EQ(a.timePoints(), b.timePoints()) << path;
+            double scale = 0, difference = 0;
+            for (std::size_t t = 0; t < a.timeCount(); ++t) {
+                const std::vector<double> expected = a.data(t), found = b.data(t);
+                for (std::size_t i = 0; i < expected.size(); ++i) {
+                    scale = std::max(scale, std::fabs(expected[i]));
+                    difference = std::max(difference, std::fabs(found[i] - expected[i]));
+                }
+            }
+            EXPECT_LT(difference, 1e-4 * scale) << path;
+        }
+    }
+}
