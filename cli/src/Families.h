@@ -8,6 +8,7 @@ namespace CMD {
 void addClimate(Commands & program);
 void addMaterial(Commands & program);
 void addProject(Commands & program);
+void addResults(Commands & program);
 void addRun(Commands & program);
 void addUnits(Commands & program);
 

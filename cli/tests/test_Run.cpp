@@ -1,6 +1,7 @@
 #include "Shell.h"
 
 #include <DATAIO/DataIO.h>
+#include <KOR/Strings.h>
 
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
@@ -174,5 +175,37 @@ TEST(SolverProgram, GoesOnAfterKillAsIfNothingHadHappened) {
             }
             EXPECT_LT(difference, 1e-4 * scale) << path;
         }
+    }
+}
+
+TEST(Results, AreListedDescribedAndExported) {
+    const std::string directory = scratch("results");
+    ASSERT_EQ(shell("HygrionSolver.exe --output-dir='" + directory + "' " + SHORT).exitCode, 0);
+    const std::string field = "'" + directory + "/results/Moisture content.h6b'";
+    const std::string mass = "'" + directory + "/results/Moisture mass.h6b'";
+    const Line lines[] = {
+        {"list D",                                               0, "     11         1000 h     159  MoistureMassDensity [kg/m3]       ",                  ""                                                               },
+        {"info F",                                               0, "Values:    159 of 159 elements, a profile in x\nRecords:   11, from 0 h to 1000 h\n", ""                                                               },
+        {"info F --json",                                        0, "\"form\": \"a profile in x\"",                                                        ""                                                               },
+        {"export F --time 100 --element 1",                      0, "Time [h],element 1 (x = 0.305 mm) [kg/m3]\n100,20.",                                  ""                                                               },
+        {"export F --time 8d:20d --element 0 --json",            0, "\"times\": [\n    200.0,\n    300.0,\n    400.0\n",                                   ""                                                               },
+        {"export M",                                             0, "Time [h],Moisture mass [kg]\n0,16.95",                                                ""                                                               },
+        {"export F --csv D/table.csv && head -c 20 D/table.csv", 0, "11 records of 159 values\nTime [h],element 0 (",
+         ""                                                                                                                                                                                                                 },
+        {"export F --time 150h",                                 1, "",                                                                                    "There is no record at '150h'; the nearest are at 100 and 200 h."},
+        {"export F --element 159",                               1, "",                                                                                    "The file holds no element 159."                                 },
+        {"export M --element 0",                                 1, "",                                                                                    "The file holds one value for all elements together."            },
+        {"export F --csv D/none/table.csv",                      1, "",                                                                                    "Cannot write '"                                                 },
+        {"list examples",                                        1, "",                                                                                    "There are no result files."                                     },
+    };
+    for (const Line & line : lines) {
+        std::string command = line.command;
+        for (const auto & [letter, path] :
+             {std::pair(" F", " " + field), std::pair(" M", " " + mass), std::pair(" D", " " + directory)})
+            command = KOR::replaced(command, letter, path);
+        const Result result = shell("hygrion-cli results " + command);
+        EXPECT_EQ(result.exitCode, line.exitCode) << line.command << result.err;
+        EXPECT_THAT(result.out, HasSubstr(line.out)) << line.command;
+        EXPECT_THAT(result.err, HasSubstr(line.err)) << line.command;
     }
 }

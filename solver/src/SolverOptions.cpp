@@ -63,15 +63,18 @@ void SolverOptions::define(KOR::ArgParser & parser) {
     parser.addFlag(0, "version", "Print the version and exit.");
 }
 
-double SolverOptions::parseDuration(const std::string & written) {
-    KOR::Parameter duration("Duration", 0, KOR::Unit("s"));
-    double value = 0;
-    const char * const begin = written.data();
-    const std::from_chars_result number = std::from_chars(begin, begin + written.size(), value);
-    std::string spaced = written; // "30d" as well
-    spaced.insert(static_cast<std::size_t>(number.ptr - begin), " ");
-    duration.readValue(spaced, KOR::Unit("d"));
-    const double seconds = duration.get_value("s");
+KOR::Parameter SolverOptions::parseTime(std::string_view written, KOR::Unit defaultUnit) {
+    double number = 0;
+    const std::from_chars_result read = std::from_chars(written.data(), written.data() + written.size(), number);
+    std::string spaced(written); // "30d" as well as "30 d"
+    spaced.insert(static_cast<std::size_t>(read.ptr - written.data()), " ");
+    KOR::Parameter time("Time", 0, KOR::Unit("s"));
+    time.readValue(spaced, defaultUnit);
+    return time;
+}
+
+double SolverOptions::parseDuration(std::string_view written) {
+    const double seconds = parseTime(written, KOR::Unit("d")).get_value("s");
     if (!(seconds > 0))
         throw Exception("A duration is above 0.", "[SolverOptions::parseDuration]");
     return seconds;

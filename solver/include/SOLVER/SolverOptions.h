@@ -1,6 +1,7 @@
 #pragma once
 
 #include <KOR/ArgParser.h>
+#include <KOR/Parameter.h>
 
 #include <optional>
 #include <string>
@@ -23,7 +24,9 @@ struct SolverOptions {
     bool testInit = false;               ///< set up and check, calculate nothing
 
     /// "30 d" in seconds; a number alone is days. Throws when it is no time above 0 ("[SolverOptions::parseDuration]").
-    static double parseDuration(const std::string & written);
+    static double parseDuration(std::string_view written);
+    /// A value with or without a unit. Throws as KOR::Parameter::readValue.
+    static KOR::Parameter parseTime(std::string_view written, KOR::Unit defaultUnit);
     /// Defines options and flags; \p parser keeps what its help needs.
     static void define(KOR::ArgParser & parser);
     /// Takes the values over. Throws ("[SolverOptions::read]") on unknown options, values that cannot be read and a
