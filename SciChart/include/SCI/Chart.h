@@ -1,16 +1,22 @@
 #pragma once
 
 #include <SCI/Axis.h>
+#include <SCI/GridModel.h>
 #include <SCI/PointModel.h>
 #include <SCI/Styles.h>
+#include <SCI/VectorModel.h>
 
 #include <QWidget>
 
 #include <memory>
+#include <string>
+#include <vector>
 
 class QPainter;
 
 namespace SCI {
+
+struct Table;
 
 /// A chart: series over up to four axes. Draws itself on the screen, or without a window into pictures.
 class Chart : public QWidget {
@@ -41,6 +47,13 @@ public:
     QStringList tickLabels(axis_t axis) const;
 
     id_t addLine(std::shared_ptr<const PointModel> model, const LineStyle & style = {});
+    id_t addBars(std::shared_ptr<const PointModel> model, const BarStyle & style = {});
+    id_t addGrid(std::shared_ptr<const GridModel> model, const GridStyle & style = {});
+    id_t addVectors(std::shared_ptr<const VectorModel> model, const VectorStyle & style = {});
+    /// A line at a value, in the data unit of the axis.
+    id_t addThreshold(axis_t axis, double value, const QString & text = {});
+    /// The ground between two values, in the data unit of the axis; either may be infinite.
+    id_t addBand(axis_t axis, double from, double to, const QString & text = {});
     /// Takes away a series, threshold or band, or ALL.
     void remove(id_t id);
     /// The data of a series (or ALL) have changed.
@@ -57,6 +70,20 @@ public:
     /// \param size [px], \param scale device pixels of a pixel: 2 for twice as fine
     QImage image(const QSize & size, double scale = 1) const;
 
+    enum format_t { PNG, SVG, PDF };
+    /// The content of a picture file. Throws KOR::Exception ("[Chart::picture]") for sizes that cannot be drawn.
+    QByteArray picture(format_t format, const QSize & size, double scale = 1) const;
+    /// Writes png, svg or pdf, by the name's extension, atomically. Throws KOR::Exception ("[Chart::writePicture]").
+    void writePicture(const QString & path, const QSize & size, double scale = 1) const;
+    /// The visible series as a table in the shown units, with points as decimal marks. Throws KOR::Exception beyond
+    /// 1 GiB ("[Chart::csv]").
+    std::string csv(char separator = ',') const;
+    /// Throws KOR::Exception ("[Chart::writeCsv]").
+    void writeCsv(const QString & path) const;
+    void copyPicture() const;
+    void copySvg() const;
+    void copyCsv() const;
+
     QSize sizeHint() const override;
 
 signals:
@@ -67,6 +94,8 @@ protected:
     void resizeEvent(QResizeEvent * event) override;
 
 private:
+    std::vector<Table> tables() const;
+
     struct Private;
     std::unique_ptr<Private> m;
 };

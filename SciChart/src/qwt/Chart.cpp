@@ -1,7 +1,11 @@
 #include <SCI/Chart.h>
 
+#include "../Table.h"
+#include "GridItem.h"
 #include "Items.h"
+#include "Marks.h"
 #include "Plot.h"
+#include "VectorItem.h"
 
 #include <QEvent>
 #include <QPainter>
@@ -118,6 +122,26 @@ Chart::id_t Chart::addLine(std::shared_ptr<const PointModel> model, const LineSt
     return m->add(std::make_unique<LineItem>(std::move(model), style, m->nextSeries++));
 }
 
+Chart::id_t Chart::addBars(std::shared_ptr<const PointModel> model, const BarStyle & style) {
+    return m->add(std::make_unique<BarItem>(std::move(model), style, m->nextSeries++));
+}
+
+Chart::id_t Chart::addGrid(std::shared_ptr<const GridModel> model, const GridStyle & style) {
+    return m->add(std::make_unique<GridItem>(std::move(model), style, m->nextSeries++));
+}
+
+Chart::id_t Chart::addVectors(std::shared_ptr<const VectorModel> model, const VectorStyle & style) {
+    return m->add(std::make_unique<VectorItem>(std::move(model), style, m->nextSeries++));
+}
+
+Chart::id_t Chart::addThreshold(axis_t axis, double value, const QString & text) {
+    return m->add(std::make_unique<Mark>(axis, value, value, text));
+}
+
+Chart::id_t Chart::addBand(axis_t axis, double from, double to, const QString & text) {
+    return m->add(std::make_unique<Mark>(axis, from, to, text));
+}
+
 void Chart::remove(id_t id) {
     for (auto it = m->items.begin(); it != m->items.end();) {
         if (id == ALL || it->first == id) {
@@ -171,6 +195,7 @@ void Chart::render(QPainter & painter, const QRectF & rectangle) const {
     QwtPlotRenderer renderer;
     renderer.setDiscardFlag(QwtPlotRenderer::DiscardBackground);
     renderer.setDiscardFlag(QwtPlotRenderer::DiscardCanvasBackground);
+    painter.setRenderHint(QPainter::LosslessImageRendering); // no blurred colours in documents
     painter.fillRect(rectangle, m->plot->theme().ground);
     const double scale = painter.device()->logicalDpiX() / double(m->plot->logicalDpiX());
     m->plot->fit(rectangle.size() / scale);
@@ -188,6 +213,33 @@ QImage Chart::image(const QSize & size, double scale) const {
     QPainter painter(&image);
     render(painter, QRectF(QPointF(0, 0), QSizeF(image.size())));
     return image;
+}
+
+std::vector<Table> Chart::tables() const {
+    std::vector<Table> tables;
+    for (const auto & [id, item] : m->items) {
+        const auto * series = dynamic_cast<const SeriesItem *>(item.get());
+        if (series == nullptr || !series->isVisible())
+            continue;
+        const auto header = [this](axis_t axis) { return m->plot->header(axis); };
+        Table table;
+        table.title = series->title().text();
+        table.points = series->points();
+        table.xUnit = m->plot->state(series->xId()).unit;
+        table.yUnit = m->plot->state(series->yId()).unit;
+        table.xHeader = header(series->xId());
+        table.yHeader = header(series->yId());
+        if (const auto * grid = dynamic_cast<const GridItem *>(series)) {
+            table.grid = &grid->grid();
+            table.valueUnit = m->plot->state(grid->colorAxis()).unit;
+            table.valueHeader = header(grid->colorAxis());
+        } else if (const auto * vectors = dynamic_cast<const VectorItem *>(series)) {
+            table.vectors = &vectors->vectors();
+            table.valueHeader = UnitScale::withUnit(QString(), vectors->unit());
+        }
+        tables.push_back(table);
+    }
+    return tables;
 }
 
 QSize Chart::sizeHint() const {

@@ -21,10 +21,6 @@ constexpr std::size_t MAX_SMOOTH = 3000;
 constexpr double MARK_DISTANCE = 8;
 constexpr double MARK_RADIUS = 3;
 
-double lowestOn(const AxisState & state) {
-    return state.axis.scale == LOGARITHMIC ? state.unit.data(0) : -std::numeric_limits<double>::infinity();
-}
-
 } // namespace
 
 std::size_t lowerIndex(const PointModel & model, double x) {
@@ -57,11 +53,9 @@ QColor SeriesItem::color() const {
 
 const Bounds & SeriesItem::bounds() const {
     if (!m_bounds) {
-        const AxisState & x = chartPlot().state(xId());
-        const AxisState & y = chartPlot().state(yId());
         Bounds bounds = allBounds();
-        const double xLowest = lowestOn(x);
-        const double yLowest = lowestOn(y);
+        const double xLowest = chartPlot().lowestOn(xId());
+        const double yLowest = chartPlot().lowestOn(yId());
         if (!bounds.isEmpty() && (!(bounds.xMin > xLowest) || !(bounds.yMin > yLowest))) {
             bounds = Bounds();
             eachPoint([&](double xi, double yi) {
@@ -72,6 +66,13 @@ const Bounds & SeriesItem::bounds() const {
         m_bounds = bounds;
     }
     return *m_bounds;
+}
+
+std::pair<double, double> SeriesItem::covered(axis_t id) const {
+    const Bounds & all = bounds();
+    if (all.isEmpty() || !uses(id))
+        return {1, 0};
+    return id == xId() ? std::pair(all.xMin, all.xMax) : std::pair(all.yMin, all.yMax);
 }
 
 QList<QwtLegendData> SeriesItem::legendData() const {
@@ -108,13 +109,13 @@ QPen LineItem::pen() const {
 }
 
 std::vector<std::size_t> LineItem::visiblePoints(const PixelScale & x, double resolution, const QRectF & canvas) const {
-    const double lowest = lowestOn(chartPlot().state(yId()));
+    const double lowest = chartPlot().lowestOn(yId());
     if (!m_model->isSorted()) {
         return Decimation::unsorted(*m_model, lowest,
                                     [&](double value) { return std::floor(x.pixel(value) * resolution); });
     }
     // A point beyond each edge, so that lines leave the picture.
-    const auto [left, right] = std::minmax(x.value(canvas.left()), x.value(canvas.right()));
+    const auto [left, right] = std::minmax({x.value(canvas.left()), x.value(canvas.right())});
     std::size_t first = lowerIndex(*m_model, left);
     first -= first > 0 ? 1 : 0;
     std::size_t last = lowerIndex(*m_model, right);
@@ -179,6 +180,102 @@ QwtGraphic LineItem::legendIcon(int, const QSizeF & size) const {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.drawLine(QPointF(0, size.height() / 2), QPointF(size.width(), size.height() / 2));
     return icon;
+}
+
+QwtGraphic colorIcon(const QBrush & brush, const QSizeF & size) {
+    QwtGraphic icon;
+    icon.setDefaultSize(size);
+    QPainter painter(&icon);
+    painter.fillRect(QRectF(QPointF(0, 0), size), brush);
+    return icon;
+}
+
+BarItem::BarItem(std::shared_ptr<const PointModel> model, const BarStyle & style, int number)
+    : SeriesItem(style, number), m_model(std::move(model)), m_style(style) {
+    m_style.groupCount = std::max(m_style.groupCount, 1);
+    setRenderHint(QwtPlotItem::RenderAntialiased, false);
+    setLegendIconSize(QSize(14, 12));
+    setZ(15);
+}
+
+void BarItem::forgetBounds() {
+    SeriesItem::forgetBounds();
+    m_width.reset();
+}
+
+double BarItem::width() const {
+    if (m_style.width > 0)
+        return m_style.width;
+    if (!m_width) {
+        double smallest = std::numeric_limits<double>::infinity();
+        const std::size_t n = m_model->count();
+        for (std::size_t i = 1; i < n; ++i)
+            if (const double distance = std::abs(m_model->x(i) - m_model->x(i - 1)); distance > 0)
+                smallest = std::min(smallest, distance);
+        m_width = std::isfinite(smallest) ? smallest : 1;
+    }
+    return *m_width;
+}
+
+void BarItem::eachPoint(const Visit & visit) const {
+    const std::size_t n = m_model->count();
+    const double half = width() / 2;
+    for (std::size_t i = 0; i < n; ++i) {
+        const double x = m_model->x(i);
+        visit(x - half, m_model->y(i));
+        visit(x + half, m_model->y(i));
+    }
+}
+
+Bounds BarItem::allBounds() const {
+    Bounds bounds = m_model->bounds();
+    if (bounds.isEmpty())
+        return bounds;
+    bounds.xMin -= width() / 2;
+    bounds.xMax += width() / 2;
+    bounds.include(bounds.xMin, m_style.baseline);
+    return bounds;
+}
+
+void BarItem::draw(QPainter * painter, const QwtScaleMap & xMap, const QwtScaleMap & yMap,
+                   const QRectF & canvas) const {
+    const PixelScale x{chartPlot().state(xId()).unit, xMap};
+    const PixelScale y{chartPlot().state(yId()).unit, yMap};
+    const double lowest = chartPlot().lowestOn(yId());
+    const double place = width() * m_style.share / m_style.groupCount;
+    const double start = -width() * m_style.share / 2 + place * m_style.group;
+    const double base = m_style.baseline > lowest ? y.pixel(m_style.baseline) : canvas.bottom();
+    const bool isSorted = m_model->isSorted();
+    const auto [from, to] = std::minmax({x.value(canvas.left()), x.value(canvas.right())});
+    const std::size_t count = m_model->count();
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(color());
+    // Bars in one column of pixels become one from the lowest to the highest of them.
+    QRectF column;
+    const auto drawColumn = [&] {
+        if (!column.isNull())
+            painter->drawRect(column & canvas.adjusted(-1, -1, 1, 1));
+        column = QRectF();
+    };
+    for (std::size_t i = isSorted ? lowerIndex(*m_model, from - width()) : 0; i < count; ++i) {
+        const double xi = m_model->x(i);
+        if (isSorted && xi > to + width())
+            break;
+        const double yi = m_model->y(i);
+        if (!std::isfinite(yi) || !std::isfinite(xi) || !(yi > lowest))
+            continue;
+        const double left = std::round(x.pixel(xi + start));
+        const double right = std::max(std::round(x.pixel(xi + start + place)), left + 1);
+        const QRectF bar = QRectF(QPointF(left, base), QPointF(right, y.pixel(yi))).normalized();
+        if (right - left > 1 || left != column.left())
+            drawColumn();
+        column |= bar;
+    }
+    drawColumn();
+}
+
+QwtGraphic BarItem::legendIcon(int, const QSizeF & size) const {
+    return colorIcon(color(), size);
 }
 
 } // namespace SCI

@@ -10,6 +10,7 @@
 
 #include <functional>
 #include <memory>
+#include <utility>
 
 namespace SCI {
 
@@ -22,7 +23,7 @@ public:
     /// What the series covers, in the data units of its axes; only values above 0 where an axis is logarithmic.
     const Bounds & bounds() const;
     /// The data have changed, or the kind of an axis.
-    void forgetBounds() { m_bounds.reset(); }
+    virtual void forgetBounds() { m_bounds.reset(); }
 
     axis_t xId() const { return static_cast<axis_t>(xAxis()); }
     axis_t yId() const { return static_cast<axis_t>(yAxis()); }
@@ -31,6 +32,9 @@ public:
 
     /// Points of a series that the cursor and tables can use; nullptr for others.
     virtual const PointModel * points() const { return nullptr; }
+    /// What the axis of the colours covers, in its data unit; the first is larger when it has none of these.
+    virtual std::pair<double, double> covered(axis_t id) const;
+    virtual bool uses(axis_t id) const { return id == xId() || id == yId(); }
 
     QList<QwtLegendData> legendData() const override;
 
@@ -67,6 +71,33 @@ private:
     std::shared_ptr<const PointModel> m_model;
     LineStyle m_style;
 };
+
+/// Bars that stand on a value.
+class BarItem : public SeriesItem {
+public:
+    BarItem(std::shared_ptr<const PointModel> model, const BarStyle & style, int number);
+
+    void draw(QPainter * painter, const QwtScaleMap & xMap, const QwtScaleMap & yMap,
+              const QRectF & canvas) const override;
+    QwtGraphic legendIcon(int index, const QSizeF & size) const override;
+    const PointModel * points() const override { return m_model.get(); }
+    void forgetBounds() override;
+
+protected:
+    Bounds allBounds() const override;
+    void eachPoint(const Visit & visit) const override;
+
+private:
+    /// Of one place, in the data unit.
+    double width() const;
+
+    std::shared_ptr<const PointModel> m_model;
+    BarStyle m_style;
+    mutable std::optional<double> m_width;
+};
+
+/// A square in the legend.
+QwtGraphic colorIcon(const QBrush & brush, const QSizeF & size);
 
 /// The index of the first point of a sorted model whose x is not less.
 std::size_t lowerIndex(const PointModel & model, double x);

@@ -2,6 +2,7 @@
 
 #include "../Calendar.h"
 #include "../NumberText.h"
+#include "GridItem.h"
 #include "Items.h"
 #include "Scales.h"
 
@@ -105,14 +106,31 @@ void Plot::setWanted(axis_t id, std::optional<Range> wanted) {
     m_axes[id].wanted = wanted;
 }
 
+QString Plot::header(axis_t id) const {
+    const AxisState & state = m_axes[id];
+    QString title = state.axis.title;
+    if (title.isEmpty())
+        title = state.axis.scale == DATE ? tr("Time") : isHorizontal(id) ? QStringLiteral("x") : QStringLiteral("y");
+    return UnitScale::withUnit(title, state.axis.unit());
+}
+
 bool Plot::isUsed(axis_t id) const {
     if (id == X_BOTTOM || id == Y_LEFT)
         return true;
     for (const QwtPlotItem * item : itemList())
         if (const auto * series = dynamic_cast<const SeriesItem *>(item))
-            if (series->xId() == id || series->yId() == id)
+            if (series->uses(id))
                 return true;
     return false;
+}
+
+bool Plot::isColorBar(axis_t id) const {
+    return axisWidget(id)->isColorBarEnabled();
+}
+
+double Plot::lowestOn(axis_t id) const {
+    const AxisState & state = m_axes[id];
+    return state.axis.scale == LOGARITHMIC ? state.unit.data(0) : -std::numeric_limits<double>::infinity();
 }
 
 Range Plot::coveredRange(axis_t id) const {
@@ -120,18 +138,14 @@ Range Plot::coveredRange(axis_t id) const {
     const auto cover = [&](bool withHidden) {
         for (const QwtPlotItem * item : itemList()) {
             const auto * series = dynamic_cast<const SeriesItem *>(item);
-            if (series == nullptr || !(series->isVisible() || withHidden) || series->bounds().isEmpty())
+            if (series == nullptr || !(series->isVisible() || withHidden))
                 continue;
-            const Bounds & bounds = series->bounds();
+            const auto [from, to] = series->covered(id);
+            if (from > to)
+                continue;
             const UnitScale & unit = m_axes[id].unit;
-            const auto add = [&](double from, double to) {
-                range.from = std::min({range.from, unit.shown(from), unit.shown(to)});
-                range.to = std::max({range.to, unit.shown(from), unit.shown(to)});
-            };
-            if (series->xId() == id)
-                add(bounds.xMin, bounds.xMax);
-            if (series->yId() == id)
-                add(bounds.yMin, bounds.yMax);
+            range.from = std::min({range.from, unit.shown(from), unit.shown(to)});
+            range.to = std::max({range.to, unit.shown(from), unit.shown(to)});
         }
     };
     cover(false);
@@ -179,8 +193,13 @@ void Plot::updateScale(axis_t id) {
 
 void Plot::fit(const QSizeF & size) {
     m_size = size;
-    for (int i = 0; i < NUM_AXES; ++i)
+    for (int i = 0; i < NUM_AXES; ++i) {
+        axisWidget(i)->setColorBarEnabled(false);
         updateScale(static_cast<axis_t>(i));
+    }
+    for (const QwtPlotItem * item : itemList())
+        if (const auto * grid = dynamic_cast<const GridItem *>(item); grid != nullptr && grid->isVisible())
+            grid->showColorBar(*this);
 }
 
 void Plot::refresh() {

@@ -5,6 +5,8 @@
 
 #include <SCI/Axis.h>
 
+#include <QCoreApplication>
+
 #include <qwt_plot.h>
 #include <qwt_plot_grid.h>
 #include <qwt_scale_map.h>
@@ -33,6 +35,7 @@ struct PixelScale {
 
 /// The plot in a chart: axes with units, ranges and colours. Series are items attached to it.
 class Plot : public QwtPlot {
+    Q_DECLARE_TR_FUNCTIONS(SCI::Plot)
 public:
     explicit Plot(QWidget * parent);
     ~Plot() override;
@@ -52,7 +55,13 @@ public:
     void refresh();
     /// A number of an axis as text: a date, or with so many digits as the range needs and two more.
     QString valueText(axis_t id, double shown) const;
+    /// Title and unit of an axis; "x" or "y" where it has none.
+    QString header(axis_t id) const;
     bool isUsed(axis_t id) const;
+    /// Whether the axis is a colour bar, which zooming and moving leave alone.
+    bool isColorBar(axis_t id) const;
+    /// Where a value above zero is needed: no values up to this one on a logarithmic axis; in the data unit.
+    double lowestOn(axis_t id) const;
 
 private:
     void updateScale(axis_t id);

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "UnitScale.h"
+
+#include <SCI/GridModel.h>
+#include <SCI/PointModel.h>
+#include <SCI/VectorModel.h>
+
+#include <QString>
+
+namespace SCI {
+
+/// What a series gives to a table: one of the models and how its values are shown.
+struct Table {
+    QString title;
+    const PointModel * points = nullptr;
+    const GridModel * grid = nullptr;
+    const VectorModel * vectors = nullptr;
+    UnitScale xUnit, yUnit, valueUnit;
+    QString xHeader, yHeader, valueHeader; ///< with units
+};
+
+} // namespace SCI

@@ -1,0 +1,279 @@
+#include "GridItem.h"
+
+#include "Isolines.h"
+
+#include <QPainter>
+
+#include <qwt_color_map.h>
+#include <qwt_graphic.h>
+#include <qwt_interval.h>
+#include <qwt_scale_draw.h>
+#include <qwt_scale_engine.h>
+#include <qwt_scale_widget.h>
+
+#include <cmath>
+#include <cstring>
+
+namespace SCI {
+
+namespace {
+
+constexpr int MAX_PIXELS = 20000; ///< in one direction of a picture
+
+/// Our colours for the bar beside the axis, by the axis's own scale.
+class BarColors : public QwtColorMap {
+public:
+    BarColors(ColorMap::map_t map, const QwtScaleMap & scale) : m_map(map), m_scale(scale) {}
+    QRgb rgb(const QwtInterval &, double value) const override { return m_map.rgb(m_scale.transform(value)); }
+    unsigned char colorIndex(const QwtInterval &, double value) const override {
+        return static_cast<unsigned char>(std::clamp(m_scale.transform(value), 0.0, 1.0) * 255);
+    }
+
+private:
+    ColorMap m_map;
+    QwtScaleMap m_scale;
+};
+
+} // namespace
+
+std::pair<double, double> GridModel::valueRange(double lowest) const {
+    std::pair<double, double> range(std::numeric_limits<double>::infinity(), -std::numeric_limits<double>::infinity());
+    for (std::size_t j = 0; j < rows(); ++j)
+        for (std::size_t i = 0; i < columns(); ++i)
+            if (const double v = value(i, j); v > lowest && std::isfinite(v)) {
+                range.first = std::min(range.first, v);
+                range.second = std::max(range.second, v);
+            }
+    return range;
+}
+
+GridItem::GridItem(std::shared_ptr<const GridModel> model, const GridStyle & style, int number)
+    : SeriesItem(style, number), m_model(std::move(model)), m_style(style) {
+    setRenderHint(QwtPlotItem::RenderAntialiased, false);
+    setLegendIconSize(QSize(26, 12));
+    setZ(12); // the colours hide the lines of the ticks
+}
+
+void GridItem::forgetBounds() {
+    SeriesItem::forgetBounds();
+    m_values.reset();
+}
+
+Bounds GridItem::allBounds() const {
+    Bounds bounds;
+    if (m_model->columns() > 0 && m_model->rows() > 0) {
+        bounds.include(m_model->xEdge(0), m_model->yEdge(0));
+        bounds.include(m_model->xEdge(m_model->columns()), m_model->yEdge(m_model->rows()));
+    }
+    return bounds;
+}
+
+void GridItem::eachPoint(const Visit & visit) const {
+    for (std::size_t i = 0; i <= m_model->columns(); ++i)
+        visit(m_model->xEdge(i), m_model->yEdge(m_model->rows()));
+    for (std::size_t j = 0; j <= m_model->rows(); ++j)
+        visit(m_model->xEdge(m_model->columns()), m_model->yEdge(j));
+}
+
+std::pair<double, double> GridItem::covered(axis_t id) const {
+    if (id != m_style.colorAxis)
+        return SeriesItem::covered(id);
+    if (!m_values)
+        m_values = m_model->valueRange(chartPlot().lowestOn(id));
+    return *m_values;
+}
+
+/// From the shown unit to the share of the range.
+QwtScaleMap GridItem::colorMap() const {
+    const AxisState & state = chartPlot().state(m_style.colorAxis);
+    QwtScaleMap map;
+    map.setTransformation(chartPlot().axisScaleEngine(m_style.colorAxis)->transformation());
+    map.setScaleInterval(state.range.from, state.range.to);
+    map.setPaintInterval(0, 1);
+    return map;
+}
+
+void GridItem::showColorBar(Plot & plot) const {
+    QwtScaleWidget * bar = plot.axisWidget(m_style.colorAxis);
+    const Range & range = plot.state(m_style.colorAxis).range;
+    bar->setColorBarEnabled(true);
+    bar->setColorBarWidth(14);
+    bar->setColorMap(QwtInterval(range.from, range.to), new BarColors(m_style.map, colorMap()));
+}
+
+double GridItem::valueAt(double x, double y) const {
+    const auto cell = [](double v, std::size_t n, const auto & edge) {
+        std::size_t first = 0;
+        std::size_t last = n;
+        if (n == 0 || !(v >= edge(0) && v <= edge(n)))
+            return n;
+        while (last - first > 1) {
+            const std::size_t middle = (first + last) / 2;
+            (edge(middle) <= v ? first : last) = middle;
+        }
+        return first;
+    };
+    const std::size_t i = cell(x, m_model->columns(), [this](std::size_t k) { return m_model->xEdge(k); });
+    const std::size_t j = cell(y, m_model->rows(), [this](std::size_t k) { return m_model->yEdge(k); });
+    return i < m_model->columns() && j < m_model->rows() ? m_model->value(i, j)
+                                                         : std::numeric_limits<double>::quiet_NaN();
+}
+
+template <typename Edge>
+GridItem::Sampling GridItem::sampling(const PixelScale & scale, const Edge & edge, std::size_t cells, double from,
+                                      double to, double resolution) const {
+    Sampling result;
+    const double a = scale.pixel(edge(0));
+    const double b = scale.pixel(edge(cells));
+    // An end that cannot be placed (0 on a logarithmic axis) lies beyond the canvas.
+    const auto [low, high] = std::minmax({std::isfinite(a) ? a : from, std::isfinite(b) ? b : to});
+    const double begin = std::max(low, from);
+    const double end = std::min(high, to);
+    result.first = static_cast<int>(std::floor(begin * resolution));
+    const int count = std::min(static_cast<int>(std::ceil(end * resolution)) - result.first, MAX_PIXELS);
+    if (!(end > begin) || count <= 0)
+        return result;
+    result.cell.resize(static_cast<std::size_t>(count));
+    if (m_style.isSmooth)
+        result.share.resize(static_cast<std::size_t>(count));
+    const auto centre = [&edge](std::size_t i) { return (edge(i) + edge(i + 1)) / 2; };
+    // Pixels are walked along rising values.
+    const bool isRising = b >= a;
+    std::size_t cell = 0;
+    for (int k = 0; k < count; ++k) {
+        const int pixel = isRising ? k : count - 1 - k;
+        const double value = scale.value((result.first + pixel + 0.5) / resolution);
+        while (cell + 1 < cells && edge(cell + 1) <= value)
+            ++cell;
+        const auto at = static_cast<std::size_t>(pixel);
+        result.cell[at] = cell;
+        if (!m_style.isSmooth)
+            continue;
+        const std::size_t lower = cell > 0 && value < centre(cell) ? cell - 1 : cell;
+        result.cell[at] = lower;
+        result.share[at] =
+            lower + 1 < cells ? std::clamp((value - centre(lower)) / (centre(lower + 1) - centre(lower)), 0.0, 1.0) : 0;
+    }
+    return result;
+}
+
+double GridItem::sample(const Sampling & x, std::size_t i, const Sampling & y, std::size_t j) const {
+    const std::size_t column = x.cell[i];
+    const std::size_t row = y.cell[j];
+    const double value = m_model->value(column, row);
+    if (!m_style.isSmooth)
+        return value;
+    const auto along = [&](std::size_t r) {
+        const double v = m_model->value(column, r);
+        return x.share[i] > 0 ? v + x.share[i] * (m_model->value(column + 1, r) - v) : v;
+    };
+    const double here = along(row);
+    const double smooth = y.share[j] > 0 ? here + y.share[j] * (along(row + 1) - here) : here;
+    return std::isnan(smooth) ? value : smooth; // beside a gap
+}
+
+QImage GridItem::picture(const Sampling & x, const Sampling & y) const {
+    const auto width = static_cast<int>(x.cell.size());
+    const auto height = static_cast<int>(y.cell.size());
+    QImage image(width, height, QImage::Format_ARGB32_Premultiplied);
+    const ColorMap colors(m_style.map);
+    const UnitScale & unit = chartPlot().state(m_style.colorAxis).unit;
+    const QwtScaleMap map = colorMap();
+    const double lowest = chartPlot().lowestOn(m_style.colorAxis);
+    const bool isLinear = unit.isLinear() && map.transformation() == nullptr;
+    const double factor = (map.transform(1) - map.transform(0)) * unit.factor();
+    const double offset = isLinear ? map.transform(unit.shown(0)) : 0;
+    for (int j = 0; j < height; ++j) {
+        auto * line = reinterpret_cast<QRgb *>(image.scanLine(j));
+        const auto row = static_cast<std::size_t>(j);
+        if (!m_style.isSmooth && j > 0 && y.cell[row] == y.cell[row - 1]) {
+            std::memcpy(line, image.constScanLine(j - 1), sizeof(QRgb) * x.cell.size());
+            continue;
+        }
+        for (std::size_t i = 0; i < x.cell.size(); ++i) {
+            if (!m_style.isSmooth && i > 0 && x.cell[i] == x.cell[i - 1]) {
+                line[i] = line[i - 1];
+                continue;
+            }
+            const double value = sample(x, i, y, row);
+            const QRgb color = isLinear         ? colors.rgb(value * factor + offset)
+                               : value > lowest ? colors.rgb(map.transform(unit.shown(value)))
+                                                : 0;
+            line[i] = color == 0 ? 0 : color | 0xFF000000;
+        }
+    }
+    return image;
+}
+
+void GridItem::draw(QPainter * painter, const QwtScaleMap & xMap, const QwtScaleMap & yMap,
+                    const QRectF & canvas) const {
+    if (m_model->columns() == 0 || m_model->rows() == 0)
+        return;
+    const PixelScale x{chartPlot().state(xId()).unit, xMap};
+    const PixelScale y{chartPlot().state(yId()).unit, yMap};
+    const double resolution = std::max(1.0, std::round(painter->transform().m11()));
+    const Sampling across = sampling(
+        x, [this](std::size_t i) { return m_model->xEdge(i); }, m_model->columns(), canvas.left(), canvas.right() + 1,
+        resolution);
+    const Sampling down = sampling(
+        y, [this](std::size_t j) { return m_model->yEdge(j); }, m_model->rows(), canvas.top(), canvas.bottom() + 1,
+        resolution);
+    if (across.cell.empty() || down.cell.empty())
+        return;
+    const QImage image = picture(across, down);
+    painter->drawImage(QRectF(across.first / resolution, down.first / resolution, image.width() / resolution,
+                              image.height() / resolution),
+                       image);
+    if (m_style.hasIsolines)
+        drawIsolines(*painter, x, y, canvas);
+}
+
+std::vector<double> GridItem::levels() const {
+    std::vector<double> levels = m_style.isolines;
+    if (levels.empty()) {
+        const UnitScale & unit = chartPlot().state(m_style.colorAxis).unit;
+        for (const double tick : chartPlot().axisScaleDraw(m_style.colorAxis)->scaleDiv().ticks(QwtScaleDiv::MajorTick))
+            levels.push_back(unit.data(tick));
+    }
+    std::sort(levels.begin(), levels.end());
+    return levels;
+}
+
+void GridItem::drawIsolines(QPainter & painter, const PixelScale & x, const PixelScale & y,
+                            const QRectF & canvas) const {
+    const auto place = [&](double xi, double yi) { return QPointF(x.pixel(xi), y.pixel(yi)); };
+    const auto visible = [](const PixelScale & scale, double from, double to) {
+        return std::minmax({scale.value(from), scale.value(to)});
+    };
+    const auto [left, right] = visible(x, canvas.left(), canvas.right());
+    const auto [bottom, top] = visible(y, canvas.bottom(), canvas.top());
+    const Isolines isolines(*m_model, {left, right}, {bottom, top}, canvas.size().toSize());
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    std::vector<QPointF> labels;
+    for (const double level : levels()) {
+        std::vector<QLineF> lines;
+        isolines.eachLine(level, [&](double x1, double y1, double x2, double y2) {
+            lines.emplace_back(place(x1, y1), place(x2, y2));
+        });
+        if (lines.empty())
+            continue;
+        // A light line under a dark one is seen on every colour.
+        painter.setPen(QPen(QColor(255, 255, 255, 130), 2.2));
+        painter.drawLines(lines.data(), static_cast<int>(lines.size()));
+        painter.setPen(QPen(QColor(0, 0, 0, 210), 1));
+        painter.drawLines(lines.data(), static_cast<int>(lines.size()));
+        drawLabel(painter, lines,
+                  chartPlot().valueText(m_style.colorAxis, chartPlot().state(m_style.colorAxis).unit.shown(level)),
+                  canvas, labels);
+    }
+}
+
+QwtGraphic GridItem::legendIcon(int, const QSizeF & size) const {
+    QLinearGradient gradient(0, 0, size.width(), 0);
+    const ColorMap colors(m_style.map);
+    for (int i = 0; i <= 8; ++i)
+        gradient.setColorAt(i / 8.0, QColor(colors.rgb(i / 8.0)));
+    return colorIcon(gradient, size);
+}
+
+} // namespace SCI
