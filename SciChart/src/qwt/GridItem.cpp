@@ -158,18 +158,30 @@ GridItem::Sampling GridItem::sampling(const PixelScale & scale, const Edge & edg
 }
 
 double GridItem::sample(const Sampling & x, std::size_t i, const Sampling & y, std::size_t j) const {
-    const std::size_t column = x.cell[i];
-    const std::size_t row = y.cell[j];
-    const double value = m_model->value(column, row);
     if (!m_style.isSmooth)
-        return value;
-    const auto along = [&](std::size_t r) {
-        const double v = m_model->value(column, r);
-        return x.share[i] > 0 ? v + x.share[i] * (m_model->value(column + 1, r) - v) : v;
-    };
-    const double here = along(row);
-    const double smooth = y.share[j] > 0 ? here + y.share[j] * (along(row + 1) - here) : here;
-    return std::isnan(smooth) ? value : smooth; // beside a gap
+        return m_model->value(x.cell[i], y.cell[j]);
+    // Of four cells; those without a value leave the others their weight, but a hole keeps its shape.
+    const double right = x.share[i];
+    const double up = y.share[j];
+    const bool isNearRight = right >= 0.5;
+    const bool isNearUp = up >= 0.5;
+    double sum = 0;
+    double weight = 0;
+    for (int k = 0; k < 4; ++k) {
+        const bool isRight = (k & 1) != 0;
+        const bool isUp = (k & 2) != 0;
+        const double w = (isRight ? right : 1 - right) * (isUp ? up : 1 - up);
+        if (w == 0)
+            continue;
+        const double v = m_model->value(x.cell[i] + (isRight ? 1 : 0), y.cell[j] + (isUp ? 1 : 0));
+        if (!std::isnan(v)) {
+            sum += w * v;
+            weight += w;
+        } else if (isRight == isNearRight && isUp == isNearUp) {
+            return v;
+        }
+    }
+    return sum / weight;
 }
 
 QImage GridItem::picture(const Sampling & x, const Sampling & y) const {
