@@ -1,5 +1,7 @@
 #include "SundialsState.h"
 
+#include "VectorKernels.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -23,8 +25,8 @@ SundialsState::SundialsState(Model & model, const IntegratorSettings & settings,
         throw Exception("Cannot create the integrator's context.", where);
     m_context.reset(context);
     const std::size_t extended = size + 2 * model.exchangeRates().size();
-    m_vector.reset(N_VNew_Serial(static_cast<sunindextype>(extended), context));
-    m_tolerances.reset(N_VNew_Serial(static_cast<sunindextype>(extended), context));
+    m_vector.reset(newVector(extended, context));
+    m_tolerances.reset(newVector(extended, context));
     if (!m_vector || !m_tolerances)
         throw Exception("Not enough memory for the integrator.", where);
 
