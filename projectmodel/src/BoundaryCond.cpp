@@ -62,6 +62,14 @@ constexpr Required REQUIRED[] = {
     {Kind::FlowCoefficientModel,   Para::FlowCoefficient                 },
 };
 
+/// A coefficient may come from the climate, and only short waves are absorbed.
+bool isRequired(const BoundaryCond & condition, Para para) {
+    if (para == Para::ExchangeCoefficient && condition.m_kind == Kind::Exchange)
+        return !condition.m_ccReferences.contains(ClimateCond::condition_t::HeatTransferCoefficient);
+    return para != Para::SurfaceAbsorptionCoefficient ||
+           condition.m_type != BoundaryCond::condition_t::LongWaveRadiation;
+}
+
 } // namespace
 
 void BoundaryCond::readXML(const TiXmlElement & element) {
@@ -101,7 +109,7 @@ void BoundaryCond::checkParameters() const {
     constexpr const char * WHERE = "[BoundaryCond::checkParameters]";
     const std::string context = KOR::text("Boundary condition '%1': ", m_name);
     for (const Required & required : REQUIRED)
-        if (required.kind == m_kind && !m_para.contains(required.para))
+        if (required.kind == m_kind && !m_para.contains(required.para) && isRequired(*this, required.para))
             throw KOR::Exception(KOR::text("%1Parameter '%2' is missing for kind '%3'.", context,
                                            KeywordList::Keyword(required.para), KeywordList::Keyword(m_kind)),
                                  WHERE);

@@ -1,9 +1,10 @@
 #include "BoundaryLaws.h"
 
+#include "LawTable.h"
+
 #include <SOLVER/Physics.h>
 
 #include <KOR/Exception.h>
-#include <KOR/MessageHandler.h>
 #include <MM/Physics.h>
 
 #include <algorithm>
@@ -51,15 +52,17 @@ double vaporPressure(const BoundaryLaw & law, const ClimateMoment & moment) {
 
 double exchangeCoefficient(const BoundaryLaw & law, const ClimateMoment & moment) {
     double coefficient = law.coefficient;
-    if (law.slope != 0)
-        coefficient +=
-            law.slope * std::pow(std::max(0.0, law.signals.value(moment, Quantity::WindVelocity)), law.exponent);
+    if (law.slope != 0) {
+        const Quantity velocity = law.signals.has(Quantity::WindVelocity) ? Quantity::WindVelocity : Quantity::Velocity;
+        coefficient += law.slope * std::pow(std::max(0.0, law.signals.value(moment, velocity)), law.exponent);
+    }
     return std::max(0.0, coefficient);
 }
 
 void heatSurfaceValue(const BoundaryLaw & law, const ClimateMoment & moment, SurfaceLoad & load) {
     load.hasTemperature = true;
     load.airTemperature = temperature(law, moment);
+    load.heatDirection = law.heatDirection;
 }
 
 void heatFlux(const BoundaryLaw & law, const ClimateMoment & moment, SurfaceLoad & load) {
@@ -67,15 +70,32 @@ void heatFlux(const BoundaryLaw & law, const ClimateMoment & moment, SurfaceLoad
 }
 
 /// Several exchanges on one surface add up to one with the mean of their air temperatures.
-void heatExchange(const BoundaryLaw & law, const ClimateMoment & moment, SurfaceLoad & load) {
-    const double coefficient = law.signals.has(Quantity::HeatTransferCoefficient)
-                                   ? law.signals.value(moment, Quantity::HeatTransferCoefficient)
-                                   : exchangeCoefficient(law, moment);
+void addExchange(double coefficient, double T, const BoundaryLaw & law, SurfaceLoad & load) {
     const double sum = load.heatTransfer + coefficient;
-    const double T = temperature(law, moment);
     if (!load.hasTemperature)
         load.airTemperature = sum > 0 ? (load.heatTransfer * load.airTemperature + coefficient * T) / sum : T;
     load.heatTransfer = sum;
+    load.heatDirection = law.heatDirection;
+}
+
+void heatExchange(const BoundaryLaw & law, const ClimateMoment & moment, SurfaceLoad & load) {
+    addExchange(law.signals.has(Quantity::HeatTransferCoefficient)
+                    ? law.signals.value(moment, Quantity::HeatTransferCoefficient)
+                    : exchangeCoefficient(law, moment),
+                temperature(law, moment), law, load);
+}
+
+void pipeCollector(const BoundaryLaw & law, const ClimateMoment & moment, SurfaceLoad & load) {
+    const double T = temperature(law, moment);
+    const auto given = [&](Quantity quantity) { return law.signals.value(moment, quantity); };
+    const double massFlow = law.signals.has(Quantity::MassFlowRate) ? given(Quantity::MassFlowRate)
+                            : law.signals.has(Quantity::FluidFlowRate)
+                                ? law.pipe.density(T) * given(Quantity::FluidFlowRate)
+                                : law.pipe.density(T) * law.pipe.innerArea() * given(Quantity::Velocity);
+    const double inner = law.signals.has(Quantity::HeatTransferCoefficient)
+                             ? given(Quantity::HeatTransferCoefficient)
+                             : law.pipe.innerCoefficient(T, std::max(massFlow, 0.0));
+    addExchange(law.pipe.perArea * law.pipe.conductance(massFlow, inner), T, law, load);
 }
 
 void vaporSurfaceValue(const BoundaryLaw & law, const ClimateMoment & moment, SurfaceLoad & load) {
@@ -157,21 +177,20 @@ void addLongWave(const BoundaryLaw & law, const ClimateMoment & moment, double s
     load.emissivity += law.factor * view;
 }
 
-void longWaveComponents(const BoundaryLaw & law, const ClimateMoment & moment, SurfaceLoad & load) {
-    addLongWave(law, moment,
-                law.signals.has(Quantity::LWRadiationSkyEmission)
-                    ? law.signals.value(moment, Quantity::LWRadiationSkyEmission)
-                    : blackBody(law.signals.value(moment, Quantity::SkyTemperature)),
-                load);
+/// The emission of the sky [W/m2]: measured, by its temperature, out of humidity and clouds, or of a clear sky.
+double skyEmissionOf(const BoundaryLaw & law, const ClimateMoment & moment) {
+    const auto given = [&](Quantity quantity) { return law.signals.value(moment, quantity); };
+    if (law.signals.has(Quantity::LWRadiationSkyEmission))
+        return given(Quantity::LWRadiationSkyEmission);
+    if (law.signals.has(Quantity::SkyTemperature))
+        return blackBody(given(Quantity::SkyTemperature));
+    if (law.useHumidityAndClouds)
+        return skyEmission(temperature(law, moment), given(Quantity::RelativeHumidity), given(Quantity::CloudCoverage));
+    return blackBody(temperature(law, moment) - CLEAR_SKY_DIFFERENCE);
 }
 
-void longWaveModel(const BoundaryLaw & law, const ClimateMoment & moment, SurfaceLoad & load) {
-    const double T = temperature(law, moment);
-    addLongWave(law, moment,
-                law.useHumidityAndClouds ? skyEmission(T, law.signals.value(moment, Quantity::RelativeHumidity),
-                                                       law.signals.value(moment, Quantity::CloudCoverage))
-                                         : blackBody(T - CLEAR_SKY_DIFFERENCE),
-                load);
+void longWaveExchange(const BoundaryLaw & law, const ClimateMoment & moment, SurfaceLoad & load) {
+    addLongWave(law, moment, skyEmissionOf(law, moment), load);
 }
 
 /// Water under a pressure head [m]; negative heads are suctions.
@@ -182,6 +201,7 @@ void setHead(double head, SurfaceLoad & load) {
 
 void waterHead(const BoundaryLaw & law, const ClimateMoment & moment, SurfaceLoad & load) {
     setHead(law.signals.value(moment, Quantity::PressureHead), load);
+    load.openToLiquid = law.factor;
 }
 
 void waterFlux(const BoundaryLaw & law, const ClimateMoment & moment, SurfaceLoad & load) {
@@ -192,25 +212,14 @@ void waterFlux(const BoundaryLaw & law, const ClimateMoment & moment, SurfaceLoa
 /// The head is the height of the water level above the bottom of the construction; surfaces above it are dry.
 void hydrostaticProfile(const BoundaryLaw & law, const ClimateMoment & moment, SurfaceLoad & load) {
     const double head = law.signals.value(moment, Quantity::PressureHead) - law.position.height;
-    if (head > 0)
-        setHead(head, load);
+    if (head <= 0)
+        return;
+    setHead(head, load);
+    load.openToLiquid = law.factor;
 }
 
 // *** The table ***
 
-/// Up to four names; the rest are left empty.
-template <typename Name> struct Names {
-    std::array<Name, 6> names{};
-    std::size_t count = 0;
-    constexpr Names(std::initializer_list<Name> list) {
-        for (const Name name : list)
-            names[count++] = name;
-    }
-    const Name * begin() const { return names.data(); }
-    const Name * end() const { return names.data() + count; }
-    bool contains(Name name) const { return std::find(begin(), end(), name) != end(); }
-};
-using Quantities = Names<Quantity>;
 using Parameters = Names<Para>;
 
 struct Row {
@@ -229,26 +238,29 @@ constexpr Parameters NO_PARAMETERS{};
 constexpr Quantities AIR{Quantity::Temperature, Quantity::RelativeHumidity};
 
 // clang-format off
-//  type and kind                                          law                 climate needed, optional; parameters needed, used
+//  type and kind                                            law                 climate needed, optional; parameters needed, used
 const Row ROWS[] = {
-    {Type::HeatConduction, Kind::SurfaceValue,             heatSurfaceValue,   {Quantity::Temperature}, {}, NO_PARAMETERS, NO_PARAMETERS},
-    {Type::HeatConduction, Kind::ImposedFlux,              heatFlux,           {Quantity::HeatFlux}, {}, NO_PARAMETERS, NO_PARAMETERS},
-    {Type::HeatConduction, Kind::Exchange,                 heatExchange,       {Quantity::Temperature}, {Quantity::HeatTransferCoefficient}, {}, {ExchangeCoefficient}},
-    {Type::HeatConduction, Kind::ExchangeVelocity,         heatExchange,       {Quantity::Temperature, Quantity::WindVelocity}, {}, {ExchangeCoefficient, ExchangeSlope, ExchangeExponent}, {}},
-    {Type::VaporDiffusion, Kind::SurfaceValue,             vaporSurfaceValue,  AIR, {Quantity::VaporPressure}, NO_PARAMETERS, NO_PARAMETERS},
-    {Type::VaporDiffusion, Kind::ImposedFlux,              vaporFlux,          {Quantity::WaterFlux}, {}, NO_PARAMETERS, NO_PARAMETERS},
-    {Type::VaporDiffusion, Kind::Exchange,                 vaporExchange,      AIR, {Quantity::VaporPressure}, {ExchangeCoefficient}, {SDValue}},
-    {Type::VaporDiffusion, Kind::ExchangeVelocity,         vaporExchange,      {Quantity::Temperature, Quantity::RelativeHumidity, Quantity::WindVelocity}, {Quantity::VaporPressure}, {ExchangeCoefficient, ExchangeSlope, ExchangeExponent}, {SDValue}},
-    {Type::WindDrivenRain, Kind::ImposedFlux,              rainFlux,           {Quantity::RainFluxNormal}, {Quantity::Temperature}, {}, {ExposureCoefficient, MinRainTemperature, SurfaceLiquidFraction}},
-    {Type::WindDrivenRain, Kind::StandardRainModel,        standardRain,       {Quantity::RainFluxHorizontal, Quantity::WindDirection, Quantity::WindVelocity}, {Quantity::Temperature}, {}, {ExposureCoefficient, MinRainTemperature, SurfaceLiquidFraction}},
-    {Type::ShortWaveRadiation, Kind::ImposedFlux,          shortWaveFlux,      {Quantity::SWRadiationImposed}, {}, {}, {SurfaceAbsorptionCoefficient}},
-    {Type::ShortWaveRadiation, Kind::StandardRadiationModel, shortWaveModel,   {Quantity::SWRadiationDirect, Quantity::SWRadiationDiffuse}, {}, {SurfaceAbsorptionCoefficient}, {}},
-    {Type::LongWaveRadiation, Kind::ImposedFlux,           longWaveFlux,       {Quantity::LWRadiationFlux}, {}, NO_PARAMETERS, NO_PARAMETERS},
-    {Type::LongWaveRadiation, Kind::LongWaveComponents,    longWaveComponents, {Quantity::LWRadiationSkyEmission}, {Quantity::SkyTemperature, Quantity::LWRadiationGroundEmission, Quantity::Temperature}, {SurfaceEmissionCoefficient}, {}},
-    {Type::LongWaveRadiation, Kind::StandardRadiationModel, longWaveModel,     {Quantity::Temperature}, {Quantity::RelativeHumidity, Quantity::CloudCoverage, Quantity::LWRadiationGroundEmission}, {SurfaceEmissionCoefficient}, {}},
-    {Type::WaterContact, Kind::SurfaceValue,               waterHead,          {Quantity::PressureHead}, {}, NO_PARAMETERS, NO_PARAMETERS},
-    {Type::WaterContact, Kind::ImposedFlux,                waterFlux,          {Quantity::WaterFlux}, {Quantity::Temperature}, {}, {SurfaceLiquidFraction}},
-    {Type::WaterContact, Kind::HydrostaticProfile,         hydrostaticProfile, {Quantity::PressureHead}, {}, NO_PARAMETERS, NO_PARAMETERS},
+    {Type::HeatConduction,     Kind::SurfaceValue,           heatSurfaceValue,   {Quantity::Temperature}, {}, NO_PARAMETERS, NO_PARAMETERS},
+    {Type::HeatConduction,     Kind::ImposedFlux,            heatFlux,           {Quantity::HeatFlux}, {}, NO_PARAMETERS, NO_PARAMETERS},
+    {Type::HeatConduction,     Kind::Exchange,               heatExchange,       {Quantity::Temperature}, {Quantity::HeatTransferCoefficient}, {}, {ExchangeCoefficient}},
+    {Type::HeatConduction,     Kind::ExchangeVelocity,       heatExchange,       {Quantity::Temperature, Quantity::WindVelocity}, {Quantity::Velocity}, {ExchangeCoefficient, ExchangeSlope, ExchangeExponent}, {}},
+    {Type::HeatConduction,     Kind::PipeCollectorModel,     pipeCollector,      {Quantity::Temperature}, {Quantity::MassFlowRate, Quantity::FluidFlowRate, Quantity::Velocity, Quantity::HeatTransferCoefficient},
+                                                                                 {PipeCollectorDiameter, PipeCollectorThickness, PipeCollectorLength, PipeCollectorThermalConductivity},
+                                                                                 {PipeCollectorFluidHeatCapacity, PipeCollectorModelFraction, PipeCollectorGlycolContent}},
+    {Type::VaporDiffusion,     Kind::SurfaceValue,           vaporSurfaceValue,  AIR, {Quantity::VaporPressure}, NO_PARAMETERS, NO_PARAMETERS},
+    {Type::VaporDiffusion,     Kind::ImposedFlux,            vaporFlux,          {Quantity::WaterFlux}, {}, NO_PARAMETERS, NO_PARAMETERS},
+    {Type::VaporDiffusion,     Kind::Exchange,               vaporExchange,      AIR, {Quantity::VaporPressure}, {ExchangeCoefficient}, {SDValue}},
+    {Type::VaporDiffusion,     Kind::ExchangeVelocity,       vaporExchange,      {Quantity::Temperature, Quantity::RelativeHumidity, Quantity::WindVelocity}, {Quantity::VaporPressure, Quantity::Velocity}, {ExchangeCoefficient, ExchangeSlope, ExchangeExponent}, {SDValue}},
+    {Type::WindDrivenRain,     Kind::ImposedFlux,            rainFlux,           {Quantity::RainFluxNormal}, {Quantity::Temperature}, {}, {ExposureCoefficient, MinRainTemperature, SurfaceLiquidFraction}},
+    {Type::WindDrivenRain,     Kind::StandardRainModel,      standardRain,       {Quantity::RainFluxHorizontal, Quantity::WindDirection, Quantity::WindVelocity}, {Quantity::Temperature}, {}, {ExposureCoefficient, MinRainTemperature, SurfaceLiquidFraction}},
+    {Type::ShortWaveRadiation, Kind::ImposedFlux,            shortWaveFlux,      {Quantity::SWRadiationImposed}, {}, {}, {SurfaceAbsorptionCoefficient}},
+    {Type::ShortWaveRadiation, Kind::StandardRadiationModel, shortWaveModel,     {Quantity::SWRadiationDirect, Quantity::SWRadiationDiffuse}, {}, {SurfaceAbsorptionCoefficient}, {}},
+    {Type::LongWaveRadiation,  Kind::ImposedFlux,            longWaveFlux,       {Quantity::LWRadiationFlux}, {}, NO_PARAMETERS, NO_PARAMETERS},
+    {Type::LongWaveRadiation,  Kind::LongWaveComponents,     longWaveExchange,   {Quantity::LWRadiationSkyEmission}, {Quantity::SkyTemperature, Quantity::LWRadiationGroundEmission, Quantity::Temperature, Quantity::RelativeHumidity, Quantity::CloudCoverage}, {SurfaceEmissionCoefficient}, {}},
+    {Type::LongWaveRadiation,  Kind::StandardRadiationModel, longWaveExchange,   {Quantity::Temperature}, {Quantity::SkyTemperature, Quantity::LWRadiationGroundEmission, Quantity::RelativeHumidity, Quantity::CloudCoverage}, {SurfaceEmissionCoefficient}, {}},
+    {Type::WaterContact,       Kind::SurfaceValue,           waterHead,          {Quantity::PressureHead}, {}, NO_PARAMETERS, {SurfaceLiquidFraction}},
+    {Type::WaterContact,       Kind::ImposedFlux,            waterFlux,          {Quantity::WaterFlux}, {Quantity::Temperature}, {}, {SurfaceLiquidFraction}},
+    {Type::WaterContact,       Kind::HydrostaticProfile,     hydrostaticProfile, {Quantity::PressureHead}, {}, NO_PARAMETERS, {SurfaceLiquidFraction}},
 };
 // clang-format on
 
@@ -258,7 +270,9 @@ struct Substitute {
 };
 constexpr Substitute SUBSTITUTES[] = {
     {Quantity::RelativeHumidity,       Quantity::VaporPressure },
+    {Quantity::WindVelocity,           Quantity::Velocity      },
     {Quantity::LWRadiationSkyEmission, Quantity::SkyTemperature},
+    {Quantity::LWRadiationSkyEmission, Quantity::CloudCoverage },
 };
 
 const Row & rowOf(const BoundaryCond & condition) {
@@ -285,31 +299,61 @@ bool isSubstituted(const BoundaryCond & condition, Quantity quantity) {
                        [&](const Substitute & row) { return row.quantity == quantity && has(row.by); });
 }
 
-void requireQuantity(const BoundaryCond & condition, Quantity quantity, std::string_view reason) {
-    if (!condition.m_ccReferences.contains(quantity))
-        throw Exception(text("Climate quantity '%1' is missing%2.", KeywordList::Keyword(quantity), reason), WHERE);
+/// Types whose law a flag can change.
+bool isFlagUsed(const BoundaryCond & condition, Flag flag) {
+    switch (flag) {
+    case Flag::UseVaporPressure:
+        return condition.m_type == Type::VaporDiffusion && condition.m_kind != Kind::ImposedFlux;
+    case Flag::IncludeRHandClouds:
+        return condition.m_type == Type::LongWaveRadiation && condition.m_kind != Kind::ImposedFlux &&
+               !condition.m_ccReferences.contains(Quantity::LWRadiationSkyEmission) &&
+               !condition.m_ccReferences.contains(Quantity::SkyTemperature);
+    case Flag::IncludeGround:
+        return condition.m_type == Type::LongWaveRadiation && condition.m_kind != Kind::ImposedFlux;
+    case Flag::FluidSettingsHeatPipe:
+        return condition.m_kind == Kind::PipeCollectorModel;
+    }
+    return false;
+}
+/// Clouds that are given count, unless the flag says otherwise.
+bool usesHumidityAndClouds(const BoundaryCond & condition) {
+    return isFlagUsed(condition, Flag::IncludeRHandClouds) &&
+           condition.m_flag.isEnabled(Flag::IncludeRHandClouds,
+                                      condition.m_ccReferences.contains(Quantity::CloudCoverage));
 }
 
-/// Named quantities and parameters, against those of the row.
+struct UsedFlags {
+    const BoundaryCond & condition;
+    bool contains(Flag flag) const { return isFlagUsed(condition, flag); }
+};
+
+/// Named quantities, parameters and flags, against those of the row.
 void checkAgainst(const Row & row, const BoundaryCond & condition) {
     for (const Quantity quantity : row.required)
         if (!isSubstituted(condition, quantity))
-            requireQuantity(condition, quantity, "");
-    for (const Para key : row.needed)
-        if (!condition.m_para.contains(key))
-            throw Exception(text("Parameter '%1' is missing.", KeywordList::Keyword(key)), WHERE);
-    for (const auto & [key, value] : condition.m_para)
-        if (!row.needed.contains(key) && !row.used.contains(key))
-            KOR::message(text("Boundary condition '%1': parameter '%2' has no effect in type '%3' of kind '%4'.",
-                              condition.m_name, KeywordList::Keyword(key), KeywordList::Keyword(row.type),
-                              KeywordList::Keyword(row.kind)),
-                         KOR::MSG_WARNING, WHERE);
-    for (const auto & [quantity, name] : condition.m_ccReferences)
-        if (!row.required.contains(quantity) && !row.optional.contains(quantity))
-            KOR::message(text("Boundary condition '%1': climate quantity '%2' has no effect in type '%3' of kind '%4'.",
-                              condition.m_name, KeywordList::Keyword(quantity), KeywordList::Keyword(row.type),
-                              KeywordList::Keyword(row.kind)),
-                         KOR::MSG_WARNING, WHERE);
+            requireQuantity(condition, quantity, "", WHERE);
+    if (row.apply == pipeCollector)
+        requireOneOf(condition, {Quantity::MassFlowRate, Quantity::FluidFlowRate, Quantity::Velocity}, WHERE);
+    checkUse(row, condition, UsedFlags{condition}, text("Boundary condition '%1'", condition.m_name),
+             text("type '%1' of kind '%2'", KeywordList::Keyword(row.type), KeywordList::Keyword(row.kind)), WHERE);
+    if (condition.m_flag.isEnabled(Flag::UseVaporPressure) && isFlagUsed(condition, Flag::UseVaporPressure))
+        requireQuantity(condition, Quantity::VaporPressure, ", which flag 'UseVaporPressure' asks for", WHERE);
+    if (usesHumidityAndClouds(condition))
+        for (const Quantity quantity : {Quantity::Temperature, Quantity::RelativeHumidity, Quantity::CloudCoverage})
+            requireQuantity(condition, quantity, ", which sky radiation out of humidity and clouds needs", WHERE);
+    if (condition.m_flag.isEnabled(Flag::IncludeGround) && isFlagUsed(condition, Flag::IncludeGround) &&
+        !condition.m_ccReferences.contains(Quantity::LWRadiationGroundEmission))
+        requireQuantity(condition, Quantity::Temperature, ", which flag 'IncludeGround' asks for", WHERE);
+}
+
+/// What only heats or only cools: 0, 1 or -1 of SurfaceLoad::heatDirection.
+int heatDirectionOf(const BoundaryCond & condition) {
+    const int mode = condition.m_intPara.value(BoundaryCond::intpara_t::HeatingCooling).value_or(0);
+    if (mode != 0 && (condition.m_type != Type::HeatConduction || condition.m_kind == Kind::ImposedFlux))
+        throw Exception(text("Parameter 'HeatingCooling' cannot be used in type '%1' of kind '%2'.",
+                             KeywordList::Keyword(condition.m_type), KeywordList::Keyword(condition.m_kind)),
+                        WHERE);
+    return mode == 0 ? 0 : mode == 1 ? 1 : -1;
 }
 
 } // namespace
@@ -344,7 +388,8 @@ BoundaryLaw BoundaryLaw::fromCondition(const BoundaryCond & condition) {
     const bool isHeat = condition.m_type == Type::HeatConduction;
     law.coefficient = parameter(condition, ExchangeCoefficient, 0, isHeat ? "W/m2K" : "s/m");
     if (condition.m_kind == Kind::Exchange && isHeat && !condition.m_para.contains(ExchangeCoefficient))
-        requireQuantity(condition, Quantity::HeatTransferCoefficient, ", and so is parameter 'ExchangeCoefficient'");
+        requireQuantity(condition, Quantity::HeatTransferCoefficient, ", and so is parameter 'ExchangeCoefficient'",
+                        WHERE);
     if (condition.m_kind == Kind::ExchangeVelocity) {
         law.slope = parameter(condition, ExchangeSlope, 0, isHeat ? "J/m3K" : "s2/m2");
         law.exponent = parameter(condition, ExchangeExponent, 1, "---");
@@ -357,7 +402,7 @@ BoundaryLaw BoundaryLaw::fromCondition(const BoundaryCond & condition) {
         law.hasMinimum = condition.m_ccReferences.contains(Quantity::Temperature);
         law.minimum = parameter(condition, MinRainTemperature, DEFAULT_SNOW_LIMIT, "K");
         if (condition.m_para.contains(MinRainTemperature))
-            requireQuantity(condition, Quantity::Temperature, ", which parameter 'MinRainTemperature' needs");
+            requireQuantity(condition, Quantity::Temperature, ", which parameter 'MinRainTemperature' needs", WHERE);
         break;
     case Type::ShortWaveRadiation:
         law.factor = factor(SurfaceAbsorptionCoefficient);
@@ -371,16 +416,11 @@ BoundaryLaw BoundaryLaw::fromCondition(const BoundaryCond & condition) {
     default:
         break;
     }
-    if (condition.m_flag.isEnabled(Flag::UseVaporPressure))
-        requireQuantity(condition, Quantity::VaporPressure, ", which flag 'UseVaporPressure' asks for");
-    law.useHumidityAndClouds = condition.m_flag.isEnabled(Flag::IncludeRHandClouds);
-    if (law.useHumidityAndClouds && row.apply == longWaveModel)
-        for (const Quantity quantity : {Quantity::RelativeHumidity, Quantity::CloudCoverage})
-            requireQuantity(condition, quantity, ", which flag 'IncludeRHandClouds' asks for");
+    law.useHumidityAndClouds = usesHumidityAndClouds(condition);
     law.includeGround = condition.m_flag.isEnabled(Flag::IncludeGround);
-    if (law.includeGround && condition.m_type == Type::LongWaveRadiation && condition.m_kind != Kind::ImposedFlux &&
-        !condition.m_ccReferences.contains(Quantity::LWRadiationGroundEmission))
-        requireQuantity(condition, Quantity::Temperature, ", which flag 'IncludeGround' asks for");
+    law.heatDirection = heatDirectionOf(condition);
+    if (law.isPipe())
+        law.pipe = PipeCollector::fromCondition(condition);
     return law;
 }
 
@@ -390,6 +430,14 @@ bool BoundaryLaw::needsSun() const {
 
 bool BoundaryLaw::isRain() const {
     return apply == rainFlux || apply == standardRain;
+}
+
+bool BoundaryLaw::isPipe() const {
+    return apply == pipeCollector;
+}
+
+bool BoundaryLaw::isHeatExchange() const {
+    return apply == heatSurfaceValue || apply == heatExchange || apply == pipeCollector;
 }
 
 bool BoundaryLaw::isHydrostatic() const {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "PipeCollector.h"
+
 #include <SOLVER/SurfaceLoad.h>
 
 #include <CCM/SolarRadiationModel.h>
@@ -77,6 +79,8 @@ struct BoundaryLaw {
     bool hasMinimum = false; ///< snow below it
     bool useHumidityAndClouds = false;
     bool includeGround = false;
+    int heatDirection = 0; ///< see SurfaceLoad
+    PipeCollector pipe;
     SurfacePosition position;
     double skyView = 1;           ///< (1 + cos(inclination)) / 2
     std::uint32_t sun = 0;        ///< index into ClimateMoment::suns
@@ -90,6 +94,9 @@ struct BoundaryLaw {
     bool isRain() const;
     /// Depends on the height of the surface.
     bool isHydrostatic() const;
+    bool isPipe() const;
+    /// Brings heat by a difference of temperatures.
+    bool isHeatExchange() const;
 };
 
 /// Driving rain on a wall [kg/m2s] after ISO 15927-3: two ninths of wind velocity [m/s] and the power 8/9 of the rain

@@ -12,9 +12,9 @@ std::uint32_t ClimateDriver::addGroup(std::vector<BoundaryLaw> laws) {
     return static_cast<std::uint32_t>(m_groups.size() - 1);
 }
 
-std::uint32_t ClimateDriver::addCellLaw(CellLaw law) {
-    m_cellLaws.push_back(std::move(law));
-    return static_cast<std::uint32_t>(m_cellLaws.size() - 1);
+std::uint32_t ClimateDriver::addFieldLaw(FieldLaw law) {
+    m_fieldLaws.push_back(std::move(law));
+    return static_cast<std::uint32_t>(m_fieldLaws.size() - 1);
 }
 
 void ClimateDriver::connectSun(BoundaryLaw & law, const CCM::SolarRadiationModel & place) {
@@ -36,7 +36,7 @@ ClimateDriver::Scratch ClimateDriver::makeScratch() const {
     scratch.values.resize(m_signals.size());
     scratch.suns = m_suns;
     scratch.surfaces.resize(m_groups.size());
-    scratch.cells.resize(m_cellLaws.size());
+    scratch.cells.resize(m_fieldLaws.size());
     return scratch;
 }
 
@@ -58,20 +58,24 @@ void ClimateDriver::evaluate(double time, Scratch & scratch, ModelInput::Loads l
                 if (law.active.contains(time))
                     law.apply(law, moment, load);
         }
-        for (std::size_t i = 0; i < m_cellLaws.size(); ++i) {
-            const CellLaw & law = m_cellLaws[i];
-            CellLoad & load = scratch.cells[i] = {};
-            if (law.active.contains(time)) {
-                load = law.limits;
-                law.apply(law, moment, load);
-            }
+        for (std::size_t i = 0; i < m_fieldLaws.size(); ++i) {
+            const FieldLaw & law = m_fieldLaws[i];
+            CellLoad & load = scratch.cells[i] = law.limits;
+            if (!law.active.contains(time))
+                continue;
+            law.apply(law, moment, load);
+            if (law.signals.has(QuantitySignals::Quantity::Percentage))
+                scale(load, law.signals.value(moment, QuantitySignals::Quantity::Percentage));
         }
         scratch.time = time;
     }
     for (std::size_t s = 0; s < m_groupOfSurface.size(); ++s)
         loads.surfaces[s] = scratch.surfaces[m_groupOfSurface[s]];
-    for (std::size_t c = 0; c < m_lawOfCell.size(); ++c)
-        loads.cells[c] = scratch.cells[m_lawOfCell[c]];
+    for (std::size_t c = 0; c < m_cells.size(); ++c) {
+        CellLoad & load = loads.cells[c] = scratch.cells[m_cells[c].law];
+        scale(load, m_cells[c].factor);
+        load.maxMoisture = std::min(load.maxMoisture, m_cells[c].maxMoisture);
+    }
 }
 
 JumpTable ClimateDriver::jumps() const {
@@ -95,7 +99,7 @@ JumpTable ClimateDriver::jumps() const {
     };
     for (const auto & group : m_groups)
         std::for_each(group.begin(), group.end(), addLaw);
-    for (const CellLaw & law : m_cellLaws) {
+    for (const FieldLaw & law : m_fieldLaws) {
         addActive(law.active);
         std::for_each(law.rain.begin(), law.rain.end(), addLaw);
     }

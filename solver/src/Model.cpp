@@ -282,9 +282,10 @@ Exchange Model::loadRate(const CellLoad & load, const CellState & cell) const {
                              std::max(0.0, load.leakVaporPressure / (R_VAPOR * load.leakTemperature) - held) *
                              room(cell.moisture, load.maxMoisture);
     in.water = water + vaporIn - vaporOut + condensed;
-    in.heat += condensed * enthalpyOfVapor(load.leakTemperature) +
-               water * enthalpyOfLiquid(water > 0 ? load.waterTemperature : cell.temperature) +
-               vaporIn * enthalpyOfVapor(load.airTemperature) - vaporOut * enthalpyOfVapor(cell.temperature);
+    in.heat +=
+        condensed * enthalpyOfVapor(load.leakTemperature) +
+        water * enthalpyOfLiquid(water > 0 && load.waterTemperature > 0 ? load.waterTemperature : cell.temperature) +
+        vaporIn * enthalpyOfVapor(load.airTemperature) - vaporOut * enthalpyOfVapor(cell.temperature);
     return in;
 }
 

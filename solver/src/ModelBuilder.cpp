@@ -2,6 +2,7 @@
 
 #include <SOLVER/Physics.h>
 
+#include <KOR/MessageHandler.h>
 #include <KOR/Time.h>
 
 #include <cmath>
@@ -68,6 +69,7 @@ Construction buildConstruction(const HYGRION::Project & project) {
 Construction ModelBuilder::build() {
     m_project.checkReferences();
     m_project.GUISanityChecks();
+    checkAssignments();
     readSettings();
     m_driver = std::make_unique<ClimateDriver>(ClimateSignals(m_project, m_result.startTime, m_result.endTime));
     readGrid();
@@ -81,6 +83,23 @@ Construction ModelBuilder::build() {
     readIntegratorSettings();
     finishClimate();
     return std::move(m_result);
+}
+
+/// What would have no effect where it lies.
+void ModelBuilder::checkAssignments() const {
+    using HYGRION::Assignment;
+    using Type = Assignment::type_t;
+    for (std::size_t a = 0; a < m_project.m_assignments.size(); ++a) {
+        const Assignment & assignment = m_project.m_assignments.m_list[a];
+        const bool needsSide = assignment.m_type == Type::Interface || assignment.m_type == Type::ContactCondition;
+        const bool hasSide = assignment.m_location != Assignment::location_t::Element &&
+                             assignment.m_location != Assignment::location_t::Coordinate;
+        const bool fits = needsSide ? hasSide : assignment.m_location == Assignment::location_t::Element;
+        if (!fits && assignment.m_type != Type::Output)
+            refuse(text("Assignment %1: type '%2' cannot be used with location '%3'; it needs %4.",
+                        m_project.assignmentLabel(a), KeywordList::Keyword(assignment.m_type),
+                        KeywordList::Keyword(assignment.m_location), needsSide ? "a side of cells" : "'Element'"));
+    }
 }
 
 void ModelBuilder::checkModules() const {
@@ -125,6 +144,9 @@ void ModelBuilder::readSettings() {
 
     m_result.input.useGravity = init.isEnabled(Init::flag_t::UseBouyancyLiquid);
     m_result.input.useIce = init.isEnabled(Init::flag_t::UseIce);
+    if (init.isEnabled(Init::flag_t::UseBouyancyGas))
+        KOR::message("Flag 'UseBouyancyGas' has no effect: the flow of air is not calculated.", KOR::MSG_WARNING,
+                     "[SOLVER::buildConstruction]");
     const double reference = init.parameter(Init::para_t::IsothermalTRef).get_value("K");
     if (m_result.input.module == module_t::moisture)
         m_isothermalTemperature = reference;
@@ -156,6 +178,8 @@ void ModelBuilder::readIntegratorSettings() {
     settings.maxOrder = count(Para::MaxOrder);
     settings.maxNonlinearIterations = count(Para::MaxNonlinIter);
     settings.nonlinearCoefficient = number(Para::NonlinSolverConvCoeff);
+    if (given.m_para.contains(Para::PreBandWidth))
+        settings.preconditionerBandWidth = count(Para::PreBandWidth);
     settings.maxKrylovDimension = count(Para::MaxKrylovDim);
     settings.iterativeCoefficient = number(Para::IterativeSolverConvCoeff);
     settings.useStabilityLimitDetection = given.isEnabled(SolverSettings::flag_t::UseStabilityLimitDetection);

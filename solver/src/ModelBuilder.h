@@ -45,6 +45,7 @@ private:
     };
 
     // ModelBuilder.cpp
+    void checkAssignments() const;
     void readSettings();
     void checkModules() const;
     void readIntegratorSettings();
@@ -53,6 +54,7 @@ private:
     // ModelBuilderGrid.cpp
     void readGrid();
     void makeCells();
+    void checkEmptyCells() const;
     void makeFaces();
     void makeGeometry();
     CellAssignments resolve(const std::vector<std::uint32_t> & assignments);
@@ -65,6 +67,11 @@ private:
     double height(const GridFace & face) const;
     std::size_t gridIndex(const Index & index) const {
         return (index[2] * m_size[1] + index[1]) * m_size[0] + index[0];
+    }
+    Index indexOf(std::size_t gridIndex) const {
+        const std::size_t row = gridIndex / m_size[0];
+        return {static_cast<std::uint32_t>(gridIndex % m_size[0]), static_cast<std::uint32_t>(row % m_size[1]),
+                static_cast<std::uint32_t>(row / m_size[1])};
     }
     std::uint64_t faceKey(const GridFace & face) const;
     std::int64_t cellAt(const Index & index) const { return m_result.cellOfGrid[gridIndex(index)]; }
@@ -82,6 +89,7 @@ private:
     InterfaceLaws & lawsOf(const HYGRION::Interface & interface);
     BoundaryLaw lawOf(const HYGRION::Interface & interface, const HYGRION::BoundaryCond & condition,
                       const HYGRION::Interface::Generated * generated);
+    double pipeShare(const HYGRION::Interface & interface, const HYGRION::BoundaryCond & condition) const;
     SurfacePosition positionOf(const HYGRION::Interface & interface, bool needsOrientation) const;
     ActiveTimes activeTimes(const std::string & schedule) const;
     const CCM::SolarRadiationModel & place();
@@ -95,6 +103,21 @@ private:
 
     // ModelBuilderFields.cpp
     void makeFieldConditions();
+    void makeFieldLoads(const HYGRION::FieldCond & condition, const HYGRION::Range & range);
+    void makeCavityRadiation(const HYGRION::FieldCond & condition, const HYGRION::Range & range);
+    const HYGRION::FieldCond & fieldCondition(const std::string & name) const;
+    FieldLaw fieldLawOf(const HYGRION::FieldCond & condition);
+    /// Of a block of cells, the shortest of its extents in the directions of the grid [m].
+    double layerThickness(const HYGRION::Range & range) const;
+    /// Water that flows through a block of cells along a direction.
+    struct WaterFlow {
+        std::size_t direction = 0;
+        bool isUpwards = true;   ///< towards growing indices
+        std::uint32_t first = 0; ///< index of the cells where it enters, along the direction
+        std::uint32_t inlet = 0; ///< and of their faces
+        double area = 0;         ///< where it enters [m2]
+    };
+    WaterFlow waterFlow(const HYGRION::FieldCond & condition, const HYGRION::Range & range) const;
 
     const HYGRION::Project & m_project;
     Construction m_result;

@@ -1,5 +1,6 @@
 #include "ModelBuilder.h"
 
+#include <KOR/MessageHandler.h>
 #include <MM/Foils.h>
 #include <MM/Physics.h>
 
@@ -45,8 +46,10 @@ constexpr Row ROWS[] = {
 constexpr Para ADAPTIVE[] = {Para::WEIGHT_FACTOR_POS, Para::WEIGHT_FACTOR_NEG, Para::SCALING_A_POS,
                              Para::SCALING_B_POS,     Para::SCALING_C_POS,     Para::SCALING_A_NEG,
                              Para::SCALING_B_NEG,     Para::SCALING_C_NEG};
-/// They belong to balances that are not solved.
-constexpr Para WITHOUT_EFFECT[] = {Para::AirConvectionResistance, Para::SaltDiffusionResistance};
+/// They belong to balances that are not solved, or to moving air.
+constexpr Para WITHOUT_EFFECT[] = {Para::AirConvectionResistance, Para::SaltDiffusionResistance,
+                                   Para::HeatExchangeSlope,       Para::HeatExchangeExponent,
+                                   Para::VaporExchangeSlope,      Para::VaporExchangeExponent};
 
 bool contains(std::span<const Para> list, Para key) {
     return std::find(list.begin(), list.end(), key) != list.end();
@@ -67,13 +70,14 @@ void checkParameters(const ContactCond & condition) {
 
 /// The function of a foil for one direction of the vapour.
 ModelInput::Foil foilOf(const MM::VaporContactResistanceModel & model, bool positiveIsForward) {
-    const auto resistance = [&](bool positive) {
-        const MM::AdaptiveResistance adaptive = model.resistance(positive);
-        if (adaptive.weight != 0.5)
-            refuse("Weighting factors of a foil other than 0.5 are not available.");
-        return [adaptive](double humidity) { return adaptive.value(humidity, humidity) / MM::KV_AIR; };
+    const MM::AdaptiveResistance sides[] = {model.resistance(positiveIsForward), model.resistance(!positiveIsForward)};
+    for (const MM::AdaptiveResistance & side : sides)
+        if (!(side.weight >= 0 && side.weight <= 1))
+            refuse("Weighting factors of a foil must lie between 0 and 1.");
+    const auto resistance = [](const MM::AdaptiveResistance & side) {
+        return [side](double humidity) { return side.value(humidity, humidity) / MM::KV_AIR; };
     };
-    return {resistance(positiveIsForward), resistance(!positiveIsForward)};
+    return {resistance(sides[0]), resistance(sides[1]), sides[0].weight, sides[1].weight};
 }
 
 } // namespace
@@ -87,7 +91,10 @@ ContactResistance ModelBuilder::contactOf(const ContactCond & condition) {
         if (condition.m_type == Type::VOCMassTransfer)
             refuse("Type 'VOCMassTransfer' belongs to the transport of pollutants (VOC), which is not available.");
         if (condition.m_kind == ContactCond::kind_t::ExchangeVelocityDependent)
-            refuse("Kind 'ExchangeVelocityDependent' needs the velocity of the air inside, which is not calculated.");
+            KOR::message(text("Contact condition '%1': the air inside stands still as long as its flow is not "
+                              "calculated; the coefficients for still air count.",
+                              condition.m_name),
+                         KOR::MSG_WARNING, "[SOLVER::buildConstruction]");
         condition.checkParameters();
         checkParameters(condition);
 

@@ -2,6 +2,8 @@
 
 #include <SOLVER/Physics.h>
 
+#include <KOR/MessageHandler.h>
+
 #include <algorithm>
 #include <cmath>
 #include <numbers>
@@ -281,6 +283,61 @@ void ModelBuilder::makeCells() {
             }
     if (m_result.input.cells.empty())
         refuse("No material is assigned to any cell.");
+    checkEmptyCells();
+}
+
+/// Cells without material are open air of a detail; in a wall, and where no surface faces them, they are an oversight.
+void ModelBuilder::checkEmptyCells() const {
+    const bool isWall = m_size[1] == 1 && m_size[2] == 1;
+    std::set<std::uint64_t> faced;
+    for (const Assignment & assignment : m_project.m_assignments.m_list)
+        if (assignment.m_type == Assignment::type_t::Interface)
+            for (const GridFace & face : facesOf(assignment))
+                faced.insert(faceKey(face));
+    std::vector<bool> seen(m_result.cellOfGrid.size(), false);
+    for (std::size_t start = 0; start < seen.size(); ++start) {
+        if (m_result.cellOfGrid[start] != NO_CELL || seen[start])
+            continue;
+        const Index first = indexOf(start);
+        if (isWall)
+            refuse(text("The cell at %1 has no material.", placeText(first)));
+        // All empty cells that hang together, and whether an interface looks at them.
+        bool isFaced = false;
+        bool isEnclosed = true;
+        std::vector<Index> open{first};
+        seen[start] = true;
+        while (!open.empty()) {
+            const Index index = open.back();
+            open.pop_back();
+            for (std::size_t d = 0; d < 3; ++d)
+                for (const bool isUpper : {false, true}) {
+                    GridFace face{d, index};
+                    face.index[d] += isUpper ? 1 : 0;
+                    isFaced = isFaced || faced.contains(faceKey(face));
+                    if (isUpper ? index[d] + 1 == m_size[d] : index[d] == 0) {
+                        isEnclosed = isEnclosed && m_size[d] == 1;
+                        continue;
+                    }
+                    Index next = index;
+                    next[d] += isUpper ? 1u : -1u;
+                    if (cellAt(next) == NO_CELL && !seen[gridIndex(next)]) {
+                        seen[gridIndex(next)] = true;
+                        open.push_back(next);
+                    }
+                }
+        }
+        if (isFaced)
+            continue;
+        if (isEnclosed)
+            refuse(
+                text("The cells without material at %1 have no interface: either a material or the climate that they "
+                     "stand for is missing.",
+                     placeText(first)));
+        KOR::message(text("No heat and no moisture passes into the cells without material at %1, which have no "
+                          "interface.",
+                          placeText(first)),
+                     KOR::MSG_WARNING, "[SOLVER::buildConstruction]");
+    }
 }
 
 std::array<double, 3> ModelBuilder::upDirection() const {

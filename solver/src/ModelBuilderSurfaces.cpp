@@ -98,11 +98,31 @@ BoundaryLaw ModelBuilder::lawOf(const Interface & interface, const BoundaryCond 
     law.active = activeTimes(condition.m_schedule);
     law.position = positionOf(interface, law.needsSun() || condition.m_kind == BoundaryCond::kind_t::StandardRainModel);
     law.skyView = (1 + std::cos(law.position.inclination)) / 2;
+    if (law.isPipe())
+        law.pipe.perArea = pipeShare(interface, condition);
     if (m_result.input.useReferenceTemperature && condition.m_type == Type::VaporDiffusion)
         law.kelvinTemperature = MM::T_REF;
     if (law.needsSun())
         m_driver->connectSun(law, place());
     return law;
+}
+
+/// A section through a pipe, or a part of that, holds as much of it as the model is deep; otherwise the model holds all.
+double ModelBuilder::pipeShare(const Interface & interface, const BoundaryCond & condition) const {
+    double sum = 0;
+    for (const Assignment & assignment : m_project.m_assignments.m_list)
+        if (assignment.m_type == Assignment::type_t::Interface && assignment.m_reference == interface.m_name)
+            for (const GridFace & face : facesOf(assignment)) {
+                const auto [before, behind] = cellsAt(face);
+                if ((before == NO_CELL) != (behind == NO_CELL))
+                    sum += area(face);
+            }
+    if (!(sum > 0))
+        refuse("The pipe has no surface.");
+    const double fraction = condition.m_para.value(BoundaryCond::para_t::PipeCollectorModelFraction, "---").value_or(1);
+    const double length = condition.m_para.value(BoundaryCond::para_t::PipeCollectorLength, "m").value_or(1);
+    const bool isSection = m_size[1] > 1 && m_size[2] == 1 && m_angle == 0;
+    return fraction * (isSection ? m_widths[2][0] / length : 1) / sum;
 }
 
 ModelBuilder::InterfaceLaws & ModelBuilder::lawsOf(const Interface & interface) {
@@ -135,6 +155,12 @@ ModelBuilder::InterfaceLaws & ModelBuilder::lawsOf(const Interface & interface) 
             for (const BoundaryCond & condition : generated.m_boundaryConditions)
                 add(condition, &generated);
         }
+        const auto exchanges = std::count_if(laws.laws.begin(), laws.laws.end(),
+                                             [](const BoundaryLaw & law) { return law.isHeatExchange(); });
+        if (exchanges > 1 && std::any_of(laws.laws.begin(), laws.laws.end(),
+                                         [](const BoundaryLaw & law) { return law.heatDirection != 0; }))
+            refuse("A heat exchange that only heats or cools (parameter 'HeatingCooling') must be the only one of its "
+                   "interface.");
         laws.isHydrostatic = std::any_of(laws.laws.begin(), laws.laws.end(),
                                          [](const BoundaryLaw & law) { return law.isHydrostatic(); });
         return m_interfaceLaws.emplace(interface.m_name, std::move(laws)).first->second;

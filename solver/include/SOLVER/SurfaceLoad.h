@@ -34,7 +34,7 @@ struct CellLoad {
     bool canHeat = true;           ///< thermostat and fluid give heat below their temperature
     bool canCool = true;           ///< and take it above
     double water = 0;              ///< liquid [kg/m3s]
-    double waterTemperature = 293; ///< of it [K]
+    double waterTemperature = 0;   ///< of it [K]; 0: as warm as the cell
     double maxMoisture = 1e30;     ///< no water is added above this moisture mass density [kg/m3]
     double minMoisture = 0;        ///< and none taken away below this [kg/m3]
     double heatTransfer = 0;       ///< to a fluid [W/m3K]
