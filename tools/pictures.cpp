@@ -1,4 +1,6 @@
 // pictures DIRECTORY: draws the pictures of the documentation, each in English and German, light and dark.
+#include "ConstructionPictures.h"
+
 #include "HygDebugApplication.h"
 #include "HygMainWindow.h"
 #include "HygMessageHandler.h"
@@ -97,6 +99,7 @@ void draw(const QString & target, const QString & home, language_t language, con
     HygPreferencesDialog preferences(settings, &languages, &window);
     preferences.show();
     save(preferences, target + QStringLiteral("/preferences") + suffix);
+    drawConstructionPictures(target, suffix);
     KOR::MessageHandlerRegistry::instance().setMessageHandler(nullptr);
 }
 

@@ -25,6 +25,585 @@
     </message>
 </context>
 <context>
+    <name>HygConstructionEditor</name>
+    <message numerus="yes">
+        <source>%n assignments went with their cells. Undo brings them back.</source>
+        <translation>
+            <numerusform>%n Zuweisung ging mit ihren Zellen. Rückgängig holt sie zurück.</numerusform>
+            <numerusform>%n Zuweisungen gingen mit ihren Zellen. Rückgängig holt sie zurück.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Insert %n columns</source>
+        <translation>
+            <numerusform>Spalte einfügen</numerusform>
+            <numerusform>%n Spalten einfügen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Insert %n rows</source>
+        <translation>
+            <numerusform>Zeile einfügen</numerusform>
+            <numerusform>%n Zeilen einfügen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Split cells</source>
+        <translation>Zellen teilen</translation>
+    </message>
+    <message>
+        <source>Merge cells</source>
+        <translation>Zellen verbinden</translation>
+    </message>
+    <message>
+        <source>Delete columns</source>
+        <translation>Spalten löschen</translation>
+    </message>
+    <message>
+        <source>Delete rows</source>
+        <translation>Zeilen löschen</translation>
+    </message>
+    <message>
+        <source>Mirror cells</source>
+        <translation>Zellen spiegeln</translation>
+    </message>
+    <message>
+        <source>Move cells</source>
+        <translation>Zellen verschieben</translation>
+    </message>
+    <message>
+        <source>Change width</source>
+        <translation>Breite ändern</translation>
+    </message>
+    <message>
+        <source>Change thickness</source>
+        <translation>Dicke ändern</translation>
+    </message>
+    <message>
+        <source>Add layer</source>
+        <translation>Schicht hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add layer &apos;%1&apos;</source>
+        <translation>Schicht „%1“ hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add material</source>
+        <translation>Material hinzufügen</translation>
+    </message>
+    <message>
+        <source>Automatic discretization</source>
+        <translation>Automatische Diskretisierung</translation>
+    </message>
+    <message>
+        <source>Assign &apos;%1&apos;</source>
+        <translation>„%1“ zuweisen</translation>
+    </message>
+    <message>
+        <source>Take &apos;%1&apos; off</source>
+        <translation>„%1“ abnehmen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove %n assignments</source>
+        <translation>
+            <numerusform>Zuweisung entfernen</numerusform>
+            <numerusform>%n Zuweisungen entfernen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Change assignment</source>
+        <translation>Zuweisung ändern</translation>
+    </message>
+    <message>
+        <source>Clear cells</source>
+        <translation>Zellen leeren</translation>
+    </message>
+    <message>
+        <source>Paste cells</source>
+        <translation>Zellen einfügen</translation>
+    </message>
+    <message>
+        <source>Not pasted, since the project has no definition of that name: %1</source>
+        <translation>Nicht eingefügt, da das Projekt keine Definition dieses Namens hat: %1</translation>
+    </message>
+    <message>
+        <source>Resolve overlaps</source>
+        <translation>Überlappungen auflösen</translation>
+    </message>
+    <message>
+        <source>Outside</source>
+        <translation>Außen</translation>
+    </message>
+    <message>
+        <source>Inside</source>
+        <translation>Innen</translation>
+    </message>
+    <message>
+        <source>Add outdoor climate</source>
+        <translation>Außenklima hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add indoor climate</source>
+        <translation>Innenklima hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add interface</source>
+        <translation>Oberfläche hinzufügen</translation>
+    </message>
+    <message>
+        <source>Start a 2D detail</source>
+        <translation>2D-Detail beginnen</translation>
+    </message>
+</context>
+<context>
+    <name>HygConstructionScene</name>
+    <message>
+        <source>Material</source>
+        <translation>Material</translation>
+    </message>
+    <message>
+        <source>Interface</source>
+        <translation>Oberfläche</translation>
+    </message>
+    <message>
+        <source>Initial condition</source>
+        <translation>Anfangsbedingung</translation>
+    </message>
+    <message>
+        <source>Field condition</source>
+        <translation>Feldbedingung</translation>
+    </message>
+    <message>
+        <source>Contact condition</source>
+        <translation>Kontaktbedingung</translation>
+    </message>
+    <message>
+        <source>Output</source>
+        <translation>Ausgabe</translation>
+    </message>
+    <message>
+        <source>Cells</source>
+        <translation>Zellen</translation>
+    </message>
+    <message>
+        <source>Left side</source>
+        <translation>Linke Seite</translation>
+    </message>
+    <message>
+        <source>Right side</source>
+        <translation>Rechte Seite</translation>
+    </message>
+    <message>
+        <source>Bottom side</source>
+        <translation>Untere Seite</translation>
+    </message>
+    <message>
+        <source>Top side</source>
+        <translation>Obere Seite</translation>
+    </message>
+    <message>
+        <source>Back side</source>
+        <translation>Hintere Seite</translation>
+    </message>
+    <message>
+        <source>Front side</source>
+        <translation>Vordere Seite</translation>
+    </message>
+    <message>
+        <source>Point</source>
+        <translation>Punkt</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>Lage</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>keines</translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>und %n weitere</numerusform>
+            <numerusform>und %n weitere</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Column %1, row %2</source>
+        <translation>Spalte %1, Zeile %2</translation>
+    </message>
+    <message>
+        <source>Column %1</source>
+        <translation>Spalte %1</translation>
+    </message>
+</context>
+<context>
+    <name>HygConstructionStart</name>
+    <message>
+        <source>Draw your construction</source>
+        <translation>Konstruktion zeichnen</translation>
+    </message>
+    <message>
+        <source>A wall or roof is a stack of layers, from the outside on the left to the inside on the right.</source>
+        <translation>Eine Wand oder ein Dach ist ein Stapel von Schichten, von außen (links) nach innen (rechts).</translation>
+    </message>
+    <message>
+        <source>Add the first layer ...</source>
+        <translation>Erste Schicht hinzufügen ...</translation>
+    </message>
+    <message>
+        <source>Choose a material and its thickness; the cells are made for you</source>
+        <translation>Material und Dicke wählen; die Zellen entstehen von selbst</translation>
+    </message>
+    <message>
+        <source>Draw a 2D detail</source>
+        <translation>2D-Detail zeichnen</translation>
+    </message>
+    <message>
+        <source>Start with a grid of 6 x 6 cells of 100 mm, for corners, reveals and slab edges</source>
+        <translation>Mit einem Gitter aus 6 x 6 Zellen von 100 mm beginnen, für Ecken, Laibungen und Deckenränder</translation>
+    </message>
+    <message>
+        <source>Everything you do here can be undone.</source>
+        <translation>Alles, was Sie hier tun, lässt sich rückgängig machen.</translation>
+    </message>
+</context>
+<context>
+    <name>HygConstructionView</name>
+    <message>
+        <source>Materials</source>
+        <translation>Materialien</translation>
+    </message>
+    <message>
+        <source>Interfaces</source>
+        <translation>Oberflächen</translation>
+    </message>
+    <message>
+        <source>Contacts</source>
+        <translation>Kontakte</translation>
+    </message>
+    <message>
+        <source>Field conditions</source>
+        <translation>Feldbedingungen</translation>
+    </message>
+    <message>
+        <source>Initial conditions</source>
+        <translation>Anfangsbedingungen</translation>
+    </message>
+    <message>
+        <source>Outputs</source>
+        <translation>Ausgaben</translation>
+    </message>
+    <message>
+        <source>Names of the materials</source>
+        <translation>Namen der Materialien</translation>
+    </message>
+    <message>
+        <source>Interfaces: coloured lines along the surfaces that face a climate</source>
+        <translation>Oberflächen: farbige Linien entlang der Flächen, die an ein Klima grenzen</translation>
+    </message>
+    <message>
+        <source>Contact conditions: dashed lines between cells, such as foils</source>
+        <translation>Kontaktbedingungen: gestrichelte Linien zwischen Zellen, zum Beispiel Folien</translation>
+    </message>
+    <message>
+        <source>Field conditions: sources and sinks inside the construction</source>
+        <translation>Feldbedingungen: Quellen und Senken in der Konstruktion</translation>
+    </message>
+    <message>
+        <source>Initial conditions: the state in which cells start</source>
+        <translation>Anfangsbedingungen: der Zustand, in dem Zellen beginnen</translation>
+    </message>
+    <message>
+        <source>Outputs: the cells whose values are written</source>
+        <translation>Ausgaben: die Zellen, deren Werte geschrieben werden</translation>
+    </message>
+    <message>
+        <source>Insert</source>
+        <translation>Einfügen</translation>
+    </message>
+    <message>
+        <source>Split</source>
+        <translation>Teilen</translation>
+    </message>
+    <message>
+        <source>Merge</source>
+        <translation>Verbinden</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Mirror</source>
+        <translation>Spiegeln</translation>
+    </message>
+    <message>
+        <source>Add layer ...</source>
+        <translation>Schicht hinzufügen ...</translation>
+    </message>
+    <message>
+        <source>Add a layer of a material and thickness</source>
+        <translation>Eine Schicht aus Material und Dicke hinzufügen</translation>
+    </message>
+    <message>
+        <source>Insert column to the left</source>
+        <translation>Spalte links einfügen</translation>
+    </message>
+    <message>
+        <source>New columns like the one on their left, as many as are selected</source>
+        <translation>Neue Spalten wie die links von ihnen, so viele wie ausgewählt sind</translation>
+    </message>
+    <message>
+        <source>Insert column to the right</source>
+        <translation>Spalte rechts einfügen</translation>
+    </message>
+    <message>
+        <source>Insert row above</source>
+        <translation>Zeile darüber einfügen</translation>
+    </message>
+    <message>
+        <source>New rows like the one below them, as many as are selected</source>
+        <translation>Neue Zeilen wie die unter ihnen, so viele wie ausgewählt sind</translation>
+    </message>
+    <message>
+        <source>Insert row below</source>
+        <translation>Zeile darunter einfügen</translation>
+    </message>
+    <message>
+        <source>Split columns</source>
+        <translation>Spalten teilen</translation>
+    </message>
+    <message>
+        <source>Divide each selected column in two</source>
+        <translation>Jede ausgewählte Spalte halbieren</translation>
+    </message>
+    <message>
+        <source>Split rows</source>
+        <translation>Zeilen teilen</translation>
+    </message>
+    <message>
+        <source>Divide each selected row in two</source>
+        <translation>Jede ausgewählte Zeile halbieren</translation>
+    </message>
+    <message>
+        <source>Merge columns</source>
+        <translation>Spalten verbinden</translation>
+    </message>
+    <message>
+        <source>Make one column of the selected ones; the widest part decides on its material</source>
+        <translation>Aus den ausgewählten Spalten eine machen; der breiteste Teil bestimmt das Material</translation>
+    </message>
+    <message>
+        <source>Merge rows</source>
+        <translation>Zeilen verbinden</translation>
+    </message>
+    <message>
+        <source>Make one row of the selected ones; the highest part decides on its material</source>
+        <translation>Aus den ausgewählten Zeilen eine machen; der höchste Teil bestimmt das Material</translation>
+    </message>
+    <message>
+        <source>Delete columns</source>
+        <translation>Spalten löschen</translation>
+    </message>
+    <message>
+        <source>Take the selected columns out; the construction becomes narrower</source>
+        <translation>Die ausgewählten Spalten herausnehmen; die Konstruktion wird schmaler</translation>
+    </message>
+    <message>
+        <source>Delete rows</source>
+        <translation>Zeilen löschen</translation>
+    </message>
+    <message>
+        <source>Take the selected rows out; the construction becomes lower</source>
+        <translation>Die ausgewählten Zeilen herausnehmen; die Konstruktion wird niedriger</translation>
+    </message>
+    <message>
+        <source>Mirror left and right</source>
+        <translation>Links und rechts spiegeln</translation>
+    </message>
+    <message>
+        <source>Reverse the order of the selected columns, of all without a selection</source>
+        <translation>Reihenfolge der ausgewählten Spalten umkehren, ohne Auswahl die aller</translation>
+    </message>
+    <message>
+        <source>Mirror top and bottom</source>
+        <translation>Oben und unten spiegeln</translation>
+    </message>
+    <message>
+        <source>Reverse the order of the selected rows, of all without a selection</source>
+        <translation>Reihenfolge der ausgewählten Zeilen umkehren, ohne Auswahl die aller</translation>
+    </message>
+    <message>
+        <source>Column width ...</source>
+        <translation>Spaltenbreite ...</translation>
+    </message>
+    <message>
+        <source>Set the width of the selected columns (usually 0.1 mm to 1 m)</source>
+        <translation>Breite der ausgewählten Spalten festlegen (meist 0,1 mm bis 1 m)</translation>
+    </message>
+    <message>
+        <source>Row height ...</source>
+        <translation>Zeilenhöhe ...</translation>
+    </message>
+    <message>
+        <source>Set the height of the selected rows (usually 0.1 mm to 1 m)</source>
+        <translation>Höhe der ausgewählten Zeilen festlegen (meist 0,1 mm bis 1 m)</translation>
+    </message>
+    <message>
+        <source>Automatic discretization ...</source>
+        <translation>Automatische Diskretisierung ...</translation>
+    </message>
+    <message>
+        <source>Divide layers into cells, fine where temperature and moisture change quickly</source>
+        <translation>Schichten in Zellen teilen, fein, wo Temperatur und Feuchte sich schnell ändern</translation>
+    </message>
+    <message>
+        <source>Copy cells</source>
+        <translation>Zellen kopieren</translation>
+    </message>
+    <message>
+        <source>Copy what is assigned to the selected cells</source>
+        <translation>Kopieren, was den ausgewählten Zellen zugewiesen ist</translation>
+    </message>
+    <message>
+        <source>Cut cells</source>
+        <translation>Zellen ausschneiden</translation>
+    </message>
+    <message>
+        <source>Copy what is assigned to the selected cells and take it off them</source>
+        <translation>Kopieren, was den ausgewählten Zellen zugewiesen ist, und es von ihnen abnehmen</translation>
+    </message>
+    <message>
+        <source>Paste cells</source>
+        <translation>Zellen einfügen</translation>
+    </message>
+    <message>
+        <source>Assign what was copied, from the lower left selected cell on</source>
+        <translation>Das Kopierte zuweisen, von der ausgewählten Zelle links unten an</translation>
+    </message>
+    <message>
+        <source>Clear cells</source>
+        <translation>Zellen leeren</translation>
+    </message>
+    <message>
+        <source>Take everything off the selected cells</source>
+        <translation>Alles von den ausgewählten Zellen abnehmen</translation>
+    </message>
+    <message>
+        <source>Select all cells</source>
+        <translation>Alle Zellen auswählen</translation>
+    </message>
+    <message>
+        <source>Select the whole construction</source>
+        <translation>Die ganze Konstruktion auswählen</translation>
+    </message>
+    <message>
+        <source>Select cells of this material</source>
+        <translation>Zellen dieses Materials auswählen</translation>
+    </message>
+    <message>
+        <source>Select all cells of the material under the last selected cell; in the drawing the key M does the same</source>
+        <translation>Alle Zellen mit dem Material der zuletzt ausgewählten auswählen; in der Zeichnung tut das auch die Taste M</translation>
+    </message>
+    <message>
+        <source>Show all</source>
+        <translation>Alles zeigen</translation>
+    </message>
+    <message>
+        <source>Fit the construction into the window</source>
+        <translation>Die Konstruktion in das Fenster einpassen</translation>
+    </message>
+    <message>
+        <source>Show selection</source>
+        <translation>Auswahl zeigen</translation>
+    </message>
+    <message>
+        <source>Zoom to the selected cells</source>
+        <translation>Auf die ausgewählten Zellen vergrößern</translation>
+    </message>
+    <message>
+        <source>Zoom in</source>
+        <translation>Vergrößern</translation>
+    </message>
+    <message>
+        <source>Zoom in; the mouse wheel zooms at the pointer</source>
+        <translation>Vergrößern; das Mausrad vergrößert am Zeiger</translation>
+    </message>
+    <message>
+        <source>Zoom out</source>
+        <translation>Verkleinern</translation>
+    </message>
+    <message>
+        <source>Zoom out; the mouse wheel zooms at the pointer</source>
+        <translation>Verkleinern; das Mausrad verkleinert am Zeiger</translation>
+    </message>
+    <message>
+        <source>Equal cells</source>
+        <translation>Gleiche Zellen</translation>
+    </message>
+    <message>
+        <source>Draw all cells alike, so that thin ones can be reached; otherwise to scale</source>
+        <translation>Alle Zellen gleich zeichnen, damit dünne erreichbar sind; sonst maßstäblich</translation>
+    </message>
+    <message>
+        <source>Grid lines</source>
+        <translation>Gitterlinien</translation>
+    </message>
+    <message>
+        <source>Draw the borders of the cells</source>
+        <translation>Die Ränder der Zellen zeichnen</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <comment>tool tip and keys</comment>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>Drawing of the construction</source>
+        <translation>Zeichnung der Konstruktion</translation>
+    </message>
+    <message>
+        <source>Stack plane</source>
+        <translation>Ebene</translation>
+    </message>
+    <message>
+        <source>The plane that is shown; Page Up and Page Down go to the next ones</source>
+        <translation>Die gezeigte Ebene; Bild auf und Bild ab gehen zu den nächsten</translation>
+    </message>
+    <message>
+        <source>Construction: %1, %2 x %3 cells</source>
+        <translation>Konstruktion: %1, %2 x %3 Zellen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Selected: columns %1 to %2, rows %3 to %4, %5, %n cells</source>
+        <translation>
+            <numerusform>Ausgewählt: Spalten %1 bis %2, Zeilen %3 bis %4, %5, %n Zelle</numerusform>
+            <numerusform>Ausgewählt: Spalten %1 bis %2, Zeilen %3 bis %4, %5, %n Zellen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Plane %1 of %2</source>
+        <translation>Ebene %1 von %2</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation>Breite</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>Höhe</translation>
+    </message>
+    <message>
+        <source>Width of the selected cells together; they keep their proportions. Usually 0.1 mm to 1 m.</source>
+        <translation>Breite der ausgewählten Zellen zusammen; sie behalten ihre Verhältnisse. Meist 0,1 mm bis 1 m.</translation>
+    </message>
+</context>
+<context>
     <name>HygFileActions</name>
     <message>
         <source>Save the changes of project &apos;%1&apos;?</source>
@@ -53,6 +632,20 @@
     <message>
         <source>Save a copy</source>
         <translation>Kopie speichern</translation>
+    </message>
+</context>
+<context>
+    <name>HygGridRuler</name>
+    <message numerus="yes">
+        <source>%n cells</source>
+        <translation>
+            <numerusform>%n Zelle</numerusform>
+            <numerusform>%n Zellen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 in %2. Click to select, double-click for another width.</source>
+        <translation>%1 in %2. Klick wählt aus, Doppelklick ändert die Breite.</translation>
     </message>
 </context>
 <context>

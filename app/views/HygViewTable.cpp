@@ -1,5 +1,7 @@
 #include "views/HygViewTable.h"
 
+#include "construction/HygConstructionView.h"
+
 #include <QtGlobal>
 
 using namespace HygViewTable;
@@ -15,7 +17,7 @@ template <typename View> [[maybe_unused]] QWidget * make(HygProjectHandler * pro
 //   view           icon            title                                               help page       project  factory
 constexpr Row ROWS[] = {
     {Start,        "start",         QT_TRANSLATE_NOOP("HygMainWindow", "Start"),        "projects",      false, nullptr},
-    {Construction, "construction",  QT_TRANSLATE_NOOP("HygMainWindow", "Construction"), "construction",  true,  nullptr},
+    {Construction, "construction",  QT_TRANSLATE_NOOP("HygMainWindow", "Construction"), "construction",  true,  make<HygConstructionView>},
     {Conditions,   "conditions",    QT_TRANSLATE_NOOP("HygMainWindow", "Conditions"),   "conditions",    true,  nullptr},
     {Outputs,      "outputs",       QT_TRANSLATE_NOOP("HygMainWindow", "Outputs"),      "outputs",       true,  nullptr},
     {Materials,    "materials",     QT_TRANSLATE_NOOP("HygMainWindow", "Materials"),    "materials",     false, nullptr},

@@ -1,0 +1,372 @@
+#include "construction/HygConstructionEditor.h"
+
+#include "construction/HygCellPlane.h"
+#include "construction/HygConstructionScene.h"
+#include "document/HygProjectHandler.h"
+#include "undo/HygEditing.h"
+#include "undo/HygUndoDefinitions.h"
+
+#include <KOR/Exception.h>
+#include <KOR/UnitList.h>
+
+#include <QUndoStack>
+
+#include <algorithm>
+#include <numeric>
+#include <set>
+
+namespace {
+
+using namespace HYGRION;
+using type_t = Assignment::type_t;
+using location_t = Assignment::location_t;
+
+/// A kind of definition has a name that nobody else of the kind has.
+std::string freeName(const std::vector<Interface> & list, const std::string & wanted) {
+    std::string name = wanted;
+    for (int n = 2; std::any_of(list.begin(), list.end(), [&](const Interface & item) { return item.m_name == name; });
+         ++n)
+        name = wanted + ' ' + std::to_string(n);
+    return name;
+}
+
+/// What sits on a side at the end of the construction moves to the end after cells have been put there.
+void moveEndSide(Assignments & assignments, std::uint32_t from, std::uint32_t to) {
+    for (Assignment & assignment : assignments.m_list)
+        if (assignment.m_location == location_t::Right && assignment.m_range.right == from)
+            assignment.m_range.left = assignment.m_range.right = to;
+}
+
+} // namespace
+
+HygConstructionEditor::HygConstructionEditor(HygProjectHandler & projects, QObject * parent)
+    : QObject(parent), m_projects(projects) {}
+
+QUndoStack & HygConstructionEditor::stack() const {
+    return m_projects.undoStack();
+}
+
+const Project & HygConstructionEditor::project() const {
+    return m_projects.project();
+}
+
+bool HygConstructionEditor::hasProject() const {
+    return m_projects.hasProject();
+}
+
+void HygConstructionEditor::attempt(const std::function<void()> & action) {
+    if (!hasProject())
+        return;
+    try {
+        action();
+    } catch (const KOR::Exception & ex) {
+        emit refused(QString::fromUtf8(ex.what()));
+    }
+}
+
+void HygConstructionEditor::changeGrid(const QString & text, const GridChange & change) {
+    attempt([&] { stack().push(HygEditing::gridCommand(text, project(), change).release()); });
+}
+
+void HygConstructionEditor::changeList(const QString & text, const ListChange & change) {
+    attempt([&] { stack().push(HygEditing::assignmentsCommand(text, project(), change).release()); });
+}
+
+void HygConstructionEditor::tellGone(const std::vector<Assignment> & gone) {
+    if (!gone.empty())
+        emit informed(
+            tr("%n assignments went with their cells. Undo brings them back.", nullptr, static_cast<int>(gone.size())));
+}
+
+void HygConstructionEditor::insert(unsigned int dir, std::size_t before, std::size_t count) {
+    const int number = static_cast<int>(count);
+    changeGrid(dir == Disc::X ? tr("Insert %n columns", nullptr, number) : tr("Insert %n rows", nullptr, number),
+               [&](Disc & disc, Assignments & assignments) {
+                   const std::size_t size = std::as_const(disc).steps(dir).size();
+                   edit::insertSteps(disc, assignments, dir, before, count);
+                   if (dir == Disc::X && before == size)
+                       moveEndSide(assignments, static_cast<std::uint32_t>(size - 1),
+                                   static_cast<std::uint32_t>(size + count - 1));
+               });
+}
+
+void HygConstructionEditor::split(unsigned int dir, std::size_t first, std::size_t last, std::size_t count) {
+    changeGrid(tr("Split cells"), [&](Disc & disc, Assignments & assignments) {
+        for (std::size_t i = last + 1; i-- > first;)
+            edit::splitStep(disc, assignments, dir, i, count);
+    });
+}
+
+void HygConstructionEditor::merge(unsigned int dir, std::size_t first, std::size_t last) {
+    std::vector<Assignment> gone;
+    changeGrid(tr("Merge cells"), [&](Disc & disc, Assignments & assignments) {
+        gone = edit::mergeSteps(disc, assignments, dir, first, last);
+    });
+    tellGone(gone);
+}
+
+void HygConstructionEditor::remove(unsigned int dir, std::size_t first, std::size_t last) {
+    std::vector<Assignment> gone;
+    changeGrid(dir == Disc::X ? tr("Delete columns") : tr("Delete rows"), [&](Disc & disc, Assignments & assignments) {
+        gone = edit::removeSteps(disc, assignments, dir, first, last);
+    });
+    tellGone(gone);
+}
+
+void HygConstructionEditor::mirror(unsigned int dir, std::size_t first, std::size_t last) {
+    changeGrid(tr("Mirror cells"),
+               [&](Disc & disc, Assignments & assignments) { edit::mirrorSteps(disc, assignments, dir, first, last); });
+}
+
+void HygConstructionEditor::move(unsigned int dir, std::size_t first, std::size_t last, std::size_t before) {
+    changeGrid(tr("Move cells"), [&](Disc & disc, Assignments & assignments) {
+        // The surfaces of the construction stay where they are.
+        const auto end = static_cast<std::uint32_t>(std::as_const(disc).steps(dir).size() - 1);
+        std::vector<Assignment> surfaces;
+        if (dir == Disc::X)
+            std::erase_if(assignments.m_list, [&](const Assignment & assignment) {
+                const Range cells = edit::effectiveRange(assignment);
+                const bool isSurface = (assignment.m_location == location_t::Left && cells.left == 0) ||
+                                       (assignment.m_location == location_t::Right && cells.right == end);
+                if (isSurface)
+                    surfaces.push_back(assignment);
+                return isSurface;
+            });
+        edit::moveSteps(disc, assignments, dir, first, last, before);
+        assignments.m_list.insert(assignments.m_list.end(), surfaces.begin(), surfaces.end());
+    });
+}
+
+void HygConstructionEditor::setWidth(unsigned int dir, std::size_t first, std::size_t last,
+                                     const KOR::Parameter & width) {
+    attempt([&] {
+        const double value = width.get_value(project().m_disc.steps(dir).m_unit);
+        stack().push(HygEditing::widthCommand(tr("Change width"), project(), dir, first, last, value).release());
+    });
+}
+
+void HygConstructionEditor::setThickness(unsigned int dir, std::size_t first, std::size_t last,
+                                         const KOR::Parameter & width) {
+    if (first == last)
+        return setWidth(dir, first, last, width);
+    changeGrid(tr("Change thickness"), [&](Disc & disc, Assignments & assignments) {
+        const KOR::UnitVector & list = std::as_const(disc).steps(dir);
+        const auto begin = list.m_data.begin() + static_cast<std::ptrdiff_t>(first);
+        std::vector<double> widths(begin, begin + static_cast<std::ptrdiff_t>(last - first + 1));
+        const double wanted = width.get_value(list.m_unit);
+        const double factor = wanted / std::accumulate(widths.begin(), widths.end(), 0.0);
+        for (double & cell : widths)
+            cell *= factor;
+        disc.modifySteps(dir, first, widths.size(), widths, assignments);
+    });
+}
+
+std::vector<double> HygConstructionEditor::cellsOf(double width, const Disc::LayerSettings & settings) {
+    Disc layer;
+    layer.m_xSteps = {{width}, KOR::Unit("m")};
+    Assignments none;
+    BoundaryIDGrid unused;
+    layer.autoDisc(std::span(&settings, 1), {}, {}, none, unused);
+    return layer.m_xSteps.m_data;
+}
+
+void HygConstructionEditor::addLayer(const NewLayer & layer) {
+    attempt([&] {
+        const auto & materials = project().m_materials;
+        const bool isKnown = std::any_of(materials.begin(), materials.end(), [&](const MaterialReference & material) {
+            return material.m_name == layer.material.m_name;
+        });
+        const bool isBlank = project().m_assignments.empty() && project().m_disc.nx() == 1;
+        auto grid = HygEditing::gridCommand(tr("Add layer"), project(), [&](Disc & disc, Assignments & assignments) {
+            // Millimetres keep the digits that the user thinks in.
+            if (isBlank)
+                disc.m_xSteps.m_unit = KOR::Unit("mm");
+            const KOR::Unit unit = disc.m_xSteps.m_unit;
+            std::vector<double> widths{layer.thickness.get_value(unit)};
+            if (layer.isDivided) {
+                widths = cellsOf(layer.thickness.value(), {});
+                KOR::UnitList::instance().convert(KOR::Unit("m"), unit, widths);
+            }
+            const std::size_t before = std::min(layer.before, disc.nx());
+            const std::size_t size = disc.nx();
+            disc.modifySteps(Disc::X, isBlank ? 0 : before, isBlank ? 1 : 0, widths, assignments);
+            const std::size_t first = isBlank ? 0 : before;
+            const std::size_t last = first + widths.size() - 1;
+            if (!isBlank && before == size)
+                moveEndSide(assignments, static_cast<std::uint32_t>(size - 1), static_cast<std::uint32_t>(last));
+            edit::assign(project(), assignments,
+                         {
+                             type_t::Material,
+                             location_t::Element,
+                             {static_cast<std::uint32_t>(first), 0, 0, static_cast<std::uint32_t>(last),
+                                        static_cast<std::uint32_t>(disc.ny() - 1), static_cast<std::uint32_t>(disc.nz() - 1)},
+                             layer.material.m_name
+            });
+        });
+        stack().beginMacro(tr("Add layer '%1'").arg(QString::fromStdString(layer.material.m_name)));
+        if (!isKnown)
+            stack().push(new HygUndoAddMaterial(tr("Add material"), layer.material));
+        stack().push(grid.release());
+        stack().endMacro();
+    });
+}
+
+void HygConstructionEditor::discretize(unsigned int dir, const std::vector<Layer> & layers) {
+    changeGrid(tr("Automatic discretization"), [&](Disc & disc, Assignments & assignments) {
+        const std::size_t count = std::as_const(disc).steps(dir).size();
+        const bool isWhole =
+            layers.size() == count &&
+            std::all_of(layers.begin(), layers.end(), [](const Layer & layer) { return layer.first == layer.last; });
+        if (isWhole) {
+            std::vector<Disc::LayerSettings> settings;
+            for (const Layer & layer : layers) {
+                settings.push_back(layer.settings.value_or(Disc::LayerSettings{}));
+                if (!layer.settings)
+                    settings.back().mode = Disc::MODE_NONE;
+            }
+            BoundaryIDGrid unused;
+            const std::span<const Disc::LayerSettings> none;
+            disc.autoDisc(dir == Disc::X ? settings : none, dir == Disc::Y ? settings : none,
+                          dir == Disc::Z ? settings : none, assignments, unused);
+            return;
+        }
+        for (auto layer = layers.rbegin(); layer != layers.rend(); ++layer) {
+            if (!layer->settings)
+                continue;
+            const KOR::UnitVector & list = std::as_const(disc).steps(dir);
+            const auto begin = list.m_data.begin() + static_cast<std::ptrdiff_t>(layer->first);
+            const std::size_t cells = layer->last - layer->first + 1;
+            const double width = std::accumulate(begin, begin + static_cast<std::ptrdiff_t>(cells), 0.0);
+            KOR::UnitVector divided{{width}, list.m_unit};
+            divided.convert(KOR::Unit("m"));
+            divided.m_data = cellsOf(divided.m_data.front(), *layer->settings);
+            divided.convert(list.m_unit);
+            disc.modifySteps(dir, layer->first, cells, divided.m_data, assignments);
+        }
+    });
+}
+
+void HygConstructionEditor::assign(type_t type, const std::string & name, const std::vector<Range> & ranges,
+                                   location_t location) {
+    changeList(tr("Assign '%1'").arg(QString::fromStdString(name)), [&](Assignments & assignments) {
+        for (const Range & range : ranges)
+            edit::assign(project(), assignments, {type, location, range, name});
+    });
+}
+
+void HygConstructionEditor::unassign(type_t type, const std::string & name, const std::vector<Range> & ranges,
+                                     location_t location) {
+    changeList(tr("Take '%1' off").arg(QString::fromStdString(name)), [&](Assignments & assignments) {
+        for (const Range & range : ranges)
+            edit::unassign(assignments, type, location, range, name);
+    });
+}
+
+void HygConstructionEditor::removeAssignments(std::vector<std::size_t> indices) {
+    std::sort(indices.rbegin(), indices.rend());
+    changeList(tr("Remove %n assignments", nullptr, static_cast<int>(indices.size())), [&](Assignments & assignments) {
+        for (const std::size_t index : indices)
+            if (index < assignments.size())
+                assignments.m_list.erase(assignments.m_list.begin() + static_cast<std::ptrdiff_t>(index));
+    });
+}
+
+void HygConstructionEditor::changeAssignment(std::size_t index, const Assignment & changed) {
+    if (!hasProject() || index >= project().m_assignments.size() || project().m_assignments.m_list[index] == changed)
+        return;
+    attempt([&] {
+        changed.checkParameters(project().m_disc);
+        changeList(tr("Change assignment"), [&](Assignments & assignments) { assignments.m_list[index] = changed; });
+    });
+}
+
+void HygConstructionEditor::clear(const std::vector<Range> & ranges) {
+    changeList(tr("Clear cells"), [&](Assignments & assignments) {
+        std::set<std::pair<type_t, location_t>> kinds;
+        for (const Assignment & assignment : assignments.m_list)
+            if (assignment.m_location != location_t::Coordinate)
+                kinds.emplace(assignment.m_type, assignment.m_location);
+        for (const Range & range : ranges)
+            for (const auto & [type, location] : kinds)
+                edit::unassign(assignments, type, location, range);
+    });
+}
+
+void HygConstructionEditor::paste(const QString & text, const Range & at) {
+    std::vector<std::string> missing;
+    attempt([&] {
+        const edit::CellBlock block = edit::CellBlock::fromText(text.toStdString());
+        changeList(tr("Paste cells"), [&](Assignments & assignments) {
+            missing = edit::pasteBlock(project(), assignments, block, at.left, at.bottom, at.back);
+        });
+    });
+    if (missing.empty())
+        return;
+    QStringList names;
+    for (const std::string & name : missing)
+        names << QString::fromStdString(name);
+    emit informed(
+        tr("Not pasted, since the project has no definition of that name: %1").arg(names.join(QStringLiteral(", "))));
+}
+
+void HygConstructionEditor::resolveOverlaps() {
+    changeList(tr("Resolve overlaps"), [&](Assignments & assignments) {
+        std::set<std::uint32_t> covered;
+        for (std::size_t plane = 0; plane < project().m_disc.nz(); ++plane) {
+            HygCellPlane cells;
+            cells.update(project(), plane);
+            for (const HygCellPlane::Overlap & overlap : cells.overlaps())
+                covered.insert(overlap.assignment);
+        }
+        std::vector<Assignment> result;
+        for (std::size_t n = 0; n < assignments.size(); ++n) {
+            const Assignment & assignment = assignments.m_list[n];
+            if (!covered.contains(static_cast<std::uint32_t>(n))) {
+                result.push_back(assignment);
+                continue;
+            }
+            std::vector<Range> parts{assignment.m_range};
+            for (std::size_t later = n + 1; later < assignments.size() && !parts.empty(); ++later) {
+                const Assignment & other = assignments.m_list[later];
+                if (other.m_type != type_t::Material || other.m_location != location_t::Element)
+                    continue;
+                std::vector<Range> left;
+                for (const Range & part : parts)
+                    for (const Range & rest : edit::difference(part, other.m_range))
+                        left.push_back(rest);
+                parts = std::move(left);
+            }
+            for (const Range & part : parts) {
+                result.push_back(assignment);
+                result.back().m_range = part;
+            }
+        }
+        assignments.m_list = std::move(result);
+    });
+}
+
+void HygConstructionEditor::addStandardInterface(bool isOutdoor, const std::vector<Range> & ranges,
+                                                 location_t location) {
+    attempt([&] {
+        Interface surface;
+        surface.m_name =
+            freeName(project().m_conditions.m_interfaces, (isOutdoor ? tr("Outside") : tr("Inside")).toStdString());
+        surface.m_type = isOutdoor ? Interface::type_t::EngineeringOutdoor : Interface::type_t::EngineeringIndoor;
+        if (isOutdoor)
+            surface.m_climateTypeOutdoor = Interface::climateTypeOutdoor_t::OutdoorDIN4108;
+        else
+            surface.m_climateTypeIndoor = Interface::climateTypeIndoor_t::IndoorDIN4108_2014;
+        surface.checkParameters();
+        stack().beginMacro(isOutdoor ? tr("Add outdoor climate") : tr("Add indoor climate"));
+        stack().push(new HygUndoAddInterface(tr("Add interface"), surface));
+        assign(type_t::Interface, surface.m_name, ranges, location);
+        stack().endMacro();
+    });
+}
+
+void HygConstructionEditor::startDetail(int cells, const KOR::Parameter & width) {
+    changeGrid(tr("Start a 2D detail"), [&](Disc & disc, Assignments &) {
+        for (KOR::UnitVector * list : {&disc.m_xSteps, &disc.m_ySteps})
+            *list = {std::vector<double>(static_cast<std::size_t>(cells), width.ioValue()), width.ioUnit()};
+    });
+}

@@ -1,0 +1,572 @@
+#include "construction/HygConstructionView.h"
+
+#include "HygIconEngine.h"
+#include "HygSettings.h"
+#include "construction/HygConstructionStart.h"
+#include "construction/HygGridRuler.h"
+#include "document/HygProjectHandler.h"
+#include "undo/HygModification.h"
+#include "views/HygChipButton.h"
+#include "views/HygMessageBar.h"
+
+#include <QtExt/Palette.h>
+#include <QtExt/ValueEdit.h>
+
+#include <KOR/Exception.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QBoxLayout>
+#include <QClipboard>
+#include <QEvent>
+#include <QLabel>
+#include <QMenu>
+#include <QSlider>
+#include <QSplitter>
+#include <QTabWidget>
+#include <QToolBar>
+#include <QToolButton>
+
+namespace {
+
+using HYGRION::Disc;
+using HYGRION::Range;
+
+/// What must be there for an action.
+enum need_t { NeedsProject, NeedsCells, NeedsSelection, NeedsSeveralColumns, NeedsSeveralRows, NeedsRows };
+
+constexpr const char * SWITCH_TEXTS[] = {QT_TRANSLATE_NOOP("HygConstructionView", "Materials"),
+                                         QT_TRANSLATE_NOOP("HygConstructionView", "Interfaces"),
+                                         QT_TRANSLATE_NOOP("HygConstructionView", "Contacts"),
+                                         QT_TRANSLATE_NOOP("HygConstructionView", "Field conditions"),
+                                         QT_TRANSLATE_NOOP("HygConstructionView", "Initial conditions"),
+                                         QT_TRANSLATE_NOOP("HygConstructionView", "Outputs")};
+constexpr const char * SWITCH_TIPS[] = {
+    QT_TRANSLATE_NOOP("HygConstructionView", "Names of the materials"),
+    QT_TRANSLATE_NOOP("HygConstructionView", "Interfaces: coloured lines along the surfaces that face a climate"),
+    QT_TRANSLATE_NOOP("HygConstructionView", "Contact conditions: dashed lines between cells, such as foils"),
+    QT_TRANSLATE_NOOP("HygConstructionView", "Field conditions: sources and sinks inside the construction"),
+    QT_TRANSLATE_NOOP("HygConstructionView", "Initial conditions: the state in which cells start"),
+    QT_TRANSLATE_NOOP("HygConstructionView", "Outputs: the cells whose values are written")};
+constexpr const char * SWITCH_NAMES[] = {"showNames",  "showInterfaces", "showContacts",
+                                         "showFields", "showInitials",   "showOutputs"};
+static_assert(std::size(SWITCH_TEXTS) == HygConstructionScene::NUM_OVERLAYS);
+
+struct GroupRow {
+    const char * name;
+    const char * text;
+    const char * icon;
+};
+constexpr GroupRow GROUPS[] = {
+    {"insert", QT_TRANSLATE_NOOP("HygConstructionView", "Insert"), "cell_insert"},
+    {"split",  QT_TRANSLATE_NOOP("HygConstructionView", "Split"),  "cell_split" },
+    {"merge",  QT_TRANSLATE_NOOP("HygConstructionView", "Merge"),  "cell_merge" },
+    {"delete", QT_TRANSLATE_NOOP("HygConstructionView", "Delete"), "cell_delete"},
+    {"mirror", QT_TRANSLATE_NOOP("HygConstructionView", "Mirror"), "cell_mirror"},
+};
+
+constexpr int DETAIL_CELLS = 6;
+constexpr double DETAIL_WIDTH = 100; // mm
+
+} // namespace
+
+struct HygConstructionView::ActionRow {
+    const char * name;
+    const char * text;
+    const char * tip;
+    const char * icon;
+    const char * keys;
+    const char * group; ///< whose button offers it; "" stands in the tool bar itself, nullptr only in menus
+    need_t need;
+    bool isChoice;
+    void (*run)(HygConstructionView & view);
+};
+
+// clang-format off
+const HygConstructionView::ActionRow HygConstructionView::ACTIONS[] = {
+    {"addLayer", QT_TRANSLATE_NOOP("HygConstructionView", "Add layer ..."), QT_TRANSLATE_NOOP("HygConstructionView", "Add a layer of a material and thickness"), "layer_add", "Ins", "", NeedsProject, false,
+     [](HygConstructionView & view) { view.addLayer(); }},
+    {"insertLeft", QT_TRANSLATE_NOOP("HygConstructionView", "Insert column to the left"), QT_TRANSLATE_NOOP("HygConstructionView", "New columns like the one on their left, as many as are selected"), "cell_insert", "Ctrl+Shift+Left", "insert", NeedsSelection, false,
+     [](HygConstructionView & view) { view.insertCells(Disc::X, false); }},
+    {"insertRight", QT_TRANSLATE_NOOP("HygConstructionView", "Insert column to the right"), QT_TRANSLATE_NOOP("HygConstructionView", "New columns like the one on their left, as many as are selected"), "cell_insert", "Ctrl+Shift+Right", "insert", NeedsSelection, false,
+     [](HygConstructionView & view) { view.insertCells(Disc::X, true); }},
+    {"insertAbove", QT_TRANSLATE_NOOP("HygConstructionView", "Insert row above"), QT_TRANSLATE_NOOP("HygConstructionView", "New rows like the one below them, as many as are selected"), "cell_insert", "Ctrl+Shift+Up", "insert", NeedsSelection, false,
+     [](HygConstructionView & view) { view.insertCells(Disc::Y, true); }},
+    {"insertBelow", QT_TRANSLATE_NOOP("HygConstructionView", "Insert row below"), QT_TRANSLATE_NOOP("HygConstructionView", "New rows like the one below them, as many as are selected"), "cell_insert", "Ctrl+Shift+Down", "insert", NeedsSelection, false,
+     [](HygConstructionView & view) { view.insertCells(Disc::Y, false); }},
+    {"splitColumns", QT_TRANSLATE_NOOP("HygConstructionView", "Split columns"), QT_TRANSLATE_NOOP("HygConstructionView", "Divide each selected column in two"), "cell_split", "Ctrl+T", "split", NeedsSelection, false,
+     [](HygConstructionView & view) { view.splitCells(Disc::X); }},
+    {"splitRows", QT_TRANSLATE_NOOP("HygConstructionView", "Split rows"), QT_TRANSLATE_NOOP("HygConstructionView", "Divide each selected row in two"), "cell_split", "Ctrl+Shift+T", "split", NeedsSelection, false,
+     [](HygConstructionView & view) { view.splitCells(Disc::Y); }},
+    {"mergeColumns", QT_TRANSLATE_NOOP("HygConstructionView", "Merge columns"), QT_TRANSLATE_NOOP("HygConstructionView", "Make one column of the selected ones; the widest part decides on its material"), "cell_merge", "Ctrl+J", "merge", NeedsSeveralColumns, false,
+     [](HygConstructionView & view) { view.mergeCells(Disc::X); }},
+    {"mergeRows", QT_TRANSLATE_NOOP("HygConstructionView", "Merge rows"), QT_TRANSLATE_NOOP("HygConstructionView", "Make one row of the selected ones; the highest part decides on its material"), "cell_merge", "Ctrl+Shift+J", "merge", NeedsSeveralRows, false,
+     [](HygConstructionView & view) { view.mergeCells(Disc::Y); }},
+    {"deleteColumns", QT_TRANSLATE_NOOP("HygConstructionView", "Delete columns"), QT_TRANSLATE_NOOP("HygConstructionView", "Take the selected columns out; the construction becomes narrower"), "cell_delete", "Ctrl+Del", "delete", NeedsSelection, false,
+     [](HygConstructionView & view) { view.deleteCells(Disc::X); }},
+    {"deleteRows", QT_TRANSLATE_NOOP("HygConstructionView", "Delete rows"), QT_TRANSLATE_NOOP("HygConstructionView", "Take the selected rows out; the construction becomes lower"), "cell_delete", "Ctrl+Shift+Del", "delete", NeedsSelection, false,
+     [](HygConstructionView & view) { view.deleteCells(Disc::Y); }},
+    {"mirrorColumns", QT_TRANSLATE_NOOP("HygConstructionView", "Mirror left and right"), QT_TRANSLATE_NOOP("HygConstructionView", "Reverse the order of the selected columns, of all without a selection"), "cell_mirror", "Ctrl+H", "mirror", NeedsCells, false,
+     [](HygConstructionView & view) { view.mirrorCells(Disc::X); }},
+    {"mirrorRows", QT_TRANSLATE_NOOP("HygConstructionView", "Mirror top and bottom"), QT_TRANSLATE_NOOP("HygConstructionView", "Reverse the order of the selected rows, of all without a selection"), "cell_mirror", "Ctrl+Shift+H", "mirror", NeedsRows, false,
+     [](HygConstructionView & view) { view.mirrorCells(Disc::Y); }},
+    {"columnWidth", QT_TRANSLATE_NOOP("HygConstructionView", "Column width ..."), QT_TRANSLATE_NOOP("HygConstructionView", "Set the width of the selected columns (usually 0.1 mm to 1 m)"), "width", "F2", "", NeedsSelection, false,
+     [](HygConstructionView & view) { const Range range = view.m_canvas->scene().selection.bounds(); view.askWidth(Qt::Horizontal, range.left, range.right); }},
+    {"rowHeight", QT_TRANSLATE_NOOP("HygConstructionView", "Row height ..."), QT_TRANSLATE_NOOP("HygConstructionView", "Set the height of the selected rows (usually 0.1 mm to 1 m)"), "width", "Shift+F2", nullptr, NeedsSelection, false,
+     [](HygConstructionView & view) { const Range range = view.m_canvas->scene().selection.bounds(); view.askWidth(Qt::Vertical, range.bottom, range.top); }},
+    {"discretize", QT_TRANSLATE_NOOP("HygConstructionView", "Automatic discretization ..."), QT_TRANSLATE_NOOP("HygConstructionView", "Divide layers into cells, fine where temperature and moisture change quickly"), "discretize", "Ctrl+D", "", NeedsCells, false,
+     [](HygConstructionView & view) { view.discretize(); }},
+    {"copyCells", QT_TRANSLATE_NOOP("HygConstructionView", "Copy cells"), QT_TRANSLATE_NOOP("HygConstructionView", "Copy what is assigned to the selected cells"), "copy", "Ctrl+C", "", NeedsSelection, false,
+     [](HygConstructionView & view) { view.copyCells(); }},
+    {"cutCells", QT_TRANSLATE_NOOP("HygConstructionView", "Cut cells"), QT_TRANSLATE_NOOP("HygConstructionView", "Copy what is assigned to the selected cells and take it off them"), "cell_delete", "Ctrl+X", nullptr, NeedsSelection, false,
+     [](HygConstructionView & view) { view.cutCells(); }},
+    {"pasteCells", QT_TRANSLATE_NOOP("HygConstructionView", "Paste cells"), QT_TRANSLATE_NOOP("HygConstructionView", "Assign what was copied, from the lower left selected cell on"), "paste", "Ctrl+V", "", NeedsSelection, false,
+     [](HygConstructionView & view) { view.pasteCells(); }},
+    {"clearCells", QT_TRANSLATE_NOOP("HygConstructionView", "Clear cells"), QT_TRANSLATE_NOOP("HygConstructionView", "Take everything off the selected cells"), "clear", "Del", nullptr, NeedsSelection, false,
+     [](HygConstructionView & view) { view.clearCells(); }},
+    {"selectAllCells", QT_TRANSLATE_NOOP("HygConstructionView", "Select all cells"), QT_TRANSLATE_NOOP("HygConstructionView", "Select the whole construction"), nullptr, "Ctrl+A", nullptr, NeedsCells, false,
+     [](HygConstructionView & view) { view.m_canvas->selectAll(); }},
+    {"selectMaterial", QT_TRANSLATE_NOOP("HygConstructionView", "Select cells of this material"), QT_TRANSLATE_NOOP("HygConstructionView", "Select all cells of the material under the last selected cell; in the drawing the key M does the same"), nullptr, "Ctrl+M", nullptr, NeedsSelection, false,
+     [](HygConstructionView & view) { view.m_canvas->selectMaterial(); }},
+    {"zoomFit", QT_TRANSLATE_NOOP("HygConstructionView", "Show all"), QT_TRANSLATE_NOOP("HygConstructionView", "Fit the construction into the window"), "zoom_fit", "Ctrl+0", "", NeedsCells, false,
+     [](HygConstructionView & view) { view.m_canvas->fitAll(); }},
+    {"zoomSelection", QT_TRANSLATE_NOOP("HygConstructionView", "Show selection"), QT_TRANSLATE_NOOP("HygConstructionView", "Zoom to the selected cells"), "zoom_selection", "Ctrl+Shift+0", "", NeedsSelection, false,
+     [](HygConstructionView & view) { view.m_canvas->zoomToSelection(); }},
+    {"zoomIn", QT_TRANSLATE_NOOP("HygConstructionView", "Zoom in"), QT_TRANSLATE_NOOP("HygConstructionView", "Zoom in; the mouse wheel zooms at the pointer"), "zoom_in", "Ctrl++", "", NeedsCells, false,
+     [](HygConstructionView & view) { view.m_canvas->zoomIn(); }},
+    {"zoomOut", QT_TRANSLATE_NOOP("HygConstructionView", "Zoom out"), QT_TRANSLATE_NOOP("HygConstructionView", "Zoom out; the mouse wheel zooms at the pointer"), "zoom_out", "Ctrl+-", "", NeedsCells, false,
+     [](HygConstructionView & view) { view.m_canvas->zoomOut(); }},
+    {"equidistant", QT_TRANSLATE_NOOP("HygConstructionView", "Equal cells"), QT_TRANSLATE_NOOP("HygConstructionView", "Draw all cells alike, so that thin ones can be reached; otherwise to scale"), "equidistant", "Ctrl+E", "", NeedsProject, true,
+     [](HygConstructionView & view) { view.setEquidistant(view.action("equidistant").isChecked()); }},
+    {"gridLines", QT_TRANSLATE_NOOP("HygConstructionView", "Grid lines"), QT_TRANSLATE_NOOP("HygConstructionView", "Draw the borders of the cells"), "gridlines", "Ctrl+G", "", NeedsProject, true,
+     [](HygConstructionView & view) { view.setGridLines(view.action("gridLines").isChecked()); }},
+};
+// clang-format on
+
+HygConstructionView::HygConstructionView(HygProjectHandler * projects, QWidget * parent)
+    : QWidget(parent), m_projects(*projects), m_editor(new HygConstructionEditor(*projects, this)),
+      m_canvas(new HygConstructionCanvas(this)), m_start(new HygConstructionStart(m_canvas)),
+      m_tools(new QToolBar(this)), m_splitter(new QSplitter(this)), m_panels(new QTabWidget(this)),
+      m_planeSlider(new QSlider(Qt::Horizontal, this)), m_planeLabel(new QLabel(this)), m_summary(new QLabel(this)),
+      m_message(new HygMessageBar(this)) {
+    setObjectName(QStringLiteral("constructionView"));
+    auto * layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_tools);
+    layout->addWidget(m_message);
+    layout->addWidget(m_splitter, 1);
+    setUpActions();
+    setUpTools();
+    setUpCanvas();
+    m_panels->setObjectName(QStringLiteral("constructionPanels"));
+    m_panels->setDocumentMode(true);
+    m_splitter->addWidget(m_panels);
+    m_splitter->setStretchFactor(0, 1);
+    m_splitter->setCollapsible(0, false);
+    retranslate();
+
+    connect(m_editor, &HygConstructionEditor::refused, m_message, &HygMessageBar::showMessage);
+    connect(m_editor, &HygConstructionEditor::informed, m_message, &HygMessageBar::showMessage);
+    connect(&m_projects, &HygProjectHandler::modified, this, &HygConstructionView::projectModified);
+    updateScene(true);
+}
+
+void HygConstructionView::setUpActions() {
+    for (const ActionRow & row : ACTIONS) {
+        auto * made = new QAction(this);
+        made->setObjectName(QLatin1String(row.name));
+        made->setShortcut(QKeySequence(QLatin1String(row.keys)));
+        made->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+        made->setCheckable(row.isChoice);
+        if (row.icon != nullptr)
+            made->setIcon(HygIconEngine::icon(QLatin1String(row.icon)));
+        connect(made, &QAction::triggered, this, [this, &row] { row.run(*this); });
+        addAction(made);
+        m_actions[made->objectName()] = made;
+    }
+}
+
+QAction & HygConstructionView::action(const char * name) const {
+    return *m_actions.at(QLatin1String(name));
+}
+
+void HygConstructionView::setUpTools() {
+    m_tools->setObjectName(QStringLiteral("constructionTools"));
+    m_tools->setIconSize({20, 20});
+    std::map<QString, QMenu *> menus;
+    const auto separatorBefore = {QLatin1String("discretize"), QLatin1String("copyCells"), QLatin1String("zoomFit"),
+                                  QLatin1String("equidistant")};
+    for (const ActionRow & row : ACTIONS) {
+        if (row.group == nullptr)
+            continue;
+        QAction & made = action(row.name);
+        if (*row.group == '\0') {
+            if (std::find(separatorBefore.begin(), separatorBefore.end(), made.objectName()) != separatorBefore.end())
+                m_tools->addSeparator();
+            m_tools->addAction(&made);
+            if (made.objectName() == QLatin1String("addLayer")) {
+                static_cast<QToolButton *>(m_tools->widgetForAction(&made))
+                    ->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+                m_tools->addSeparator();
+            }
+            continue;
+        }
+        QMenu *& menu = menus[QLatin1String(row.group)];
+        if (menu == nullptr) {
+            const auto * group = std::find_if(std::begin(GROUPS), std::end(GROUPS), [&](const GroupRow & candidate) {
+                return QLatin1String(candidate.name) == QLatin1String(row.group);
+            });
+            menu = new QMenu(this);
+            auto * button = new QToolButton(m_tools);
+            button->setObjectName(QLatin1String(group->name) + QStringLiteral("Button"));
+            button->setIcon(HygIconEngine::icon(QLatin1String(group->icon)));
+            button->setPopupMode(QToolButton::InstantPopup);
+            button->setMenu(menu);
+            button->setFocusPolicy(Qt::TabFocus);
+            m_tools->addWidget(button);
+            m_groupButtons.emplace_back(button, group->text);
+        }
+        menu->addAction(&made);
+    }
+    for (QToolButton * button : m_tools->findChildren<QToolButton *>())
+        button->setFocusPolicy(Qt::TabFocus);
+}
+
+void HygConstructionView::setUpCanvas() {
+    auto * area = new QWidget(m_splitter);
+    auto * layout = new QVBoxLayout(area);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    auto * bar = new QHBoxLayout;
+    bar->setContentsMargins(8, 4, 8, 4);
+    bar->setSpacing(4);
+    for (std::size_t n = 0; n < m_switches.size(); ++n) {
+        auto * chip = new HygChipButton(area);
+        chip->setObjectName(QLatin1String(SWITCH_NAMES[n]));
+        chip->setChecked(m_canvas->scene().overlays[n]);
+        connect(chip, &HygChipButton::toggled, this, [this, n](bool on) {
+            m_canvas->scene().overlays[n] = on;
+            m_canvas->viewport()->update();
+        });
+        m_switches[n] = chip;
+        bar->addWidget(chip);
+    }
+    bar->addStretch(1);
+    m_planeSlider->setObjectName(QStringLiteral("planeSlider"));
+    m_planeSlider->setMaximumWidth(180);
+    m_planeSlider->setTickPosition(QSlider::TicksBelow);
+    m_planeLabel->setObjectName(QStringLiteral("planeLabel"));
+    bar->addWidget(m_planeLabel);
+    bar->addWidget(m_planeSlider);
+    layout->addLayout(bar);
+    layout->addWidget(m_canvas, 1);
+    m_summary->setObjectName(QStringLiteral("selectionSummary"));
+    m_summary->setContentsMargins(8, 3, 8, 3);
+    layout->addWidget(m_summary);
+    m_splitter->addWidget(area);
+
+    // The card lies over the drawing.
+    auto * over = new QVBoxLayout(m_canvas);
+    over->addWidget(m_start);
+
+    connect(m_planeSlider, &QSlider::valueChanged, this, &HygConstructionView::setPlane);
+    connect(m_canvas, &HygConstructionCanvas::planeRequested, this,
+            [this](int step) { m_planeSlider->setValue(m_planeSlider->value() + step); });
+    connect(m_canvas, &HygConstructionCanvas::selectionChanged, this, [this] {
+        updateActions();
+        updateSummary();
+    });
+    connect(m_canvas, &HygConstructionCanvas::widthRequested, this,
+            [this](Qt::Orientation orientation, int first, int last) {
+                askWidth(orientation, static_cast<std::size_t>(first), static_cast<std::size_t>(last));
+            });
+    connect(m_canvas, &HygConstructionCanvas::dropped, this,
+            [this](int type, const QString & name, const HygConstructionCanvas::Target & target) {
+                m_editor->assign(static_cast<HYGRION::Assignment::type_t>(type), name.toStdString(), target.ranges,
+                                 target.side);
+            });
+    connect(m_canvas, &HygConstructionCanvas::menuRequested, this, [this](const QPoint & position) {
+        QMenu menu(this);
+        for (const ActionRow & row : ACTIONS)
+            if (row.group == nullptr || *row.group != '\0' || row.need == NeedsSelection)
+                if (action(row.name).isVisible())
+                    menu.addAction(&action(row.name));
+        menu.exec(position);
+    });
+    connect(m_start, &HygConstructionStart::layerRequested, this, &HygConstructionView::addLayer);
+    connect(m_start, &HygConstructionStart::detailRequested, this, &HygConstructionView::startDetail);
+}
+
+void HygConstructionView::retranslate() {
+    for (const ActionRow & row : ACTIONS) {
+        QAction & made = action(row.name);
+        made.setText(tr(row.text));
+        made.setStatusTip(tr(row.tip));
+        const QString keys = made.shortcut().toString(QKeySequence::NativeText);
+        made.setToolTip(keys.isEmpty() ? tr(row.tip) : tr("%1 (%2)", "tool tip and keys").arg(tr(row.tip), keys));
+    }
+    for (const auto & [button, text] : m_groupButtons) {
+        button->setText(tr(text));
+        button->setToolTip(tr(text));
+        button->setAccessibleName(tr(text));
+    }
+    for (std::size_t n = 0; n < m_switches.size(); ++n) {
+        m_switches[n]->setText(tr(SWITCH_TEXTS[n]));
+        m_switches[n]->setToolTip(tr(SWITCH_TIPS[n]));
+        m_switches[n]->updateGeometry();
+    }
+    m_canvas->setAccessibleName(tr("Drawing of the construction"));
+    m_planeSlider->setAccessibleName(tr("Stack plane"));
+    m_planeSlider->setToolTip(tr("The plane that is shown; Page Up and Page Down go to the next ones"));
+    updateSummary();
+}
+
+void HygConstructionView::projectModified(int code, void *) {
+    switch (code) {
+    case HygModification::SolverSettingsModified:
+    case HygModification::ProjectDataModified:
+    case HygModification::LocationModified:
+    case HygModification::ListItemAdded:
+    case HygModification::ListItemModified:
+    case HygModification::ListItemRemoved:
+        return;
+    default:
+        break;
+    }
+    const bool isNew = code == HygModification::ProjectReplaced;
+    if (isVisible())
+        updateScene(isNew);
+    else {
+        m_isOutdated = true;
+        m_isNewProject = m_isNewProject || isNew;
+    }
+}
+
+void HygConstructionView::updateScene(bool isNewProject) {
+    m_isOutdated = false;
+    m_isNewProject = false;
+    HygConstructionScene & scene = m_canvas->scene();
+    scene.project = m_projects.hasProject() ? &m_projects.project() : nullptr;
+    const HygSettings & settings = HygSettings::instance();
+    scene.isEquidistant = settings.m_constructionViewEquidistantModeEnabled;
+    scene.hasGridLines = settings.m_constructionViewGridLinesVisible;
+    scene.selectionColour = settings.m_colorSelectedElements;
+    scene.highlightColour = settings.m_colorHighlightedElements;
+    try {
+        const KOR::Unit unit(std::size_t{settings.m_basicLengthUnit});
+        scene.unit = unit.base() == KOR::Unit("m") ? unit : KOR::Unit("mm");
+    } catch (const KOR::Exception &) {
+        scene.unit = KOR::Unit("mm");
+    }
+    action("equidistant").setChecked(scene.isEquidistant);
+    action("gridLines").setChecked(scene.hasGridLines);
+    m_canvas->sceneChanged(isNewProject);
+    m_start->setVisible(scene.isBlank());
+    const int planes = scene.project == nullptr ? 1 : static_cast<int>(scene.project->m_disc.nz());
+    m_planeSlider->setRange(0, std::max(planes - 1, 0));
+    m_planeSlider->setValue(static_cast<int>(scene.plane));
+    m_planeSlider->setVisible(planes > 1);
+    m_planeLabel->setVisible(planes > 1);
+    updateActions();
+    updateSummary();
+}
+
+void HygConstructionView::updateActions() {
+    const HygConstructionScene & scene = m_canvas->scene();
+    const bool hasProject = scene.project != nullptr;
+    const bool hasCells = hasProject && !scene.isBlank();
+    const bool hasRows = hasCells && scene.cells.ny() > 1;
+    const bool isSelected = hasCells && !scene.selection.empty();
+    const Range range = scene.selection.bounds();
+    for (const ActionRow & row : ACTIONS) {
+        const bool isPossible = row.need == NeedsProject          ? hasProject
+                                : row.need == NeedsCells          ? hasCells
+                                : row.need == NeedsRows           ? hasRows
+                                : row.need == NeedsSelection      ? isSelected
+                                : row.need == NeedsSeveralColumns ? isSelected && range.left < range.right
+                                                                  : isSelected && range.bottom < range.top;
+        action(row.name).setEnabled(isPossible);
+    }
+    action("addLayer").setVisible(false); // for want of a dialog
+    action("discretize").setVisible(false);
+    m_start->findChild<QWidget *>(QStringLiteral("startLayer"))->hide();
+}
+
+void HygConstructionView::updateSummary() {
+    const HygConstructionScene & scene = m_canvas->scene();
+    if (scene.project == nullptr || scene.isBlank()) {
+        m_summary->clear();
+        return;
+    }
+    const auto size = [&scene](const Range & range) {
+        return scene.lengthText(scene.x.width(range.left, range.right)) + QStringLiteral(" × ") +
+               scene.lengthText(scene.y.width(range.bottom, range.top));
+    };
+    QString text;
+    if (scene.selection.empty()) {
+        const Range whole{
+            0, 0, 0, static_cast<std::uint32_t>(scene.cells.nx() - 1), static_cast<std::uint32_t>(scene.cells.ny() - 1),
+            0};
+        text = tr("Construction: %1, %2 x %3 cells").arg(size(whole)).arg(scene.cells.nx()).arg(scene.cells.ny());
+    } else {
+        const Range range = scene.selection.bounds();
+        text = tr("Selected: columns %1 to %2, rows %3 to %4, %5, %n cells", nullptr,
+                  static_cast<int>(scene.selection.cellCount()))
+                   .arg(range.left + 1)
+                   .arg(range.right + 1)
+                   .arg(range.bottom + 1)
+                   .arg(range.top + 1)
+                   .arg(size(range));
+    }
+    m_summary->setText(text);
+    m_planeLabel->setText(tr("Plane %1 of %2").arg(scene.plane + 1).arg(scene.project->m_disc.nz()));
+}
+
+void HygConstructionView::insertCells(unsigned int dir, bool isAfter) {
+    const Range range = m_canvas->scene().selection.bounds();
+    const std::size_t first = dir == Disc::X ? range.left : range.bottom;
+    const std::size_t last = dir == Disc::X ? range.right : range.top;
+    m_editor->insert(dir, isAfter ? last + 1 : first, last - first + 1);
+}
+
+void HygConstructionView::splitCells(unsigned int dir) {
+    const Range range = m_canvas->scene().selection.bounds();
+    if (dir == Disc::X)
+        m_editor->split(dir, range.left, range.right, 2);
+    else
+        m_editor->split(dir, range.bottom, range.top, 2);
+}
+
+void HygConstructionView::mergeCells(unsigned int dir) {
+    const Range range = m_canvas->scene().selection.bounds();
+    if (dir == Disc::X)
+        m_editor->merge(dir, range.left, range.right);
+    else
+        m_editor->merge(dir, range.bottom, range.top);
+}
+
+void HygConstructionView::deleteCells(unsigned int dir) {
+    const Range range = m_canvas->scene().selection.bounds();
+    if (dir == Disc::X)
+        m_editor->remove(dir, range.left, range.right);
+    else
+        m_editor->remove(dir, range.bottom, range.top);
+}
+
+void HygConstructionView::mirrorCells(unsigned int dir) {
+    const HygConstructionScene & scene = m_canvas->scene();
+    Range range{
+        0, 0, 0, static_cast<std::uint32_t>(scene.cells.nx() - 1), static_cast<std::uint32_t>(scene.cells.ny() - 1), 0};
+    if (!scene.selection.empty())
+        range = scene.selection.bounds();
+    if (dir == Disc::X)
+        m_editor->mirror(dir, range.left, range.right);
+    else
+        m_editor->mirror(dir, range.bottom, range.top);
+}
+
+void HygConstructionView::copyCells() {
+    const HygConstructionScene & scene = m_canvas->scene();
+    const auto block = HYGRION::edit::copyBlock(scene.project->m_assignments, scene.selection.bounds());
+    QApplication::clipboard()->setText(QString::fromStdString(block.text()));
+}
+
+void HygConstructionView::cutCells() {
+    copyCells();
+    clearCells();
+}
+
+void HygConstructionView::pasteCells() {
+    m_editor->paste(QApplication::clipboard()->text(), m_canvas->scene().selection.bounds());
+}
+
+void HygConstructionView::clearCells() {
+    m_editor->clear(m_canvas->scene().selection.blocks());
+}
+
+void HygConstructionView::askWidth(Qt::Orientation orientation, std::size_t first, std::size_t last) {
+    const HygConstructionScene & scene = m_canvas->scene();
+    const bool isColumn = orientation == Qt::Horizontal;
+    if (scene.project == nullptr || (!isColumn && scene.isStack()))
+        return;
+    delete m_widthEdit;
+    HygGridRuler & ruler = m_canvas->ruler(orientation);
+    m_widthEdit = new QtExt::ValueEdit(m_canvas);
+    m_widthEdit->setObjectName(QStringLiteral("widthEdit"));
+    m_widthEdit->setAccessibleName(isColumn ? tr("Width") : tr("Height"));
+    m_widthEdit->setToolTip(
+        tr("Width of the selected cells together; they keep their proportions. Usually 0.1 mm to 1 m."));
+    KOR::Parameter width("Width", 1, scene.unit);
+    KOR::Parameter metres("Width", (isColumn ? scene.x : scene.y).width(first, last), KOR::Unit("m"));
+    width.set_value(metres.get_value(scene.unit), scene.unit);
+    m_widthEdit->setParameter(width);
+    m_widthEdit->setMinimum(0, KOR::Unit("m"), true);
+    const QRect place = ruler.place(first, last).translated(ruler.pos());
+    const int wide = std::max(130, m_widthEdit->sizeHint().width());
+    m_widthEdit->resize(wide, m_widthEdit->sizeHint().height());
+    m_widthEdit->move(
+        std::clamp(place.center().x() - wide / 2, 0, std::max(m_canvas->width() - wide, 0)),
+        std::clamp(place.center().y() - m_widthEdit->height() / 2, 0, std::max(m_canvas->height() - 30, 0)));
+    m_widthEdit->show();
+    m_widthEdit->setFocus();
+    m_widthEdit->selectAll();
+    const auto close = [this] {
+        if (m_widthEdit == nullptr)
+            return;
+        m_widthEdit->deleteLater();
+        m_widthEdit = nullptr;
+        m_canvas->setFocus();
+    };
+    connect(m_widthEdit, &QtExt::ValueEdit::valueChanged, this, [this, close, isColumn, first, last] {
+        const KOR::Parameter wanted = m_widthEdit->parameter();
+        close();
+        m_editor->setThickness(isColumn ? Disc::X : Disc::Y, first, last, wanted);
+    });
+    connect(m_widthEdit, &QLineEdit::editingFinished, this, close);
+}
+
+void HygConstructionView::addLayer() {}
+
+void HygConstructionView::discretize() {}
+
+void HygConstructionView::startDetail() {
+    m_editor->startDetail(DETAIL_CELLS, KOR::Parameter("Width", DETAIL_WIDTH, KOR::Unit("mm")));
+    m_canvas->select({
+        {0, 0, 0, 0, 0, 0}
+    });
+    m_canvas->setFocus();
+}
+
+void HygConstructionView::setEquidistant(bool on) {
+    HygSettings::instance().m_constructionViewEquidistantModeEnabled = on;
+    m_canvas->scene().isEquidistant = on;
+    m_canvas->sceneChanged();
+    m_canvas->fitAll();
+}
+
+void HygConstructionView::setGridLines(bool on) {
+    HygSettings::instance().m_constructionViewGridLinesVisible = on;
+    m_canvas->scene().hasGridLines = on;
+    m_canvas->viewport()->update();
+}
+
+void HygConstructionView::setPlane(int plane) {
+    if (m_canvas->scene().plane == static_cast<std::uint32_t>(plane))
+        return;
+    m_canvas->scene().plane = static_cast<std::uint32_t>(plane);
+    m_canvas->sceneChanged();
+    updateSummary();
+}
+
+void HygConstructionView::showEvent(QShowEvent * event) {
+    QWidget::showEvent(event);
+    if (m_isOutdated)
+        updateScene(m_isNewProject);
+}
+
+void HygConstructionView::changeEvent(QEvent * event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+}

@@ -1,0 +1,87 @@
+#pragma once
+
+#include "construction/HygConstructionCanvas.h"
+#include "construction/HygConstructionEditor.h"
+
+#include <QWidget>
+
+#include <array>
+#include <map>
+
+namespace QtExt {
+class ValueEdit;
+}
+class HygChipButton;
+class HygConstructionStart;
+class HygMessageBar;
+class HygProjectHandler;
+class QLabel;
+class QSlider;
+class QSplitter;
+class QTabWidget;
+class QToolBar;
+class QToolButton;
+
+/// The view of the construction: drawing, tools, and the panels that change it.
+class HygConstructionView : public QWidget {
+    Q_OBJECT
+public:
+    explicit HygConstructionView(HygProjectHandler * projects, QWidget * parent = nullptr);
+
+    HygConstructionCanvas & canvas() { return *m_canvas; }
+    HygConstructionEditor & editor() { return *m_editor; }
+
+protected:
+    void changeEvent(QEvent * event) override;
+    void showEvent(QShowEvent * event) override;
+
+private:
+    struct ActionRow;
+    static const ActionRow ACTIONS[];
+
+    void setUpActions();
+    void setUpTools();
+    void setUpSwitches();
+    void setUpCanvas();
+    void retranslate();
+    void updateScene(bool isNewProject);
+    void updateActions();
+    void updateSummary();
+    void projectModified(int code, void * data);
+    QAction & action(const char * name) const;
+
+    void insertCells(unsigned int dir, bool isAfter);
+    void splitCells(unsigned int dir);
+    void mergeCells(unsigned int dir);
+    void deleteCells(unsigned int dir);
+    void mirrorCells(unsigned int dir);
+    void copyCells();
+    void cutCells();
+    void pasteCells();
+    void clearCells();
+    void askWidth(Qt::Orientation orientation, std::size_t first, std::size_t last);
+    void addLayer();
+    void discretize();
+    void startDetail();
+    void setEquidistant(bool on);
+    void setGridLines(bool on);
+    void setPlane(int plane);
+
+    HygProjectHandler & m_projects;
+    HygConstructionEditor * m_editor;
+    HygConstructionCanvas * m_canvas;
+    HygConstructionStart * m_start;
+    QToolBar * m_tools;
+    QSplitter * m_splitter;
+    QTabWidget * m_panels;
+    QSlider * m_planeSlider;
+    QLabel * m_planeLabel;
+    QLabel * m_summary;
+    HygMessageBar * m_message;
+    QtExt::ValueEdit * m_widthEdit = nullptr;
+    std::array<HygChipButton *, HygConstructionScene::NUM_OVERLAYS> m_switches{};
+    std::map<QString, QAction *> m_actions;
+    std::vector<std::pair<QToolButton *, const char *>> m_groupButtons;
+    bool m_isOutdated = true; ///< the project has changed while the view was hidden
+    bool m_isNewProject = true;
+};
