@@ -1942,4 +1942,157 @@
         <translation>Einheit</translation>
     </message>
 </context>
+<context>
+    <name>SCI::AxisDialog</name>
+    <message>
+        <source>Left</source>
+        <translation>Links</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>Rechts</translation>
+    </message>
+    <message>
+        <source>Bottom</source>
+        <translation>Unten</translation>
+    </message>
+    <message>
+        <source>Top</source>
+        <translation>Oben</translation>
+    </message>
+    <message>
+        <source>Linear</source>
+        <translation>Linear</translation>
+    </message>
+    <message>
+        <source>Logarithmic</source>
+        <translation>Logarithmisch</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>Ranges and units</source>
+        <translation>Bereiche und Einheiten</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>Von</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>Bis</translation>
+    </message>
+    <message>
+        <source>Automatic</source>
+        <translation>Automatisch</translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>Einheit</translation>
+    </message>
+    <message>
+        <source>Scale</source>
+        <translation>Teilung</translation>
+    </message>
+    <message>
+        <source>A number in the unit of the axis, or a date such as 15.03.2021 12:00</source>
+        <translation>Eine Zahl in der Einheit der Achse oder ein Datum wie 15.03.2021 12:00</translation>
+    </message>
+    <message>
+        <source>The range that the visible series cover</source>
+        <translation>Der Bereich, den die sichtbaren Reihen einnehmen</translation>
+    </message>
+    <message>
+        <source>Unit of the numbers at the axis</source>
+        <translation>Einheit der Zahlen an der Achse</translation>
+    </message>
+    <message>
+        <source>How values lie along the axis; a logarithmic one leaves out what is not above 0</source>
+        <translation>Wie die Werte auf der Achse liegen; eine logarithmische lässt aus, was nicht über 0 liegt</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is no date, expected 15.03.2021 12:00.</source>
+        <translation>&apos;%1&apos; ist kein Datum, erwartet wird 15.03.2021 12:00.</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is no number.</source>
+        <translation>&apos;%1&apos; ist keine Zahl.</translation>
+    </message>
+    <message>
+        <source>The range must begin below its end.</source>
+        <translation>Der Bereich muss unter seinem Ende beginnen.</translation>
+    </message>
+    <message>
+        <source>A logarithmic axis begins above 0.</source>
+        <translation>Eine logarithmische Achse beginnt über 0.</translation>
+    </message>
+</context>
+<context>
+    <name>SCI::Chart</name>
+    <message>
+        <source>Show &amp;all</source>
+        <translation>&amp;Alles zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Previous view</source>
+        <translation>&amp;Vorige Ansicht</translation>
+    </message>
+    <message>
+        <source>&amp;Ranges and units...</source>
+        <translation>&amp;Bereiche und Einheiten...</translation>
+    </message>
+    <message>
+        <source>&amp;Copy picture</source>
+        <translation>Bild &amp;kopieren</translation>
+    </message>
+    <message>
+        <source>Copy as S&amp;VG</source>
+        <translation>Als S&amp;VG kopieren</translation>
+    </message>
+    <message>
+        <source>Copy &amp;table</source>
+        <translation>&amp;Tabelle kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Save picture...</source>
+        <translation>Bild &amp;speichern...</translation>
+    </message>
+    <message>
+        <source>Save ta&amp;ble...</source>
+        <translation>Tabe&amp;lle speichern...</translation>
+    </message>
+    <message>
+        <source>Pr&amp;int...</source>
+        <translation>&amp;Drucken...</translation>
+    </message>
+    <message>
+        <source>Chart</source>
+        <translation>Diagramm</translation>
+    </message>
+    <message>
+        <source>Save picture</source>
+        <translation>Bild speichern</translation>
+    </message>
+    <message>
+        <source>Picture (*.png);;Vector graphics (*.svg);;Document (*.pdf)</source>
+        <translation>Bild (*.png);;Vektorgrafik (*.svg);;Dokument (*.pdf)</translation>
+    </message>
+    <message>
+        <source>Save table</source>
+        <translation>Tabelle speichern</translation>
+    </message>
+    <message>
+        <source>Table (*.csv)</source>
+        <translation>Tabelle (*.csv)</translation>
+    </message>
+</context>
+<context>
+    <name>SCI::Plot</name>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+</context>
 </TS>

@@ -8,17 +8,25 @@
 
 #include <QWidget>
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
+class QMenu;
 class QPainter;
+class QPrinter;
 
 namespace SCI {
 
 struct Table;
 
 /// A chart: series over up to four axes. Draws itself on the screen, or without a window into pictures.
+///
+/// The wheel zooms (Ctrl: along x, Shift: along y, over an axis: along it), dragging zooms to a rectangle, dragging with
+/// Shift or the middle button moves; a double click shows all, on an axis it opens ranges and units. Keys: arrows move,
+/// + and - zoom, Home shows all, Backspace goes back, Ctrl with left and right moves the cursor (and Shift faster).
+/// A click in the legend hides a series.
 class Chart : public QWidget {
     Q_OBJECT
 public:
@@ -39,10 +47,19 @@ public:
     void setRange(axis_t axis, Range range);
     /// The range that the visible series cover.
     void setAutoRange(axis_t axis);
+    bool isAutoRange(axis_t axis) const;
+    /// Whether anything is drawn along it; bottom and left always are.
+    bool isUsed(axis_t axis) const;
     /// The range in force, in the shown unit.
     Range range(axis_t axis) const;
     /// All series on all axes.
     void showAll();
+    /// Takes back zooming and showing all.
+    void showPrevious();
+    bool hasPrevious() const;
+    /// What the cursor tells at a place, in the shown units of bottom and left: x, then a line a series that has a value
+    /// there.
+    QStringList valuesAt(double x, double y = 0) const;
     /// Texts of the major ticks, as they stand at the axis.
     QStringList tickLabels(axis_t axis) const;
 
@@ -83,18 +100,35 @@ public:
     void copyPicture() const;
     void copySvg() const;
     void copyCsv() const;
+    /// Prints on light ground, as large as the page allows.
+    void print(QPrinter & printer) const;
+
+    /// The actions of the context menu, for a menu or tool bar of the user's.
+    void fillMenu(QMenu & menu);
+    /// Asks for ranges and units.
+    void editAxes(axis_t focused);
+    /// Ask where to, and tell what failed.
+    void savePicture();
+    void saveCsv();
+    void print();
 
     QSize sizeHint() const override;
 
 signals:
     void seriesVisibilityChanged(int id, bool isVisible);
+    /// The cursor is at a place, in the shown units of bottom and left.
+    void cursorMoved(double x, double y);
 
 protected:
     void changeEvent(QEvent * event) override;
     void resizeEvent(QResizeEvent * event) override;
+    void keyPressEvent(QKeyEvent * event) override;
+    void contextMenuEvent(QContextMenuEvent * event) override;
 
 private:
     std::vector<Table> tables() const;
+    void renderLight(QPainter & painter, const QRectF & rectangle) const;
+    void guarded(const std::function<void()> & action);
 
     struct Private;
     std::unique_ptr<Private> m;

@@ -4,10 +4,13 @@
 #include "GridItem.h"
 #include "Items.h"
 #include "Marks.h"
+#include "Navigator.h"
 #include "Plot.h"
 #include "VectorItem.h"
 
 #include <QEvent>
+#include <QKeyEvent>
+#include <QMenu>
 #include <QPainter>
 #include <QVBoxLayout>
 
@@ -26,6 +29,7 @@ constexpr double MARGIN = 8; ///< of pictures [px]
 
 struct Chart::Private {
     Plot * plot = nullptr;
+    Navigator * navigator = nullptr;
     std::map<id_t, std::unique_ptr<QwtPlotItem>> items;
     id_t nextId = 0;
     int nextSeries = 0;
@@ -50,6 +54,10 @@ Chart::Chart(QWidget * parent) : QWidget(parent), m(new Private) {
     layout->setContentsMargins(0, 0, 0, 0);
     m->plot = new Plot(this);
     layout->addWidget(m->plot);
+    m->navigator = new Navigator(*m->plot);
+    m->navigator->m_onAxis = [this](axis_t axis) { editAxes(axis); };
+    m->navigator->m_onCursor = [this](const QPointF & place) { emit cursorMoved(place.x(), place.y()); };
+    setFocusPolicy(Qt::StrongFocus);
     resize(sizeHint());
     m->plot->setTheme(m->theme(palette()));
     auto * legend = new QwtLegend;
@@ -75,6 +83,7 @@ void Chart::setTitle(const QString & title) {
     font.setBold(true);
     text.setFont(font);
     m->plot->setTitle(text);
+    setAccessibleName(title);
 }
 
 QString Chart::title() const {
@@ -100,14 +109,33 @@ void Chart::setAutoRange(axis_t axis) {
     m->plot->refresh();
 }
 
+bool Chart::isAutoRange(axis_t axis) const {
+    return !m->plot->state(axis).wanted;
+}
+
+bool Chart::isUsed(axis_t axis) const {
+    return m->plot->isUsed(axis);
+}
+
+void Chart::showPrevious() {
+    m->navigator->back();
+}
+
+bool Chart::hasPrevious() const {
+    return m->navigator->canGoBack();
+}
+
+QStringList Chart::valuesAt(double x, double y) const {
+    return valuesAtPixel(*m->plot,
+                         {m->plot->canvasMap(X_BOTTOM).transform(x), m->plot->canvasMap(Y_LEFT).transform(y)});
+}
+
 Range Chart::range(axis_t axis) const {
     return m->plot->state(axis).range;
 }
 
 void Chart::showAll() {
-    for (int i = 0; i < NUM_AXES; ++i)
-        m->plot->setWanted(static_cast<axis_t>(i), std::nullopt);
-    m->plot->refresh();
+    m->navigator->showAll();
 }
 
 QStringList Chart::tickLabels(axis_t axis) const {
@@ -204,6 +232,13 @@ void Chart::render(QPainter & painter, const QRectF & rectangle) const {
     m->plot->fit(size());
 }
 
+void Chart::renderLight(QPainter & painter, const QRectF & rectangle) const {
+    const Theme theme = m->plot->theme();
+    m->plot->setTheme(Theme::of(false));
+    render(painter, rectangle);
+    m->plot->setTheme(theme);
+}
+
 QImage Chart::image(const QSize & size, double scale) const {
     QImage image(size * scale, QImage::Format_ARGB32_Premultiplied);
     const int dots = qRound(m->plot->logicalDpiX() * scale / 0.0254);
@@ -250,6 +285,19 @@ void Chart::resizeEvent(QResizeEvent * event) {
     QWidget::resizeEvent(event);
     m->plot->fit(size());
     m->plot->refresh();
+}
+
+void Chart::keyPressEvent(QKeyEvent * event) {
+    if (m->navigator->handleKey(*event))
+        return;
+    // The menu's keys hold while the chart has the focus.
+    QMenu menu;
+    fillMenu(menu);
+    const QKeySequence pressed(static_cast<int>(event->key() | static_cast<int>(event->modifiers())));
+    for (QAction * action : menu.actions())
+        if (action->isEnabled() && !action->shortcut().isEmpty() && action->shortcut() == pressed)
+            return action->trigger();
+    QWidget::keyPressEvent(event);
 }
 
 void Chart::changeEvent(QEvent * event) {

@@ -37,6 +37,7 @@ Plot::Plot(QWidget * parent) : QwtPlot(parent), m_theme(Theme::of(palette())), m
     setAutoReplot(false);
     setAutoDelete(false);
     auto * ground = new QwtPlotCanvas(this);
+    ground->setObjectName(QStringLiteral("canvas"));
     ground->setFrameStyle(QFrame::NoFrame);
     ground->setPaintAttribute(QwtPlotCanvas::BackingStore, true);
     setCanvas(ground);
@@ -84,6 +85,13 @@ void Plot::setAxis(axis_t id, const SCI::Axis & axis) {
     state.unit = UnitScale(axis.dataUnit, axis.unit());
     if (axis.scale == DATE)
         secondsPerUnit(state); // throws for units that are no times
+    // A wanted range stays where it is when only the unit changes.
+    const AxisState & before = m_axes[id];
+    if (before.wanted && before.axis.dataUnit == axis.dataUnit)
+        state.wanted = Range{state.unit.shown(before.unit.data(before.wanted->from)),
+                             state.unit.shown(before.unit.data(before.wanted->to))};
+    if (axis.scale == LOGARITHMIC && state.wanted && !(state.wanted->from > 0))
+        state.wanted.reset();
     m_axes[id] = state;
     install(id);
     for (QwtPlotItem * item : itemList())
