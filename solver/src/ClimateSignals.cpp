@@ -21,6 +21,7 @@ using KOR::text;
 namespace {
 
 constexpr const char * WHERE = "[ClimateSignals::add]";
+constexpr double HALF_AN_HOUR = 1800; ///< [s]
 
 using Quantity = ClimateCond::condition_t;
 using Kind = ClimateCond::kind_t;
@@ -143,6 +144,11 @@ CCM::CCDFile ClimateSignals::fromContainer(Signal & signal, const KOR::Path & pa
     signal.isNormalRadiation = condition.m_type == Quantity::SWRadiationDirect;
     if (!condition.m_flag.contains(Flag::UseInterpolation))
         condition.m_flag.set(Flag::UseInterpolation, true);
+    // A mean over the hour stands at its middle; as a step it holds from the hour's begin.
+    if (!condition.m_flag.isEnabled(Flag::UseInterpolation) && data.isAnnual() &&
+        CCM::CLIMATE_QUANTITIES[supply->supplied].middleOfHour)
+        for (double & time : file.timePoints)
+            time -= HALF_AN_HOUR;
     bool canRepeat = true;
     try {
         CCM::ClimateDataLoader::checkForValidCyclicData(file.timePoints);

@@ -286,7 +286,8 @@ void ModelBuilder::makeCells() {
     checkEmptyCells();
 }
 
-/// Cells without material are open air of a detail; in a wall, and where no surface faces them, they are an oversight.
+/// Cells without material are open air. Where no interface faces them they are an oversight, but at the rim of a detail
+/// they may be cut off on purpose.
 void ModelBuilder::checkEmptyCells() const {
     const bool isWall = m_size[1] == 1 && m_size[2] == 1;
     std::set<std::uint64_t> faced;
@@ -299,8 +300,6 @@ void ModelBuilder::checkEmptyCells() const {
         if (m_result.cellOfGrid[start] != NO_CELL || seen[start])
             continue;
         const Index first = indexOf(start);
-        if (isWall)
-            refuse(text("The cell at %1 has no material.", placeText(first)));
         // All empty cells that hang together, and whether an interface looks at them.
         bool isFaced = false;
         bool isEnclosed = true;
@@ -313,14 +312,15 @@ void ModelBuilder::checkEmptyCells() const {
                 for (const bool isUpper : {false, true}) {
                     GridFace face{d, index};
                     face.index[d] += isUpper ? 1 : 0;
-                    isFaced = isFaced || faced.contains(faceKey(face));
                     if (isUpper ? index[d] + 1 == m_size[d] : index[d] == 0) {
                         isEnclosed = isEnclosed && m_size[d] == 1;
                         continue;
                     }
                     Index next = index;
                     next[d] += isUpper ? 1u : -1u;
-                    if (cellAt(next) == NO_CELL && !seen[gridIndex(next)]) {
+                    if (cellAt(next) != NO_CELL) {
+                        isFaced = isFaced || faced.contains(faceKey(face));
+                    } else if (!seen[gridIndex(next)]) {
                         seen[gridIndex(next)] = true;
                         open.push_back(next);
                     }
@@ -328,7 +328,7 @@ void ModelBuilder::checkEmptyCells() const {
         }
         if (isFaced)
             continue;
-        if (isEnclosed)
+        if (isEnclosed || isWall)
             refuse(
                 text("The cells without material at %1 have no interface: either a material or the climate that they "
                      "stand for is missing.",
