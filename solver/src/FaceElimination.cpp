@@ -10,6 +10,7 @@ namespace SOLVER {
 namespace {
 
 constexpr int MAX_ITERATIONS = 150;
+constexpr int MAX_NEWTON_ITERATIONS = 30; ///< of a single node, before its root is enclosed
 constexpr double CONVERGED_HUMIDITY = 1e-13;
 constexpr double CONVERGED_TEMPERATURE = 1e-11; ///< [K]
 constexpr double LOWEST_HUMIDITY = 1e-30;
@@ -46,13 +47,92 @@ FaceNode nodeAtCell(const HalfCell & half) {
 /// Newton's iteration: \p step(damping) solves and moves once, and returns the size of the step in tolerances, NaN if the
 /// system is singular. Where full steps run in a circle (around the bend of the conductivity near saturation), shorter
 /// ones end it. \return whether it converged; a failure shows as a flux that is not a number
-template <typename Step> bool iterate(Step && step) {
+template <typename Step> bool iterate(Step && step, int maxIterations = MAX_ITERATIONS) {
     double size = FAILED_STEP;
-    for (int i = 0; i < MAX_ITERATIONS && size >= 1; ++i)
+    for (int i = 0; i < maxIterations && size >= 1; ++i)
         size = step(i < 12 ? 1.0 : i < 60 ? 0.5 : 0.2);
     return size < FAILED_STEP;
 }
 constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
+
+/// What arrives at a node less what leaves it, heat and moisture, and how that depends on temperature and humidity.
+struct NodeBalance {
+    std::array<double, 2> gain;
+    std::array<std::array<double, 2>, 2> slopes;
+};
+
+/// The temperature at which a node of given humidity gains no heat: Newton's iteration within a bracket, since a warmer
+/// node gains less.
+template <typename Balance> NodeBalance balanceHeat(FaceNode & node, Balance && balance) {
+    double low = node.temperature - 200;
+    double high = node.temperature + 200;
+    for (int i = 0; i < MAX_ITERATIONS; ++i) {
+        const NodeBalance at = balance(node);
+        (at.gain[0] > 0 ? low : high) = node.temperature;
+        const double next = node.temperature - at.gain[0] / at.slopes[0][0];
+        if (!(std::fabs(next - node.temperature) >= CONVERGED_TEMPERATURE) || high - low < CONVERGED_TEMPERATURE)
+            break;
+        node.temperature = next > low && next < high ? next : (low + high) / 2;
+    }
+    return balance(node);
+}
+
+/// Encloses the humidity at which the node gains no moisture, where Newton's iteration ran in a circle. For each humidity
+/// the temperature is solved for. \return false if there is none
+template <typename Balance> bool encloseNode(FaceNode & node, Balance && balance) {
+    const auto gain = [&](double humidity) {
+        node.humidity = humidity;
+        const NodeBalance at = balanceHeat(node, balance);
+        return std::isfinite(at.gain[0]) ? at.gain[1] : NOT_A_NUMBER;
+    };
+    double low = node.humidity;
+    double high = node.humidity;
+    double atLow = gain(low);
+    double atHigh = atLow;
+    constexpr double HIGHEST_HUMIDITY = 1e3;
+    while (atHigh > 0 && high < HIGHEST_HUMIDITY) {
+        low = high;
+        atLow = atHigh;
+        high = high < 1 ? 1 : 2 * high;
+        atHigh = gain(high);
+    }
+    while (atLow < 0 && low > LOWEST_HUMIDITY) {
+        high = low;
+        atHigh = atLow;
+        low = std::max(low / 4, LOWEST_HUMIDITY);
+        atLow = gain(low);
+    }
+    if (!(atLow >= 0 && atHigh <= 0))
+        return false;
+    // The rule of Illinois: false positions, of which a side that stays is halved.
+    for (int i = 0; i < MAX_ITERATIONS && high - low > CONVERGED_HUMIDITY * high && atLow > atHigh; ++i) {
+        const double middle = std::clamp(low + (high - low) * atLow / (atLow - atHigh), low, high);
+        const double atMiddle = gain(middle);
+        if (atMiddle > 0) {
+            low = middle;
+            atLow = atMiddle;
+            atHigh /= 2;
+        } else {
+            high = middle;
+            atHigh = atMiddle;
+            atLow /= 2;
+        }
+    }
+    return std::isfinite(gain((low + high) / 2));
+}
+
+/// Solves for a node of given balance. \return whether it was found; \p node and what the balance keeps are then its
+template <typename Balance> bool solveNode(FaceNode & node, Balance && balance) {
+    const FaceNode start = node;
+    const auto step = [&](double damping) {
+        NodeBalance at = balance(node);
+        return solveDense(at.slopes, at.gain) ? move(node, -at.gain[0], -at.gain[1], damping) : NOT_A_NUMBER;
+    };
+    if (iterate(step, MAX_NEWTON_ITERATIONS))
+        return true;
+    node = start;
+    return encloseNode(node, balance);
+}
 
 /// Replaces the balance of what is not solved by "stays where it is".
 template <std::size_t N>
@@ -61,7 +141,7 @@ void pinInactive(std::array<std::array<double, N>, N> & jacobian, std::array<dou
         const bool isHeatRow = i % 2 == 0;
         if ((isHeatRow && module == module_t::moisture) || (!isHeatRow && module == module_t::heat)) {
             jacobian[i].fill(0);
-            jacobian[i][i] = 1;
+            jacobian[i][i] = -1;
             residual[i] = 0;
         }
     }
@@ -87,20 +167,20 @@ Model::FaceFlux perfectContact(const HalfCell & a, const HalfCell & b, const The
     FaceNode node{(nodeA.temperature + nodeB.temperature) / 2, std::sqrt(nodeA.humidity * nodeB.humidity)};
     HalfCell::Flux fa{};
     HalfCell::Flux fb{};
-    const bool converged = iterate([&](double damping) {
-        fa = a.flux(node, thermodynamics);
-        fb = b.flux(node, thermodynamics);
-        const double latent = latentHeat(module, node.temperature);
-        std::array<double, 2> r{fa.conduction + fb.conduction + latent * (fa.vapor + fb.vapor),
-                                fa.vapor + fb.vapor + fa.liquid + fb.liquid};
-        std::array<std::array<double, 2>, 2> j{
-            {{fa.conductionByT + fb.conductionByT + latent * (fa.vaporByT + fb.vaporByT),
-              fa.conductionByPhi + fb.conductionByPhi + latent * (fa.vaporByPhi + fb.vaporByPhi)},
-             {fa.vaporByT + fb.vaporByT + fa.liquidByT + fb.liquidByT,
-              fa.vaporByPhi + fb.vaporByPhi + fa.liquidByPhi + fb.liquidByPhi}}
+    const bool converged = solveNode(node, [&](FaceNode & at) {
+        fa = a.flux(at, thermodynamics);
+        fb = b.flux(at, thermodynamics);
+        const double latent = latentHeat(module, at.temperature);
+        NodeBalance balance{
+            {fa.conduction + fb.conduction + latent * (fa.vapor + fb.vapor),
+             fa.vapor + fb.vapor + fa.liquid + fb.liquid},
+            {{{fa.conductionByT + fb.conductionByT + latent * (fa.vaporByT + fb.vaporByT),
+               fa.conductionByPhi + fb.conductionByPhi + latent * (fa.vaporByPhi + fb.vaporByPhi)},
+              {fa.vaporByT + fb.vaporByT + fa.liquidByT + fb.liquidByT,
+               fa.vaporByPhi + fb.vaporByPhi + fa.liquidByPhi + fb.liquidByPhi}}                                                             }
         };
-        pinInactive(j, r, module);
-        return solveDense(j, r) ? move(node, -r[0], -r[1], damping) : NOT_A_NUMBER;
+        pinInactive(balance.slopes, balance.gain, module);
+        return balance;
     });
     if (!converged)
         fa.conduction = fa.vapor = NOT_A_NUMBER;
@@ -210,38 +290,39 @@ Arrival arrival(const SurfaceLoad & load, const HalfCell::Flux & f, double T, do
 }
 
 /// Solves the surface node under \p rain that is all taken up; a fixed suction or temperature is kept.
-HalfCell::Flux solveNode(const HalfCell & inside, const SurfaceLoad & load, double rain, bool hasSuction,
-                         double suction, FaceNode & node, const Thermodynamics & thermodynamics, module_t module) {
+HalfCell::Flux solveSurface(const HalfCell & inside, const SurfaceLoad & load, double rain, bool hasSuction,
+                            double suction, FaceNode & node, const Thermodynamics & thermodynamics, module_t module) {
     HalfCell::Flux f{};
-    const bool converged = iterate([&](double damping) {
+    const bool converged = solveNode(node, [&](FaceNode & at) {
         if (hasSuction)
-            node.humidity = std::exp(-suction / thermodynamics.kelvin(node.temperature));
-        f = inside.flux(node, thermodynamics);
-        const double latent = latentHeat(module, node.temperature);
-        const Arrival in = arrival(load, f, node.temperature, rain, latent);
-        std::array<double, 2> r{f.conduction + latent * f.vapor + in.heat, f.vapor + f.liquid + in.water};
-        std::array<std::array<double, 2>, 2> j{
-            {{f.conductionByT + latent * f.vaporByT + in.heatByT,
-              f.conductionByPhi + latent * f.vaporByPhi + in.heatByPhi},
-             {f.vaporByT + f.liquidByT + in.waterByT, f.vaporByPhi + f.liquidByPhi + in.waterByPhi}}
+            at.humidity = std::exp(-suction / thermodynamics.kelvin(at.temperature));
+        f = inside.flux(at, thermodynamics);
+        const double latent = latentHeat(module, at.temperature);
+        const Arrival in = arrival(load, f, at.temperature, rain, latent);
+        NodeBalance balance{
+            {f.conduction + latent * f.vapor + in.heat, f.vapor + f.liquid + in.water},
+            {{{f.conductionByT + latent * f.vaporByT + in.heatByT,
+               f.conductionByPhi + latent * f.vaporByPhi + in.heatByPhi},
+              {f.vaporByT + f.liquidByT + in.waterByT, f.vaporByPhi + f.liquidByPhi + in.waterByPhi}}                                        }
         };
-        pinInactive(j, r, module);
+        pinInactive(balance.slopes, balance.gain, module);
         if (load.hasTemperature) {
-            j[0] = {1, 0};
-            r[0] = node.temperature - load.airTemperature;
+            balance.slopes[0] = {-1, 0};
+            balance.gain[0] = load.airTemperature - at.temperature;
         }
         if (hasSuction) {
-            j[1] = {0, 1};
-            r[1] = 0;
+            balance.slopes[1] = {0, -1};
+            balance.gain[1] = 0;
         }
         // A surface through which nothing passes keeps the state of its cell.
+        const double fromCell[] = {inside.cell.temperature - at.temperature, inside.cell.humidity - at.humidity};
         for (std::size_t k = 0; k < 2; ++k)
-            if (j[k][k] == 0) {
-                j[k].fill(0);
-                j[k][k] = 1;
-                r[k] = k == 0 ? node.temperature - inside.cell.temperature : node.humidity - inside.cell.humidity;
+            if (balance.slopes[k][k] == 0) {
+                balance.slopes[k].fill(0);
+                balance.slopes[k][k] = -1;
+                balance.gain[k] = fromCell[k];
             }
-        return solveDense(j, r) ? move(node, -r[0], -r[1], damping) : NOT_A_NUMBER;
+        return balance;
     });
     if (!converged)
         f.conduction = f.vapor = NOT_A_NUMBER;
@@ -272,14 +353,15 @@ SurfaceState eliminateSurface(const HalfCell & inside, const SurfaceLoad & given
     if (module == module_t::heat)
         load.rain = load.liquidFlux = 0;
     FaceNode node = nodeAtCell(inside);
-    HalfCell::Flux f = solveNode(inside, load, load.rain, load.hasSuction, load.suction, node, thermodynamics, module);
+    HalfCell::Flux f =
+        solveSurface(inside, load, load.rain, load.hasSuction, load.suction, node, thermodynamics, module);
     SurfaceState state;
     // A surface that is open to rain and air holds no water under pressure: what it cannot take, of rain or of
     // condensate, runs off.
     const bool isOpen = load.rain > 0 || load.vaporTransfer > 0;
     if (!load.hasSuction && isOpen && module != module_t::heat && (f.suction < 0 || !std::isfinite(f.suction))) {
         node = nodeAtCell(inside);
-        f = solveNode(inside, load, load.rain, true, 0, node, thermodynamics, module);
+        f = solveSurface(inside, load, load.rain, true, 0, node, thermodynamics, module);
         state.runoff = std::max(0.0, arrival(load, f, node.temperature, load.rain, 0).water + f.vapor + f.liquid);
     }
 

@@ -45,7 +45,12 @@ public:
     HalfCell(const MaterialTable & material, const Model::CellState & state, double wayLength, double gravityHead,
              double openToLiquid = 1)
         : cell(state), table(material), distance(wayLength), head(gravityHead), liquidShare(openToLiquid),
-          referenceHumidity(std::exp(-state.suction / kelvinPressure(T_REF))) {}
+          lambdaOfSuction(state.lambda), integrals(material.integrals(state.suction)) {
+        if (table.hasLambdaByTemperature() || cell.ice > 0) {
+            MaterialTable::Slopes unused{};
+            lambdaOfSuction = table.fromSuction(cell.suction, unused).lambda;
+        }
+    }
 
     /// Densities of flux from the centre to the face and their derivatives with respect to the face node.
     struct Flux {
@@ -73,34 +78,40 @@ public:
         f.vaporPressureByPhi = saturation;
         f.vaporPressureByT = f.vaporPressure * logSaturationPressureSlope(T);
 
-        // The permeability is the mean over the humidities on the way. With the mean of both ends instead a wetting
-        // surface would close itself: vapour flux would fall with the humidity that drives it, and the balance of the
-        // face have several solutions.
-        const double factor = thermodynamics.permeabilityFactor((cell.temperature + T) / 2) / distance;
+        // The conductivities are means over the humidities on the way. With the mean of both ends instead a wetting
+        // surface would close itself to vapour, and a cold wet one keep itself cold: the balance of the face would have
+        // several solutions.
+        const MaterialTable::Integrals faceIntegrals = table.integrals(suction);
         const double faceHumidity = std::exp(-suction / kelvinPressure(T_REF));
-        const double humidityDrop = referenceHumidity - faceHumidity;
-        const bool isNear = std::fabs(humidityDrop) < 1e-5;
-        const double mean =
-            isNear ? (cell.vapor + face.vapor) / 2 : (cell.vaporPotential - face.vaporPotential) / humidityDrop;
-        const double meanBySuction =
-            isNear ? slopes.vapor / 2 : (face.vapor - mean) / humidityDrop * faceHumidity / kelvinPressure(T_REF);
-        const double permeability = factor * mean;
-        const double permeabilityBySuction = factor * meanBySuction;
-        const double drop = cell.vaporPressure - f.vaporPressure;
+        // Without the round-off of a difference of humidities.
+        const double humidityDrop = faceHumidity * std::expm1((suction - cell.suction) / kelvinPressure(T_REF));
+        const auto mean = [&](double atCell, double atFace, double integral, double slopeAtFace, double & bySuction) {
+            const double size = std::fabs(humidityDrop);
+            const double value = size < 1e-8 ? (atCell + atFace) / 2 : integral / humidityDrop;
+            bySuction =
+                size < 1e-5 ? slopeAtFace / 2 : (atFace - value) / humidityDrop * faceHumidity / kelvinPressure(T_REF);
+            return value;
+        };
+        double vaporBySuction = 0;
+        const double permeability =
+            mean(cell.vapor, face.vapor, integrals.vapor - faceIntegrals.vapor, slopes.vapor, vaporBySuction);
+        const double factor = thermodynamics.permeabilityFactor((cell.temperature + T) / 2) / distance;
+        const double drop = factor * (cell.vaporPressure - f.vaporPressure);
         f.vapor = permeability * drop;
-        f.vaporByPhi = permeabilityBySuction * suctionByPhi * drop - permeability * f.vaporPressureByPhi;
-        f.vaporByT = permeabilityBySuction * suctionByT * drop - permeability * f.vaporPressureByT;
+        f.vaporByPhi = vaporBySuction * suctionByPhi * drop - factor * permeability * f.vaporPressureByPhi;
+        f.vaporByT = vaporBySuction * suctionByT * drop - factor * permeability * f.vaporPressureByT;
 
-        double lambda = face.lambda;
+        double lambdaBySuction = 0;
+        double lambda = mean(lambdaOfSuction, face.lambda, integrals.lambda - faceIntegrals.lambda, slopes.lambda,
+                             lambdaBySuction) +
+                        (cell.lambda - lambdaOfSuction) / 2;
         double lambdaByT = 0;
         if (table.hasLambdaByTemperature())
-            lambda += table.lambdaByTemperature(T, lambdaByT);
-        const double conductance = (cell.lambda + lambda) / 2 / distance;
-        const double conductanceBySuction = slopes.lambda / 2 / distance;
-        const double difference = cell.temperature - T;
-        f.conduction = conductance * difference;
-        f.conductionByT = (conductanceBySuction * suctionByT + lambdaByT / 2 / distance) * difference - conductance;
-        f.conductionByPhi = conductanceBySuction * suctionByPhi * difference;
+            lambda += table.lambdaByTemperature(T, lambdaByT) / 2;
+        const double difference = (cell.temperature - T) / distance;
+        f.conduction = lambda * difference;
+        f.conductionByT = (lambdaBySuction * suctionByT + lambdaByT / 2) * difference - lambda / distance;
+        f.conductionByPhi = lambdaBySuction * suctionByPhi * difference;
 
         f.liquid = liquidShare * (cell.potential - face.potential) / distance;
         const double liquidBySuction = liquidShare * slopes.liquid / distance;
@@ -119,7 +130,8 @@ private:
     double distance;
     double head;
     double liquidShare;
-    double referenceHumidity; ///< of the cell at T_REF
+    double lambdaOfSuction; ///< of the cell, less what ice and temperature add to it [W/mK]
+    MaterialTable::Integrals integrals;
 };
 
 } // namespace SOLVER

@@ -79,15 +79,22 @@ MaterialTable::MaterialTable(const MaterialFunctions & functions)
         }
     }
 
-    // The vapour potential: the permeability is linear enough within an interval for the trapezoidal rule over humidity.
+    // Vapour permeability and thermal conductivity are linear enough within an interval for the trapezoidal rule over
+    // humidity.
     const auto humidity = [](double x) { return std::exp(-std::pow(10.0, x) / kelvinPressure(T_REF)); };
-    std::vector<double> vaporPotential(count, 0.0);
-    for (std::size_t i = count - 1; i-- > 0;)
-        vaporPotential[i] =
-            vaporPotential[i + 1] + (vapor[i] + vapor[i + 1]) / 2 * (humidity(pC[i]) - humidity(pC[i + 1]));
-    const auto vaporPotentialSlope = [&](std::size_t i) {
-        return -vapor[i] * humidity(pC[i]) * std::pow(10.0, pC[i]) * LN10 / kelvinPressure(T_REF);
+    m_integralNodes.resize(count);
+    const auto integrate = [&](const std::vector<double> & function, double IntegralNode::*value,
+                               double IntegralNode::*slope) {
+        for (std::size_t i = count; i-- > 0;) {
+            IntegralNode & node = m_integralNodes[i];
+            node.*slope = -function[i] * humidity(pC[i]) * std::pow(10.0, pC[i]) * LN10 / kelvinPressure(T_REF);
+            if (i + 1 < count)
+                node.*value = m_integralNodes[i + 1].*value +
+                              (function[i] + function[i + 1]) / 2 * (humidity(pC[i]) - humidity(pC[i + 1]));
+        }
     };
+    integrate(vapor, &IntegralNode::vapor, &IntegralNode::vaporSlope);
+    integrate(lambda, &IntegralNode::lambda, &IntegralNode::lambdaSlope);
 
     std::vector<double> moistureSteps(count - 1);
     std::vector<double> negativePC(count);
@@ -103,9 +110,8 @@ MaterialTable::MaterialTable(const MaterialFunctions & functions)
     const std::vector<double> lambdaSlopes = monotoneSlopes(steps, lambda);
     m_nodes.resize(count);
     for (std::size_t i = 0; i < count; ++i)
-        m_nodes[i] = {moisture[i], inverse[i],     potential[i],      -LN10 * std::pow(10.0, pC[i]) * liquid[i],
-                      vapor[i],    vaporSlopes[i], vaporPotential[i], vaporPotentialSlope(i),
-                      lambda[i],   lambdaSlopes[i]};
+        m_nodes[i] = {moisture[i], inverse[i],     potential[i], -LN10 * std::pow(10.0, pC[i]) * liquid[i],
+                      vapor[i],    vaporSlopes[i], lambda[i],    lambdaSlopes[i]};
 
     if (functions.enthalpy) {
         m_enthalpy = Curve(functions.enthalpy, TEMPERATURES, "The enthalpy of material '" + m_name + "'");
@@ -148,15 +154,34 @@ MaterialTable::State MaterialTable::interpolate(std::size_t interval, double t, 
     const Node & b = m_nodes[interval + 1];
     return {suction, hermite(t, PC_STEP, a.potential, a.potentialSlope, b.potential, b.potentialSlope),
             hermite(t, PC_STEP, a.vapor, a.vaporSlope, b.vapor, b.vaporSlope),
-            hermite(t, PC_STEP, a.lambda, a.lambdaSlope, b.lambda, b.lambdaSlope),
-            hermite(t, PC_STEP, a.vaporPotential, a.vaporPotentialSlope, b.vaporPotential, b.vaporPotentialSlope)};
+            hermite(t, PC_STEP, a.lambda, a.lambdaSlope, b.lambda, b.lambdaSlope)};
 }
 
 MaterialTable::State MaterialTable::wetState(double suction) const {
     const Node & wettest = m_nodes.front();
-    const double humidity = std::exp(-suction / kelvinPressure(T_REF));
-    return {suction, wettest.potential + m_wetConductivity * (m_suctionStart - suction), wettest.vapor, wettest.lambda,
-            wettest.vaporPotential + wettest.vapor * (humidity - m_wetHumidity)};
+    return {suction, wettest.potential + m_wetConductivity * (m_suctionStart - suction), wettest.vapor, wettest.lambda};
+}
+
+std::size_t MaterialTable::locate(double suction, double & t) const {
+    const double position =
+        std::min((std::log10(suction) - m_pCStart) / PC_STEP, static_cast<double>(m_nodes.size() - 1));
+    const std::size_t i = std::min(static_cast<std::size_t>(position), m_nodes.size() - 2);
+    t = position - static_cast<double>(i);
+    return i;
+}
+
+MaterialTable::Integrals MaterialTable::integrals(double suction) const {
+    if (suction <= m_suctionStart) {
+        const double wetter = std::exp(-suction / kelvinPressure(T_REF)) - m_wetHumidity;
+        const IntegralNode & wettest = m_integralNodes.front();
+        return {wettest.vapor + m_nodes.front().vapor * wetter, wettest.lambda + m_nodes.front().lambda * wetter};
+    }
+    double t = 0;
+    const std::size_t i = locate(suction, t);
+    const IntegralNode & a = m_integralNodes[i];
+    const IntegralNode & b = m_integralNodes[i + 1];
+    return {hermite(t, PC_STEP, a.vapor, a.vaporSlope, b.vapor, b.vaporSlope),
+            hermite(t, PC_STEP, a.lambda, a.lambdaSlope, b.lambda, b.lambdaSlope)};
 }
 
 MaterialTable::State MaterialTable::fromMoisture(double moisture, std::uint32_t & interval) const {
@@ -187,10 +212,8 @@ MaterialTable::State MaterialTable::fromSuction(double suction, Slopes & slopes)
         slopes = {m_wetConductivity, 0, 0};
         return wetState(suction);
     }
-    const double position =
-        std::min((std::log10(suction) - m_pCStart) / PC_STEP, static_cast<double>(m_nodes.size() - 1));
-    const std::size_t i = std::min(static_cast<std::size_t>(position), m_nodes.size() - 2);
-    const double t = position - static_cast<double>(i);
+    double t = 0;
+    const std::size_t i = locate(suction, t);
     const Node & a = m_nodes[i];
     const Node & b = m_nodes[i + 1];
     const double perSuction = 1 / (suction * LN10);
@@ -203,14 +226,12 @@ MaterialTable::State MaterialTable::fromSuction(double suction, Slopes & slopes)
 double MaterialTable::moisture(double suction) const {
     if (suction <= m_suctionStart)
         return m_nodes.front().moisture + (suction - m_suctionStart) / m_wetSlope;
-    const double position =
-        std::min((std::log10(suction) - m_pCStart) / PC_STEP, static_cast<double>(m_nodes.size() - 1));
-    const std::size_t i = std::min(static_cast<std::size_t>(position), m_nodes.size() - 2);
+    double wanted = 0; // of the interval, in pC
+    const std::size_t i = locate(suction, wanted);
     // The inverse of the cubic of fromMoisture: Newton's iteration within a bracket.
     const Node & a = m_nodes[i];
     const Node & b = m_nodes[i + 1];
     const double length = a.moisture - b.moisture;
-    const double wanted = position - static_cast<double>(i); // of the interval, in pC
     double low = 0;
     double high = 1;
     double s = wanted;

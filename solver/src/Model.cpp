@@ -101,7 +101,6 @@ void Model::evaluateCells(std::span<const double> state) {
             cell.potential = s.potential;
             cell.vapor = s.vapor;
             cell.lambda = s.lambda;
-            cell.vaporPotential = s.vaporPotential;
         }
         if (m_hasHeat) {
             const double energy = state[m_unknowns * c];
@@ -146,13 +145,12 @@ void Model::evaluateTransport(std::size_t c, const MaterialTable & table) {
                                                        : s.lambda + direction.lambdaByIce().value(cell.ice / RHO_ICE);
         }
         lambda += direction.lambdaByTemperature(cell.temperature, slope);
-        return Transport{s.potential, s.vapor, lambda, s.vaporPotential};
+        return Transport{s.potential, s.vapor, lambda};
     };
     const Transport own = in(table);
     cell.potential = own.potential;
     cell.vapor = own.vapor;
     cell.lambda = own.lambda;
-    cell.vaporPotential = own.vaporPotential;
     if (table.isAnisotropic())
         m_otherTransport[c] = {in(table.along(1)), in(table.along(2))};
 }
@@ -168,7 +166,6 @@ const Model::CellState & Model::along(std::uint32_t c, int axis, CellState & buf
     buffer.potential = other.potential;
     buffer.vapor = other.vapor;
     buffer.lambda = other.lambda;
-    buffer.vaporPotential = other.vaporPotential;
     return buffer;
 }
 

@@ -351,4 +351,56 @@ TEST(Model, WallsExchangeRadiationAcrossACavity) {
     EXPECT_NEAR(model.surfaceStates()[0].conduction, -model.surfaceStates()[1].conduction, 1e-3);
 }
 
+struct Condensation {
+    const char * name;
+    MaterialFunctions material;
+    double swing; ///< of the vapour pressure over a day
+    long steps;   ///< at most
+};
+class CondensationOn : public testing::TestWithParam<Condensation> {};
+
+/// Vapour that condenses for two months on a surface that cannot take it: water runs off, the steps stay long.
+TEST_P(CondensationOn, ASurfaceThatCannotTakeItRunsOff) {
+    std::vector<double> widths;
+    for (int i = 0; i < 40; ++i)
+        widths.push_back(1e-3 * std::pow(1.1, i));
+    for (const double excess : {1.02, 1.2, 2.0}) {
+        ModelInput input = wall(
+            widths, {GetParam().material}, [](double) { return 0u; }, T_ZERO + 10,
+            [](std::uint32_t) { return suctionAt(0.8); });
+        const double swing = GetParam().swing;
+        input.climate = [excess, swing](double time, ModelInput::Loads loads) {
+            const double pressure = excess * (1 + swing * std::sin(time / 86400 * 6.283185307));
+            loads.surfaces[0] = {.heatTransfer = 8,
+                                 .airTemperature = T_ZERO + 18,
+                                 .vaporTransfer = 5e-8,
+                                 .vaporPressure = pressure * saturationPressure(T_ZERO + 14)};
+            loads.surfaces[1] = {.heatTransfer = 25,
+                                 .airTemperature = T_ZERO + 5,
+                                 .vaporTransfer = 2e-7,
+                                 .vaporPressure = 0.7 * saturationPressure(T_ZERO + 5)};
+        };
+        Model model(input);
+        CvodeIntegrator integrator(model, {}, 0, model.initialState());
+        double runoff = 0;
+        std::vector<double> derivative(model.size());
+        while (integrator.time() < 60 * 86400.0) {
+            integrator.step(60 * 86400.0);
+            model.rightHandSide(integrator.time(), integrator.state(), derivative);
+            runoff = std::max(runoff, model.surfaceStates()[0].runoff);
+            ASSERT_GT(model.surfaceStates()[0].suction, -1e-6);
+        }
+        EXPECT_GT(runoff, excess > 1.9 ? 1e-6 : -1);
+        const IntegratorStatistics s = integrator.statistics();
+        EXPECT_LT(s.steps, GetParam().steps) << excess;
+        EXPECT_LT(s.nonlinearFailures, s.steps / 15) << excess;
+    }
+}
+INSTANTIATE_TEST_SUITE_P(Model, CondensationOn,
+                         testing::Values(Condensation{"DenseMaterial", loadBearing(), 0, 600},
+                                         Condensation{"DenseMaterialEveryNight", loadBearing(), 0.5, 14000},
+                                         Condensation{"InsulationWithoutLiquid", insulation(), 0, 800},
+                                         Condensation{"InsulationEveryNight", insulation(), 0.5, 35000}),
+                         [](const auto & row) { return std::string(row.param.name); });
+
 } // namespace

@@ -46,11 +46,16 @@ public:
 
     /// The transport state of a cell.
     struct State {
-        double suction;        ///< [Pa]; negative when overfilled
-        double potential;      ///< integral of the liquid conductivity over suction, from here to the dry end [kg/ms]
-        double vapor;          ///< vapour permeability [s]
-        double lambda;         ///< thermal conductivity [W/mK]
-        double vaporPotential; ///< integral of the vapour permeability over relative humidity at T_REF [s]
+        double suction;   ///< [Pa]; negative when overfilled
+        double potential; ///< integral of the liquid conductivity over suction, from here to the dry end [kg/ms]
+        double vapor;     ///< vapour permeability [s]
+        double lambda;    ///< thermal conductivity [W/mK]
+    };
+    /// Integrals over relative humidity at T_REF: their differences give the mean conductivities on the way between two
+    /// humidities.
+    struct Integrals {
+        double vapor;  ///< [s]
+        double lambda; ///< [W/mK]
     };
     /// The same at a suction, with derivatives with respect to it.
     struct Slopes {
@@ -63,6 +68,7 @@ public:
     State fromMoisture(double moisture, std::uint32_t & interval) const;
     /// The state at a suction [Pa].
     State fromSuction(double suction, Slopes & slopes) const;
+    Integrals integrals(double suction) const;
     /// The moisture mass density [kg/m3] at a suction [Pa]: the exact inverse of fromMoisture.
     double moisture(double suction) const;
     /// The derivative of the above [kg/m3Pa].
@@ -96,11 +102,16 @@ private:
         double inverseSlope;              ///< dpC / dmoisture
         double potential, potentialSlope; ///< and d/dpC
         double vapor, vaporSlope;
-        double vaporPotential, vaporPotentialSlope; ///< and d/dpC
+        double lambda, lambdaSlope;
+    };
+    struct IntegralNode {
+        double vapor, vaporSlope;
         double lambda, lambdaSlope;
     };
     State interpolate(std::size_t interval, double t, double suction) const;
     State wetState(double suction) const;
+    /// The interval of a suction in which it lies, and where in it (0 to 1).
+    std::size_t locate(double suction, double & t) const;
 
     std::string m_name;
     double m_heatCapacity;
@@ -112,6 +123,7 @@ private:
     double m_wetHumidity = 0; ///< relative humidity of the first node at T_REF
     bool m_conductsLiquid = false;
     std::vector<Node> m_nodes;
+    std::vector<IntegralNode> m_integralNodes;
     std::array<std::shared_ptr<const MaterialTable>, 2> m_others; ///< along v and w; null where it is as along u
     Curve m_enthalpy, m_lambdaByTemperature, m_lambdaByIce;
 };

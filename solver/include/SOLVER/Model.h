@@ -103,16 +103,15 @@ public:
 
     // ---- what the last right-hand side saw --------------------------------------------------------------------
     struct CellState {
-        double temperature;    ///< [K]
-        double moisture;       ///< liquid, adsorbed and frozen [kg/m3]
-        double suction;        ///< of the liquid [Pa]
-        double humidity;       ///< relative humidity [-]
-        double vaporPressure;  ///< [Pa]
-        double potential;      ///< [kg/ms]
-        double vapor;          ///< vapour permeability [s]
-        double lambda;         ///< [W/mK]
-        double vaporPotential; ///< see MaterialTable::State [s]
-        double ice;            ///< frozen part of the moisture [kg/m3]
+        double temperature;   ///< [K]
+        double moisture;      ///< liquid, adsorbed and frozen [kg/m3]
+        double suction;       ///< of the liquid [Pa]
+        double humidity;      ///< relative humidity [-]
+        double vaporPressure; ///< [Pa]
+        double potential;     ///< [kg/ms]
+        double vapor;         ///< vapour permeability [s]
+        double lambda;        ///< [W/mK]
+        double ice;           ///< frozen part of the moisture [kg/m3]
     };
     /// Per area of the face, from a to b.
     struct FaceFlux {
@@ -164,7 +163,7 @@ private:
     std::vector<double> m_radiation;
     /// Conductivities of each cell along its material's directions v and w; empty where all are as along u.
     struct Transport {
-        double potential, vapor, lambda, vaporPotential;
+        double potential, vapor, lambda;
     };
     std::vector<std::array<Transport, 2>> m_otherTransport;
     std::vector<std::vector<std::uint32_t>> m_neighbours;
