@@ -15,6 +15,7 @@ constexpr CMD::AddCommands FAMILIES[] = {
     CMD::addMaterial,
     CMD::addProject,
     CMD::addRun,
+    CMD::addVary,
     CMD::addResults,
     CMD::addUnits,
 };

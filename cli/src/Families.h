@@ -11,5 +11,6 @@ void addProject(Commands & program);
 void addResults(Commands & program);
 void addRun(Commands & program);
 void addUnits(Commands & program);
+void addVary(Commands & program);
 
 } // namespace CMD

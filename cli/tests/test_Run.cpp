@@ -209,3 +209,57 @@ TEST(Results, AreListedDescribedAndExported) {
         EXPECT_THAT(result.err, HasSubstr(line.err)) << line.command;
     }
 }
+
+TEST(Vary, CalculatesEveryCombinationOnceAndGoesOn) {
+    const std::string base = scratch("study");
+    fs::create_directory(base);
+    const std::string file = base + "/drying.json", directory = base + "/drying";
+    const auto study = [&](const std::string & duration, const std::string & values) {
+        KOR::writeFile(file, "{\"project\": \"" HYG_SOURCE_DIR
+                             "/examples/validation/HAMSTAD 2.h6p\", \"duration\": \"" +
+                                 duration + "\", \"vary\": [" + values + "]}");
+        return shell("hygrion-cli vary --jobs 2 '" + file + "'");
+    };
+    const std::string humidity =
+        "{\"parameter\": \"Humidity outside/ConstantValue\", \"label\": \"Left\", \"values\": [45, \"0.55 ---\"]}, ";
+    const std::string start = "{\"parameter\": \"Initial humidity/Value\", \"values\": [95, 80]}";
+    Result result = study("100 h", humidity + start);
+    ASSERT_EQ(result.exitCode, 0) << result.err;
+    EXPECT_THAT(result.err, HasSubstr("Variant 4 of 4: finished"));
+    const auto table = [&] { return content(directory + ".csv"); };
+    EXPECT_THAT(table(), StartsWith("Variant,Left,Initial humidity/Value,Status,\"Layer 1, lowest temperature [C]\""));
+    EXPECT_THAT(table(), AllOf(HasSubstr("\n1,45,95,finished,"), HasSubstr("\n4,0.55 ---,80,finished,")));
+
+    result = study("100 h", humidity + start);
+    EXPECT_THAT(result.err, StartsWith("4 of 4 variants are finished already."));
+    result = study("200 h", humidity + start); // goes on from 100 h
+    EXPECT_EQ(result.exitCode, 0) << result.err;
+    EXPECT_THAT(content(directory + "/0003/log/screenlog.txt"), HasSubstr("Continued from 4.1666667 d."));
+    result = study("150 h", humidity + start); // less than there is: from the beginning
+    EXPECT_EQ(summary(directory + "/0003")["time_s"], 150 * 3600.0);
+
+    for (const auto & [values, message] : {
+             std::pair("{\"parameter\": \"Nothing/Value\", \"values\": [1]}", "The project holds no 'Nothing/Value'."),
+             std::pair("{\"parameter\": \"ConstantValue\", \"values\": [1]}", "'ConstantValue' stands for "),
+             std::pair("{\"parameter\": \"Initial humidity\", \"values\": [1]}", "is no single value."),
+             std::pair("{\"orientation\": \"Outside\", \"values\": [1]}", "its values need a unit here"),
+             std::pair("{\"orientation\": \"Outside\", \"values\": []}", "'values' must be a list that is not empty."),
+             std::pair("{\"orientation\": \"Outside\"}", "has no values."),
+             std::pair("{\"values\": [1]}", "names no parameter, orientation or material."),
+             std::pair("{\"parmeter\": \"Left\"}", "Unknown entry 'parmeter' in 'vary'"),
+             std::pair("{\"parameter\": \"Initial humidity/Value\", \"values\": [\"wet\"]}",
+                       "Error in variant 1 (wet)."),
+             std::pair("{\"parameter\": \"Initial humidity/Value\", \"values\": [true]} x", "Error reading study '"),
+         }) {
+        result = study("1 h", values);
+        EXPECT_EQ(result.exitCode, 1) << values;
+        EXPECT_THAT(result.err, HasSubstr(message)) << values;
+    }
+    // A variant that fails does not stop the others.
+    result =
+        study("1 h", "{\"material\": \"Benchmark 2: homogeneous layer\", \"values\": [\"none.m6\", \"" HYG_SOURCE_DIR
+                     "/DB_materials/gypsum_plaster_234.m6\"]}");
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_THAT(result.err, AllOf(HasSubstr("Variant 1 of 2: failed"), HasSubstr("Variant 2 of 2: finished")));
+    EXPECT_THAT(table(), HasSubstr("1,none.m6,\"failed: "));
+}
