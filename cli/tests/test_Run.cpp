@@ -144,7 +144,7 @@ TEST(SolverProgram, KeepsWhatWasWrittenWhenTheDiskIsFull) {
 
 TEST(SolverProgram, GoesOnAfterKillAsIfNothingHadHappened) {
     const std::string whole = scratch("unkilled"), cut = scratch("killed");
-    const std::string options = "--restart-realtime-dt=0.05 --duration='6 d' ";
+    const std::string options = "--restart-realtime-dt=0.05 --duration='3 d' ";
     const std::string project = "'examples/Interior insulation.h6p'";
     ASSERT_EQ(shell("HygrionSolver.exe " + options + "--output-dir='" + whole + "' " + project).exitCode, 0);
     const double wallTime = summary(whole)["wallTime_s"];
