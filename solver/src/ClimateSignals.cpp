@@ -50,8 +50,14 @@ void unwrapDirections(std::vector<double> & degrees) {
         degrees[i] -= 360 * std::round((degrees[i] - degrees[i - 1]) / 360);
 }
 
-bool isRain(Quantity quantity) {
-    return quantity == Quantity::RainFluxHorizontal || quantity == Quantity::RainFluxNormal;
+/// Quantities that may be nothing for a long time and then come for an hour.
+constexpr Quantity EVENTS[] = {
+    Quantity::RainFluxHorizontal, Quantity::RainFluxNormal, Quantity::WaterFlux, Quantity::WaterSource,
+    Quantity::MassFlowRate,       Quantity::HeatFlux,       Quantity::Power,     Quantity::EnergySource,
+    Quantity::FluidChangeRate,    Quantity::FluidFlowRate,
+};
+bool isEvent(Quantity quantity) {
+    return std::find(std::begin(EVENTS), std::end(EVENTS), quantity) != std::end(EVENTS);
 }
 
 std::string days(double seconds) {
@@ -216,6 +222,18 @@ double ClimateSignals::value(Index signal, double time) const {
     return m_signals[signal].condition.calcCurrentValue(time + m_signals[signal].offset);
 }
 
+double ClimateSignals::smallest(Index index) const {
+    const Signal & signal = m_signals[index];
+    double result = value(index, m_startTime);
+    for (const double time : signal.times)
+        if (signal.isCyclic || (time - signal.offset >= m_startTime && time - signal.offset <= m_endTime))
+            result = std::min(result, value(index, time - signal.offset));
+    constexpr int SAMPLES = 1000;
+    for (int i = 1; i <= SAMPLES && signal.times.empty() && !signal.isConstant; ++i)
+        result = std::min(result, value(index, m_startTime + (m_endTime - m_startTime) * i / SAMPLES));
+    return result;
+}
+
 void ClimateSignals::evaluate(double time, std::span<double> values) const {
     for (std::size_t i = 0; i < m_signals.size(); ++i)
         values[i] = m_signals[i].condition.calcCurrentValue(time + m_signals[i].offset);
@@ -235,8 +253,8 @@ void ClimateSignals::addJumps(JumpTable & jumps) const {
         for (std::size_t i = 0; i < count; ++i) {
             if (signal.isStepwise && valueAt(i) != valueAt(i + count - 1))
                 addJump(jumps, signal, signal.times[i], false);
-            else if (isRain(signal.condition.m_type) &&
-                     (valueAt(i) > 0 || valueAt(i + count - 1) > 0 || valueAt(i + 1) > 0))
+            else if (isEvent(signal.condition.m_type) &&
+                     (valueAt(i) != 0 || valueAt(i + count - 1) != 0 || valueAt(i + 1) != 0))
                 addJump(jumps, signal, signal.times[i], true);
         }
     }

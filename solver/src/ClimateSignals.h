@@ -51,11 +51,13 @@ public:
     /// The values of all signals [base units] at a time [s]. Takes no memory.
     void evaluate(double time, std::span<double> values) const;
     double value(Index signal, double time) const;
+    /// The smallest value [base unit] during the simulation; of formulas out of a thousand samples.
+    double smallest(Index signal) const;
 
     /// Forgets the project and the files: nothing can be added any more.
     void finish();
 
-    /// Adds the times at which signals jump; of rain also where it begins, turns and ends.
+    /// Adds the times at which signals jump; of rain, sources and other events also where they begin, turn and end.
     void addJumps(JumpTable & jumps) const;
     /// Adds the times at which \p temperature crosses \p limit [K] while it rains: rain turns into snow or back.
     void addSnowJumps(JumpTable & jumps, Index rain, Index temperature, double limit) const;

@@ -94,7 +94,24 @@ private:
     ActiveTimes activeTimes(const std::string & schedule) const;
     const CCM::SolarRadiationModel & place();
     void coupleInterfaces();
-    void couple(const HYGRION::Interface & interface, const InterfaceLaws & laws);
+    /// How an interface leads to another one.
+    struct Coupling {
+        std::string other;
+        std::optional<double> heat, vapor; ///< resistances [m2K/W], [m/s]; none where nothing passes
+        int foil = -1;
+        /// The resistances of both sides are in series.
+        void add(const Coupling & side) {
+            const auto addTo = [](std::optional<double> & sum, const std::optional<double> & more) {
+                if (more)
+                    sum = sum.value_or(0) + *more;
+            };
+            addTo(heat, side.heat);
+            addTo(vapor, side.vapor);
+            foil = foil < 0 ? side.foil : foil;
+        }
+    };
+    Coupling couplingOf(const InterfaceLaws & laws);
+    void couple(const HYGRION::Interface & interface, const Coupling & coupling);
 
     // ModelBuilderContacts.cpp
     void readContacts();

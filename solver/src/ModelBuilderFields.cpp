@@ -15,6 +15,7 @@ using KOR::text;
 namespace {
 
 using Index = std::array<std::uint32_t, 3>;
+using Quantity = QuantitySignals::Quantity;
 
 /// First and last cell of a range.
 std::array<Index, 2> corners(const Range & range) {
@@ -52,6 +53,10 @@ FieldLaw ModelBuilder::fieldLawOf(const FieldCond & condition) {
         law.signals.set(quantity, signals.add(name, quantity));
     for (const auto & [key, name] : condition.m_additionalReferences)
         law.ambient = static_cast<std::int32_t>(signals.add(name, HYGRION::ClimateCond::condition_t::Temperature));
+    for (const Quantity flow : {Quantity::MassFlowRate, Quantity::FluidFlowRate, Quantity::Velocity})
+        if (law.isFlow() && law.signals.has(flow) && signals.smallest(law.signals.signal(flow)) < 0)
+            refuse(text("Climate condition '%1' is negative, but 'FlowDirection' alone tells where the water flows.",
+                        condition.m_ccReferences.at(flow)));
     law.active = activeTimes(condition.m_schedule);
     if (!condition.m_otherInterfaceReference.empty()) {
         for (const BoundaryLaw & boundary : lawsOf(interfaceOf(condition.m_otherInterfaceReference)).laws)
@@ -88,9 +93,8 @@ void ModelBuilder::makeFieldLoads(const FieldCond & condition, const Range & ran
     if (cells.empty())
         refuse("It covers no cell with material.");
     const WaterFlow flow = law.isFlow() ? waterFlow(condition, range) : WaterFlow();
-    const bool byVelocity = law.signals.has(QuantitySignals::Quantity::Velocity) &&
-                            !law.signals.has(QuantitySignals::Quantity::MassFlowRate) &&
-                            !law.signals.has(QuantitySignals::Quantity::FluidFlowRate);
+    const bool byVelocity = law.signals.has(Quantity::Velocity) && !law.signals.has(Quantity::MassFlowRate) &&
+                            !law.signals.has(Quantity::FluidFlowRate);
     const std::uint32_t number = m_driver->addFieldLaw(law);
     for (const auto & [index, cell] : cells) {
         const ModelInput::Cell & input = m_result.input.cells[cell];

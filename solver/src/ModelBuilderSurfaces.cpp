@@ -217,24 +217,14 @@ void ModelBuilder::makeSurfaces() {
                       });
 }
 
-void ModelBuilder::coupleInterfaces() {
-    for (const auto & [name, laws] : m_interfaceLaws)
-        if (!laws.coupled.empty())
-            inContext(text("Interface '%1' cannot be coupled to another one.", name),
-                      [&] { couple(interfaceOf(name), laws); });
-}
-
-/// Boundary conditions with an OtherInterfaceReference make a contact between the cells behind both interfaces, surface
-/// by surface in the order of the grid. What no condition passes on does not pass.
-void ModelBuilder::couple(const Interface & interface, const InterfaceLaws & laws) {
-    constexpr double BLOCKED = 1e30;
-    ContactResistance contact{BLOCKED, BLOCKED, 0, true, -1};
-    std::string other;
+/// What the boundary conditions with an OtherInterfaceReference say; what none of them passes on does not pass.
+ModelBuilder::Coupling ModelBuilder::couplingOf(const InterfaceLaws & laws) {
+    Coupling coupling;
     for (const std::string & name : laws.coupled) {
         const BoundaryCond & condition = named(m_project.m_conditions.m_boundaryConditions, name, "Boundary condition");
-        if (!other.empty() && other != condition.m_otherInterfaceReference)
+        if (!coupling.other.empty() && coupling.other != condition.m_otherInterfaceReference)
             refuse("Its boundary conditions lead to different interfaces.");
-        other = condition.m_otherInterfaceReference;
+        coupling.other = condition.m_otherInterfaceReference;
         if (!condition.m_schedule.empty())
             refuse(text("Boundary condition '%1': a schedule cannot switch a coupling of interfaces.", name));
         const bool isHeat = condition.m_type == BoundaryCond::condition_t::HeatConduction;
@@ -255,13 +245,39 @@ void ModelBuilder::couple(const Interface & interface, const InterfaceLaws & law
             refuse(text("Boundary condition '%1': kind '%2' cannot couple interfaces.", name,
                         KeywordList::Keyword(condition.m_kind)));
         }
-        if (isHeat) {
-            contact.heat = resistance;
-        } else {
-            contact.vapor = resistance;
-            contact.foil = own.foil;
-        }
+        (isHeat ? coupling.heat : coupling.vapor) = resistance;
+        if (!isHeat)
+            coupling.foil = own.foil;
     }
+    return coupling;
+}
+
+void ModelBuilder::coupleInterfaces() {
+    for (const auto & [name, laws] : m_interfaceLaws) {
+        if (laws.coupled.empty())
+            continue;
+        inContext(text("Interface '%1' cannot be coupled to another one.", name), [&, &name = name, &laws = laws] {
+            Coupling coupling = couplingOf(laws);
+            const auto back = m_interfaceLaws.find(coupling.other);
+            if (back != m_interfaceLaws.end() && !back->second.coupled.empty()) {
+                const Coupling other = couplingOf(back->second);
+                if (other.other != name)
+                    refuse(text("Interface '%1' leads to interface '%2'.", coupling.other, other.other));
+                if (back->first < name)
+                    return; // the pair was coupled from there
+                coupling.add(other);
+            }
+            couple(interfaceOf(name), coupling);
+        });
+    }
+}
+
+/// Makes a contact between the cells behind both interfaces, surface by surface in the order of the grid.
+void ModelBuilder::couple(const Interface & interface, const Coupling & coupling) {
+    constexpr double BLOCKED = 1e30;
+    const ContactResistance contact{coupling.heat.value_or(BLOCKED), coupling.vapor.value_or(BLOCKED), 0, true,
+                                    coupling.foil};
+    const std::string & other = coupling.other;
     const auto surfacesOf = [&](const std::string & name) {
         std::vector<std::uint32_t> surfaces;
         for (std::uint32_t s = 0; s < m_result.surfacePlaces.size(); ++s)

@@ -39,6 +39,19 @@ TEST_P(EveryExample, BecomesAModelThatCanBeEvaluated) {
         EXPECT_TRUE(model.rightHandSide(t, state, derivative)) << t;
 }
 
+TEST_P(EveryExample, TakesItsFirstSteps) {
+    const HYGRION::Project project = example(GetParam());
+    Simulation run(buildConstruction(project), project, "");
+    for (int step = 0; step < 12; ++step) {
+        const double before = run.time();
+        ASSERT_TRUE(run.step());
+        EXPECT_GT(run.time(), before);
+    }
+    const RunSummary summary = run.summary();
+    EXPECT_LT(std::fabs(summary.moisture.error()), 1e-9 * summary.moisture.exchanged + 1e-9);
+    EXPECT_LT(std::fabs(summary.energy.error()), 1e-6 * summary.energy.exchanged + 1e-6);
+}
+
 std::vector<std::string> examples() {
     std::vector<std::string> names;
     const std::filesystem::path root = std::string(HYG_SOURCE_DIR) + "/examples";
@@ -247,6 +260,43 @@ TEST(Construction, CavitiesLinkOppositeWalls) {
         EXPECT_EQ(links[2].b, 10u);
         EXPECT_DOUBLE_EQ(links[2].area, 0.3);
         EXPECT_DOUBLE_EQ(links[2].emissivity, 0.5);
+    }
+}
+
+/// Two halves of a wall with a gap between: one interface leads to the other, or each to the other.
+TEST(Construction, InterfacesThatLeadToOneAnotherPassHeatAndVapor) {
+    for (const bool isMutual : {false, true}) {
+        const auto law = [](const std::string & name, const std::string & type, const std::string & coefficient,
+                            const std::string & unit, const std::string & other) {
+            return "<BoundaryCondition name='" + name + "' type='" + type + "' kind='Exchange'>" +
+                   parameter("ExchangeCoefficient", coefficient, unit) + "<OtherInterfaceReference>" + other +
+                   "</OtherInterfaceReference></BoundaryCondition>";
+        };
+        Parts parts;
+        parts.grid = "<XSteps unit='m'>0.02 0.05 0.02</XSteps>";
+        parts.range = "0 0 0 0";
+        parts.interface = "<Interface name='Surface' type='Detailed'/><Interface name='A' "
+                          "type='Detailed'><BCReference>Heat</BCReference><BCReference>Vapor</BCReference></Interface>"
+                          "<Interface name='B' type='Detailed'>" +
+                          std::string(isMutual ? "<BCReference>Back</BCReference>" : "") + "</Interface>";
+        parts.boundary = law("Heat", "HeatConduction", "5", "W/m2K", "B") +
+                         law("Vapor", "VaporDiffusion", "1e-12", "s/m", "B") +
+                         law("Back", "HeatConduction", "4", "W/m2K", "A");
+        parts.initial =
+            "<InitialCondition name='Warm' type='Temperature'>" + parameter("Value", "30", "C") + "</InitialCondition>";
+        parts.assignments = assignment("Material", "Element", "Brick", "2 0 2 0") +
+                            assignment("InitialCondition", "Element", "Warm", "0 0 0 0") +
+                            assignment("Interface", "Right", "A", "0 0 0 0") +
+                            assignment("Interface", "Left", "B", "2 0 2 0");
+        const Evaluated gap(parts);
+        ASSERT_EQ(gap.model.faceFluxes().size(), 1u);
+        const auto cells = gap.model.cellStates();
+        const double halves = 0.01 / cells[0].lambda + 0.01 / cells[1].lambda;
+        const double heat = 10 / (halves + 0.2 + (isMutual ? 0.25 : 0));
+        EXPECT_NEAR(gap.model.faceFluxes()[0].conduction, heat, 2e-3 * heat); // vapour carries a little
+        const double vapor = 1e-12 * (cells[0].vaporPressure - cells[1].vaporPressure);
+        EXPECT_NEAR(gap.model.faceFluxes()[0].vapor, vapor, 0.3 * vapor); // the sides of the gap are less far apart
+        EXPECT_NEAR(gap.model.faceFluxes()[0].liquid, 0, 1e-15);
     }
 }
 

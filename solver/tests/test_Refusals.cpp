@@ -328,6 +328,17 @@ INSTANTIATE_TEST_SUITE_P(
                              reference("Temperature") + "<KOR:IntPara name='FlowDirection'>1</KOR:IntPara>");
                 },
                 {"one of 'MassFlowRate', 'FluidFlowRate', 'Velocity'"}},
+        Refusal{"BackwardFlow",
+                [](Parts & p) {
+                    p.climate = "<ClimateCondition name='Tide' type='Velocity' kind='Sinus'>" +
+                                parameter("MeanValue", "0", "m/s") + parameter("Amplitude1", "1e-6", "m/s") +
+                                parameter("OscPeriod1", "1", "d") + parameter("PhaseShift1", "0", "d") +
+                                "</ClimateCondition>";
+                    setField(p, "GroundWaterFlow",
+                             reference("Temperature") + reference("Velocity", "Tide") +
+                                 "<KOR:IntPara name='FlowDirection'>1</KOR:IntPara>");
+                },
+                {"Climate condition 'Tide' is negative"}},
         Refusal{"CavityWithoutDirection",
                 [](Parts & p) { setField(p, "LongWaveRadiation", parameter("LeftEmissionCoefficient", "0.9", "---")); },
                 {"has no direction"}},
