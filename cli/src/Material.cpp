@@ -1,6 +1,7 @@
 #include "Families.h"
 
 #include <MM/CheckMaterial.h>
+#include <MM/Evaluation.h>
 #include <MM/Material.h>
 
 #include <KOR/Exception.h>
@@ -27,8 +28,6 @@ using Storage = Material::ParaStorage;
 using Transport = Material::ParaTransport;
 
 constexpr const char * FILE_HELP = "The material file: m6, or an older one.";
-
-constexpr double T_LAMBDA = 283.15; ///< temperature of declared thermal conductivities [K]
 
 struct File {
     std::string path;
@@ -329,28 +328,6 @@ struct Eval {
     std::vector<double> values;
 };
 
-/// What can be evaluated: the units of both sides, and how.
-struct Evaluation {
-    std::string_view name, xUnit, yUnit;
-    double (*value)(const Material & material, int direction, double x);
-};
-using M = const Material &;
-
-/// Diffusivity; a material given by its conductivity has none of its own.
-double diffusivity(M material, int direction, double content) {
-    const MM::MoistureTransport & transport = material.moistureTransport(direction);
-    if (transport.hasLiquid() && transport.prepared(MM::MoistureTransport::Functions::lgDl_Theta_l).empty())
-        throw KOR::Exception("The material has no function lgDl(Theta_l).", "[CMD::eval]");
-    return transport.Dl(content);
-}
-
-/// Resistance of an adaptive foil with the same humidity on both sides.
-double contactResistance(M material, bool positive, double humidity) {
-    if (material.m_vaporContactResistance.empty())
-        throw KOR::Exception("The material has no vapour contact resistance.", "[CMD::eval]");
-    return material.m_vaporContactResistance.resistance(positive).value(humidity, humidity);
-}
-
 /// What may be asked for, by the unit of x: percents and degrees Celsius are common slips.
 struct Range {
     std::string_view unit;
@@ -365,7 +342,7 @@ constexpr Range RANGES[] = {
 };
 // clang-format on
 
-void checkRange(const Evaluation & evaluation, double x) {
+void checkRange(const MM::Evaluation & evaluation, double x) {
     for (const Range & range : RANGES)
         if (range.unit == evaluation.xUnit && !(x >= range.least && x <= range.most))
             throw KOR::Exception(KOR::text("%1 takes values from %2 to %3%4, got %5.", evaluation.name, range.least,
@@ -373,39 +350,11 @@ void checkRange(const Evaluation & evaluation, double x) {
                                  "[CMD::eval]");
 }
 
-// clang-format off
-constexpr Evaluation EVALUATIONS[] = {
-    {"Theta_l(RH)", "-",     "m3/m3", [](M m, int, double x) { return m.m_moistureStorage.Thetal_RH(x); }},
-    {"Theta_l(pC)", "logPa", "m3/m3", [](M m, int, double x) { return m.m_moistureStorage.Thetal_pC(x); }},
-    {"RH(Theta_l)", "m3/m3", "-",     [](M m, int, double x) { return m.m_moistureStorage.RH_Thetal(x); }},
-    {"pC(Theta_l)", "m3/m3", "logPa", [](M m, int, double x) { return m.m_moistureStorage.pC_Thetal(x); }},
-    {"Kl",          "m3/m3", "s",     [](M m, int d, double x) { return m.moistureTransport(d).Kl(x); }},
-    {"Dl",          "m3/m3", "m2/s",  diffusivity},
-    {"Kv",          "m3/m3", "s",
-     [](M m, int d, double x) { return m.moistureTransport(d).Kv(x, m.m_moistureStorage.RH_Thetal(x)); }},
-    {"mew(RH)",     "-",     "-",
-     [](M m, int d, double x) { return m.moistureTransport(d).mew(m.m_moistureStorage.Thetal_RH(x), x); }},
-    {"Kg",          "m3/m3", "s",     [](M m, int d, double x) { return m.airTransport(d).Kg(x); }},
-    {"lambda",      "m3/m3", "W/mK",  [](M m, int d, double x) { return m.thermalTransport(d).lambda(x, T_LAMBDA); }},
-    {"lambda(T)",   "K",     "W/mK",  [](M m, int d, double x) { return m.thermalTransport(d).lambda(0, x); }},
-    {"u(T)",        "K",     "J/kg",  [](M m, int, double x) { return m.m_thermalStorage.u(x); }},
-    {"T(u)",        "J/kg",  "K",     [](M m, int, double x) { return m.m_thermalStorage.T(x); }},
-    {"sd+(rh)",     "-",     "m",     [](M m, int, double x) { return contactResistance(m, true, x); }},
-    {"sd-(rh)",     "-",     "m",     [](M m, int, double x) { return contactResistance(m, false, x); }},
-};
-// clang-format on
-
-std::string evaluationNames() {
-    std::string all;
-    for (const Evaluation & evaluation : EVALUATIONS)
-        all += (all.empty() ? "" : " ") + std::string(evaluation.name);
-    return all;
-}
-
 void defineEval(CLI::App & app, Eval & arguments) {
     app.add_option("FILE", arguments.path, FILE_HELP)->required();
     app.add_option("FUNCTION", arguments.function,
-                   "One of: " + evaluationNames() + ". Kl to lambda are over the content; lambda is that at 283.15 K.")
+                   "One of: " + MM::evaluationNames() +
+                       ". Kl to lambda are over the content; lambda is that at 283.15 K.")
         ->required();
     addNumbers(app, "X", arguments.values,
                "Where to evaluate: humidity from 0 to 1, content [m3/m3], pC [logPa], T [K].")
@@ -416,34 +365,29 @@ void defineEval(CLI::App & app, Eval & arguments) {
 }
 
 void eval(const Eval & arguments, Output & output) {
-    const auto * found = std::find_if(std::begin(EVALUATIONS), std::end(EVALUATIONS),
-                                      [&](const Evaluation & row) { return row.name == arguments.function; });
-    if (found == std::end(EVALUATIONS))
-        throw KOR::Exception(
-            KOR::text("Unknown function '%1', expected one of: %2.", arguments.function, evaluationNames()),
-            "[CMD::eval]");
+    const MM::Evaluation & function = MM::evaluation(arguments.function);
     for (const double x : arguments.values)
-        checkRange(*found, x);
+        checkRange(function, x);
     Material material = readMaterial(arguments.path);
     material.prepareCalculation();
     Json points = Json::array();
     for (const double x : arguments.values) {
-        const double y = found->value(material, arguments.direction[0] - 'u', x);
+        const double y = function.value(material, arguments.direction[0] - 'u', x);
         if (output.isJson())
             points.push_back({
                 {"x", x                                  },
                 {"y", std::isfinite(y) ? Json(y) : Json()}
             });
         else
-            output.text() << KOR::toString(x) << ' ' << found->xUnit << '\t' << KOR::toString(y, 10) << ' '
-                          << found->yUnit << '\n';
+            output.text() << KOR::toString(x) << ' ' << function.xUnit << '\t' << KOR::toString(y, 10) << ' '
+                          << function.yUnit << '\n';
     }
     if (output.isJson())
         output.json({
-            {"function", found->name },
-            {"xUnit",    found->xUnit},
-            {"yUnit",    found->yUnit},
-            {"points",   points      }
+            {"function", function.name },
+            {"xUnit",    function.xUnit},
+            {"yUnit",    function.yUnit},
+            {"points",   points        }
         });
 }
 

@@ -1,6 +1,7 @@
 #include "Families.h"
 
 #include <DATAIO/DataIO.h>
+#include <DATAIO/Geometry.h>
 #include <SOLVER/SolverOptions.h>
 
 #include <KOR/Exception.h>
@@ -24,6 +25,7 @@ namespace {
 using DATAIO::DataHeader;
 using DATAIO::DataIO;
 using DATAIO::GeoFile;
+using DATAIO::Geometry;
 using KOR::Exception;
 using KOR::text;
 using Json = nlohmann::ordered_json;
@@ -31,31 +33,6 @@ using Json = nlohmann::ordered_json;
 constexpr const char * WHERE = "[CMD::results]";
 
 // *** geometry ***
-
-/// The grid that a result file points into, as far as it is there.
-struct Geometry {
-    std::optional<GeoFile> grid;
-    std::string note; ///< why there is none, or that it is another one's
-};
-
-Geometry geometryOf(const DataIO & file) {
-    const DataHeader & header = file.header();
-    if (file.embeddedGeometry())
-        return {file.embeddedGeometry(), "within the file"};
-    if (header.geoFile.empty())
-        return {std::nullopt, "none"};
-    Geometry found;
-    try {
-        const KOR::Path path = KOR::Path(header.geoFile).absolutePath(KOR::Path(file.path()).parentPath());
-        found.grid.emplace().read(path.str());
-        found.note = header.geoFile;
-        if (found.grid->hash() != header.geoFileHash)
-            return {std::nullopt, header.geoFile + ", which has been changed since"};
-    } catch (const Exception &) {
-        return {std::nullopt, header.geoFile + ", which cannot be read"};
-    }
-    return found;
-}
 
 /// "x = 12.5 mm; y = 3 mm"; empty without a place in the grid.
 std::string placeOf(const GeoFile & grid, const DataHeader & header, std::uint32_t index) {
