@@ -99,7 +99,7 @@ void WacReader::readHeader() {
 
     // The offset counts from line 1 to the line with the number of columns.
     std::vector<std::string_view> header;
-    for (std::size_t number = 3; number <= *offset + 1; ++number) {
+    for (std::size_t number = 3; number - 1 <= *offset; ++number) {
         if (!m_lines.next(line))
             throw KOR::Exception(
                 KOR::text("Expected header lines (offset) %1, but got an error reading line #%2.", *offset, number),
