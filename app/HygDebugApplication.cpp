@@ -14,6 +14,8 @@
 
 namespace {
 
+bool terminates = false;
+
 #ifdef Q_OS_UNIX
 int signalPipe[2] = {-1, -1};
 
@@ -80,6 +82,10 @@ bool HygDebugApplication::notify(QObject * receiver, QEvent * event) {
     return false;
 }
 
+bool HygDebugApplication::isTerminating() {
+    return terminates;
+}
+
 void HygDebugApplication::closeOnTerminationSignals() {
 #ifdef Q_OS_UNIX
     if (signalPipe[0] >= 0 || pipe2(signalPipe, O_CLOEXEC | O_NONBLOCK) != 0)
@@ -89,6 +95,7 @@ void HygDebugApplication::closeOnTerminationSignals() {
         char byte = 0;
         while (read(signalPipe[0], &byte, 1) == 1) {
         }
+        terminates = true;
         closeAllWindows();
         quit();
     });

@@ -21,4 +21,6 @@ public:
 
     /// Lets the termination signals of the system close the windows, so that settings and window state are stored.
     void closeOnTerminationSignals();
+    /// Whether such a signal has come: windows close without asking.
+    static bool isTerminating();
 };

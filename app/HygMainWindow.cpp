@@ -1,10 +1,14 @@
 #include "HygMainWindow.h"
 
+#include "HygDebugApplication.h"
 #include "HygFileActions.h"
 #include "HygIconEngine.h"
 #include "HygSettings.h"
 #include "dialogs/HygAboutDialog.h"
+#include "dialogs/HygCommandSearch.h"
+#include "dialogs/HygHelpWindow.h"
 #include "dialogs/HygPreferencesDialog.h"
+#include "document/HygBackground.h"
 #include "document/HygProjectHandler.h"
 #include "ui_HygMainWindow.h"
 #include "views/HygLogView.h"
@@ -23,10 +27,12 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QLabel>
+#include <QMimeData>
 #include <QProcess>
 #include <QScreen>
 #include <QTimer>
 #include <QUndoStack>
+#include <QUndoView>
 #include <QUrl>
 
 namespace {
@@ -46,7 +52,8 @@ constexpr ChoiceRow THEMES[] = {
     {QtExt::Palette::DARK,   QT_TRANSLATE_NOOP("HygMainWindow", "&Dark")         },
 };
 
-constexpr int STATE_VERSION = 1;
+constexpr int STATE_VERSION = 2;
+constexpr int NOTICE_MS = 15'000;
 constexpr int LOG_HEIGHT = 226;
 
 } // namespace
@@ -55,7 +62,9 @@ HygMainWindow::HygMainWindow(HygSettings & settings, QtExt::LanguageHandler & la
     : m_settings(settings), m_languages(languages), m_messages(messages), m_ui(new Ui::HygMainWindow),
       m_projects(new HygProjectHandler(this)), m_files(new HygFileActions(*this, *m_projects, settings)) {
     m_projects->setUndoLimit(m_settings.m_maxNumUndoSteps);
+    m_projects->setJournalDirectory(m_settings.directory(HygSettings::DIR_USER_DATA) + QStringLiteral("/journal"));
     m_ui->setupUi(this);
+    setAcceptDrops(true);
     m_projectLabel = new QLabel(this);
     m_projectLabel->setObjectName(QStringLiteral("projectFile"));
     m_ui->statusBar->addPermanentWidget(m_projectLabel);
@@ -63,6 +72,7 @@ HygMainWindow::HygMainWindow(HygSettings & settings, QtExt::LanguageHandler & la
     setUpLog();
     setUpActions();
     setUpUndo();
+    setUpHistory();
     setUpChoices();
     takeOverProject({});
     retranslate();
@@ -75,14 +85,21 @@ HygMainWindow::HygMainWindow(HygSettings & settings, QtExt::LanguageHandler & la
     m_problemsSeen = 0;
     updateBadge();
 
+    QMetaObject::invokeMethod(this, &HygMainWindow::startWork, Qt::QueuedConnection);
+}
+
+void HygMainWindow::startWork() {
     if (!m_settings.m_initialProjectFile.isEmpty())
-        QMetaObject::invokeMethod(
-            this, [this] { openProject(m_settings.m_initialProjectFile); }, Qt::QueuedConnection);
+        openProject(m_settings.m_initialProjectFile);
+    if (!m_projects->hasProject())
+        m_files->offerRecovery();
 }
 
 HygMainWindow::~HygMainWindow() {
     // The base class hides the children when our own members are gone already.
     disconnect(m_ui->logDock, nullptr, this, nullptr);
+    disconnect(m_projects, nullptr, this, nullptr);
+    disconnect(&undoStack(), nullptr, this, nullptr);
     disconnect(&m_messages, nullptr, this, nullptr);
 }
 
@@ -143,11 +160,15 @@ void HygMainWindow::setUpActions() {
         {m_ui->actionSave,           "save"       },
         {m_ui->actionSaveAs,         "saveas"     },
         {m_ui->actionSaveCopy,       "copy"       },
+        {m_ui->actionExportPackage,  "package"    },
+        {m_ui->actionImportPackage,  "unpack"     },
         {m_ui->actionClose,          "close"      },
         {m_ui->actionQuit,           "quit"       },
         {m_ui->actionUndo,           "undo"       },
         {m_ui->actionRedo,           "redo"       },
+        {m_ui->actionFindCommand,    "search"     },
         {m_ui->actionFindInLog,      "search"     },
+        {m_ui->actionHelp,           "help"       },
         {m_ui->actionPreferences,    "preferences"},
         {m_ui->actionFullScreen,     "fullscreen" },
         {m_ui->actionOpenLogFile,    "logfile"    },
@@ -157,16 +178,21 @@ void HygMainWindow::setUpActions() {
     for (const auto & [action, icon] : icons)
         action->setIcon(HygIconEngine::icon(QLatin1String(icon)));
     const std::pair<QAction *, void (HygFileActions::*)()> files[] = {
-        {m_ui->actionNew,      &HygFileActions::chooseNew },
-        {m_ui->actionOpen,     &HygFileActions::chooseOpen},
-        {m_ui->actionSave,     &HygFileActions::save      },
-        {m_ui->actionSaveAs,   &HygFileActions::saveAs    },
-        {m_ui->actionSaveCopy, &HygFileActions::saveCopy  },
-        {m_ui->actionClose,    &HygFileActions::close     },
+        {m_ui->actionNew,           &HygFileActions::chooseNew    },
+        {m_ui->actionOpen,          &HygFileActions::chooseOpen   },
+        {m_ui->actionSave,          &HygFileActions::save         },
+        {m_ui->actionSaveAs,        &HygFileActions::saveAs       },
+        {m_ui->actionSaveCopy,      &HygFileActions::saveCopy     },
+        {m_ui->actionExportPackage, &HygFileActions::exportPackage},
+        {m_ui->actionImportPackage, &HygFileActions::importPackage},
+        {m_ui->actionClose,         &HygFileActions::close        },
     };
     for (const auto & [action, slot] : files)
         connect(action, &QAction::triggered, m_files, slot);
     connect(m_ui->actionPreferences, &QAction::triggered, this, &HygMainWindow::showPreferences);
+    connect(m_ui->actionFindCommand, &QAction::triggered, this, &HygMainWindow::searchCommands);
+    connect(m_ui->actionHelp, &QAction::triggered, this, &HygMainWindow::showHelpOfFocus);
+    connect(m_ui->actionGuide, &QAction::triggered, this, [this] { showHelp(QStringLiteral("index")); });
     connect(m_ui->actionOpenLogFile, &QAction::triggered, this, &HygMainWindow::openLogFile);
     m_ui->menuRecent->setIcon(HygIconEngine::icon(QStringLiteral("recent")));
     m_ui->menuLanguage->setIcon(HygIconEngine::icon(QStringLiteral("language")));
@@ -216,6 +242,21 @@ void HygMainWindow::setUpUndo() {
     connect(m_projects, &HygProjectHandler::modifiedChanged, this, &QWidget::setWindowModified);
     connect(m_projects, &HygProjectHandler::projectFileChanged, this, &HygMainWindow::takeOverProject);
     connect(m_projects, &HygProjectHandler::failed, this, &HygMainWindow::showProblem);
+    connect(m_projects, &HygProjectHandler::noticed, this, &HygMainWindow::showProblem);
+    connect(m_files, &HygFileActions::noticed, this,
+            [this](const QString & text) { m_ui->statusBar->showMessage(text, NOTICE_MS); });
+}
+
+void HygMainWindow::setUpHistory() {
+    auto * history = new QUndoView(&undoStack(), m_ui->historyDock);
+    history->setObjectName(QStringLiteral("history"));
+    history->setCleanIcon(HygIconEngine::icon(QStringLiteral("save")));
+    m_ui->historyDock->setWidget(history);
+    m_ui->historyDock->hide();
+    QAction * toggle = m_ui->historyDock->toggleViewAction();
+    toggle->setIcon(HygIconEngine::icon(QStringLiteral("recent")));
+    toggle->setShortcut(QKeySequence(QStringLiteral("Ctrl+H")));
+    m_ui->menuView->insertAction(m_ui->logDock->toggleViewAction(), toggle);
 }
 
 void HygMainWindow::addView(const HygViewTable::Row & row, QWidget * widget) {
@@ -265,7 +306,8 @@ void HygMainWindow::takeOverProject(const QString & path) {
         m_settings.addRecentProject(path);
     m_settings.writeOrLog();
     const bool hasProject = m_projects->hasProject();
-    for (QAction * action : {m_ui->actionSave, m_ui->actionSaveAs, m_ui->actionSaveCopy, m_ui->actionClose})
+    for (QAction * action :
+         {m_ui->actionSave, m_ui->actionSaveAs, m_ui->actionSaveCopy, m_ui->actionExportPackage, m_ui->actionClose})
         action->setEnabled(hasProject);
     for (const auto & [id, view] : m_views)
         if (view.row->needsProject) {
@@ -307,9 +349,11 @@ void HygMainWindow::updateRecentProjects() {
 
 void HygMainWindow::updateTitle() {
     const QString path = m_projects->projectFile();
-    setWindowTitle(path.isEmpty()
-                       ? QCoreApplication::applicationName()
-                       : tr("%1[*] – %2").arg(QFileInfo(path).completeBaseName(), QCoreApplication::applicationName()));
+    const QString name = QFileInfo(path).completeBaseName();
+    const QString program = QCoreApplication::applicationName();
+    setWindowTitle(path.isEmpty()             ? program
+                   : m_projects->isReadOnly() ? tr("%1 (read only)[*] – %2").arg(name, program)
+                                              : tr("%1[*] – %2").arg(name, program));
     m_projectLabel->setText(path.isEmpty() ? tr("No project") : QDir::toNativeSeparators(path));
 }
 
@@ -399,6 +443,13 @@ void HygMainWindow::retranslate() {
     }
     updateViewMenu();
     updateUndo();
+    m_ui->historyDock->toggleViewAction()->setText(tr("&History"));
+    m_ui->historyDock->toggleViewAction()->setStatusTip(tr("Show or hide the changes that can be taken back"));
+    if (auto * history = m_ui->historyDock->findChild<QUndoView *>()) {
+        history->setEmptyLabel(tr("Project as it was opened"));
+        history->setAccessibleName(m_ui->historyDock->windowTitle());
+        history->setToolTip(tr("Choose a line to go back or forth to that state"));
+    }
     if (m_themeChoice != nullptr) {
         const QList<QAction *> actions = m_themeChoice->actions();
         for (int i = 0; i < actions.size(); ++i)
@@ -413,7 +464,12 @@ void HygMainWindow::changeEvent(QEvent * event) {
     if (event->type() == QEvent::LanguageChange)
         retranslate();
     else if (event->type() == QEvent::ActivationChange && isActiveWindow())
-        updateRecentProjects(); // files may have come or gone in the meantime
+        takeNoteOfFiles();
+}
+
+void HygMainWindow::takeNoteOfFiles() {
+    updateRecentProjects(); // they may have come or gone in the meantime
+    m_projects->checkDisk();
 }
 
 void HygMainWindow::paintEvent(QPaintEvent * event) {
@@ -426,11 +482,131 @@ void HygMainWindow::paintEvent(QPaintEvent * event) {
 }
 
 void HygMainWindow::closeEvent(QCloseEvent * event) {
-    if (!m_files->settle()) {
+    if (HygDebugApplication::isTerminating()) {
+        m_projects->keepForRecovery(); // there may be no time for an answer
+    } else if (HygBackground::isBusy() || !m_files->settle()) {
         event->ignore();
         return;
+    } else {
+        m_projects->closeProject();
     }
     m_settings.m_mainWindowGeometry = saveGeometry();
     m_settings.m_mainWindowState = saveState(STATE_VERSION); // written at the program's end
     event->accept();
+}
+
+// ---- files that are dropped
+
+namespace {
+
+/// The file that is being dropped, if it is one that can be opened.
+QString droppedFile(const QMimeData * data) {
+    const QList<QUrl> urls = data->urls();
+    const QString path = urls.size() == 1 ? urls.constFirst().toLocalFile() : QString();
+    return HygFileActions::isOpenable(path) ? path : QString();
+}
+
+} // namespace
+
+void HygMainWindow::dragEnterEvent(QDragEnterEvent * event) {
+    if (!droppedFile(event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void HygMainWindow::dropEvent(QDropEvent * event) {
+    const QString path = droppedFile(event->mimeData());
+    if (path.isEmpty())
+        return;
+    event->acceptProposedAction();
+    // The program that the file comes from waits until this event has been answered.
+    QMetaObject::invokeMethod(
+        this, [this, path] { openProject(path); }, Qt::QueuedConnection);
+}
+
+// ---- finding things
+
+void HygMainWindow::showHelp(const QString & page) {
+    if (m_help == nullptr)
+        m_help = new HygHelpWindow(m_settings.directory(HygSettings::DIR_INSTALLATION) + QStringLiteral("/user-guide"),
+                                   this);
+    m_help->showPage(page, m_languages.langId());
+    m_help->show();
+    m_help->raise();
+}
+
+void HygMainWindow::showHelpOfFocus() {
+    for (const QWidget * widget = QApplication::focusWidget(); widget != nullptr; widget = widget->parentWidget()) {
+        const QString page = widget->property(HygHelpWindow::PAGE_PROPERTY).toString();
+        if (!page.isEmpty())
+            return showHelp(page);
+    }
+    showHelp(QLatin1String(m_views.at(currentView()).row->helpPage));
+}
+
+namespace {
+
+/// A kind of definition: how it is called, and the views that show it, the best first.
+struct KindRow {
+    const char * word;
+    HygViewTable::view_t view;
+};
+constexpr KindRow KINDS[] = {
+    {QT_TRANSLATE_NOOP("HygMainWindow", "Material"),           HygViewTable::Construction},
+    {QT_TRANSLATE_NOOP("HygMainWindow", "Interface"),          HygViewTable::Construction},
+    {QT_TRANSLATE_NOOP("HygMainWindow", "Initial condition"),  HygViewTable::Construction},
+    {QT_TRANSLATE_NOOP("HygMainWindow", "Field condition"),    HygViewTable::Construction},
+    {QT_TRANSLATE_NOOP("HygMainWindow", "Contact condition"),  HygViewTable::Construction},
+    {QT_TRANSLATE_NOOP("HygMainWindow", "Boundary condition"), HygViewTable::Conditions  },
+    {QT_TRANSLATE_NOOP("HygMainWindow", "Climate condition"),  HygViewTable::Conditions  },
+    {QT_TRANSLATE_NOOP("HygMainWindow", "Schedule"),           HygViewTable::Conditions  },
+    {QT_TRANSLATE_NOOP("HygMainWindow", "Output file"),        HygViewTable::Outputs     },
+    {QT_TRANSLATE_NOOP("HygMainWindow", "Output grid"),        HygViewTable::Outputs     },
+    {QT_TRANSLATE_NOOP("HygMainWindow", "Solution"),           HygViewTable::Conditions  },
+};
+static_assert(std::size(KINDS) == HYGRION::DEFINITION_KINDS, "table and enumeration disagree");
+
+/// A text of a menu without the marks of keys and dots.
+QString plain(QString text) {
+    return text.remove('&').remove(QStringLiteral("…"));
+}
+
+void collectActions(const QList<QAction *> & actions, const QString & place,
+                    std::vector<HygCommandSearch::Command> & commands) {
+    for (QAction * action : actions) {
+        if (!action->isVisible() || action->isSeparator())
+            continue;
+        if (action->menu() != nullptr) {
+            const QString name = plain(action->text());
+            collectActions(action->menu()->actions(), place.isEmpty() ? name : place + QStringLiteral(" › ") + name,
+                           commands);
+        } else if (action->isEnabled()) {
+            commands.push_back({plain(action->text()), place, action->shortcut().toString(QKeySequence::NativeText),
+                                action->icon(), [action] { action->trigger(); }});
+        }
+    }
+}
+
+} // namespace
+
+void HygMainWindow::searchCommands() {
+    std::vector<HygCommandSearch::Command> commands;
+    collectActions(m_ui->menuBar->actions(), {}, commands);
+    if (m_views.size() > 1) // something that can show a definition
+        HYGRION::forEachDefinitionList(m_projects->project(), [&](HYGRION::definition_t kind, const auto & list) {
+            const int number = static_cast<int>(kind);
+            for (const auto & item : list) {
+                const QString name = QString::fromStdString(item.m_name);
+                const HygViewTable::view_t view = KINDS[number].view;
+                const QIcon icon = m_views.count(view) > 0 ? m_views.at(view).action->icon() : QIcon();
+                commands.push_back(
+                    {name, tr(KINDS[number].word), {}, icon, [this, number, name] { showDefinition(number, name); }});
+            }
+        });
+    HygCommandSearch(std::move(commands), this).exec();
+}
+
+void HygMainWindow::showDefinition(int kind, const QString & name) {
+    const HygViewTable::view_t view = KINDS[kind].view;
+    showView(m_views.count(view) > 0 ? view : HygViewTable::Construction);
+    emit m_projects->definitionRequested(kind, name);
 }

@@ -15,6 +15,7 @@ namespace Ui {
 class HygMainWindow;
 }
 class HygFileActions;
+class HygHelpWindow;
 class HygLogView;
 class HygNavigationButton;
 class HygProjectHandler;
@@ -47,10 +48,14 @@ public:
     bool openProject(const QString & path);
     /// A message that stays in view until the user closes it.
     void showProblem(const QString & text);
+    /// A page of the user guide, by its name without suffix.
+    void showHelp(const QString & page);
 
 protected:
     void changeEvent(QEvent * event) override;
     void closeEvent(QCloseEvent * event) override;
+    void dragEnterEvent(QDragEnterEvent * event) override;
+    void dropEvent(QDropEvent * event) override;
     void paintEvent(QPaintEvent * event) override;
 
 private:
@@ -66,11 +71,17 @@ private:
     void updateViewMenu();
     void setUpStartView();
     void setUpUndo();
+    void setUpHistory();
+    void startWork();
+    void showHelpOfFocus();
+    void searchCommands();
+    void showDefinition(int kind, const QString & name);
     void setUpLog();
     void setUpActions();
     void setUpChoices();
     void retranslate();
     void updateRecentProjects();
+    void takeNoteOfFiles();
     void updateTitle();
     void updateUndo();
     void updateBadge();
@@ -94,6 +105,7 @@ private:
     HygFileActions * m_files;
     HygStartView * m_startView = nullptr;
     HygLogView * m_logView = nullptr;
+    HygHelpWindow * m_help = nullptr;
     std::map<view_t, View> m_views;
     HygNavigationButton * m_logButton = nullptr;
     HygNavigationButton * m_preferencesButton = nullptr;

@@ -25,6 +25,25 @@
     </message>
 </context>
 <context>
+    <name>HygCommandSearch</name>
+    <message>
+        <source>Find a command</source>
+        <translation>Befehl suchen</translation>
+    </message>
+    <message>
+        <source>Command, material or definition…</source>
+        <translation>Befehl, Material oder Definition…</translation>
+    </message>
+    <message>
+        <source>Some letters of its words; arrow keys choose, Enter runs it</source>
+        <translation>Einige Buchstaben der Wörter; Pfeiltasten wählen, Eingabe führt aus</translation>
+    </message>
+    <message>
+        <source>Commands found</source>
+        <translation>Gefundene Befehle</translation>
+    </message>
+</context>
+<context>
     <name>HygConstructionEditor</name>
     <message numerus="yes">
         <source>%n assignments went with their cells. Undo brings them back.</source>
@@ -633,6 +652,90 @@
         <source>Save a copy</source>
         <translation>Kopie speichern</translation>
     </message>
+    <message>
+        <source>Hygrion project packages (*.%1)</source>
+        <translation>Hygrion-Projektpakete (*.%1)</translation>
+    </message>
+    <message>
+        <source>The second window could not be opened.</source>
+        <translation>Das zweite Fenster konnte nicht geöffnet werden.</translation>
+    </message>
+    <message>
+        <source>Another program has changed the file of project &apos;%1&apos;. Overwrite it?</source>
+        <translation>Ein anderes Programm hat die Datei des Projekts „%1“ geändert. Überschreiben?</translation>
+    </message>
+    <message>
+        <source>The changes that the other program made are lost then.</source>
+        <translation>Was das andere Programm geändert hat, geht dabei verloren.</translation>
+    </message>
+    <message>
+        <source>&amp;Overwrite</source>
+        <translation>Ü&amp;berschreiben</translation>
+    </message>
+    <message>
+        <source>Save &amp;as…</source>
+        <translation>Speichern &amp;unter…</translation>
+    </message>
+    <message>
+        <source>The file of project &apos;%1&apos; has been removed or renamed. The project is still open; saving writes it anew.</source>
+        <translation>Die Datei des Projekts „%1“ wurde gelöscht oder umbenannt. Das Projekt ist weiter geöffnet; Speichern schreibt es neu.</translation>
+    </message>
+    <message>
+        <source>Another program has changed project &apos;%1&apos;; it has been read again.</source>
+        <translation>Ein anderes Programm hat das Projekt „%1“ geändert; es wurde neu gelesen.</translation>
+    </message>
+    <message>
+        <source>Another program has changed the file of project &apos;%1&apos;.</source>
+        <translation>Ein anderes Programm hat die Datei des Projekts „%1“ geändert.</translation>
+    </message>
+    <message>
+        <source>You have changes that are not saved. Reading the file again gives them up; keeping them leaves the file as it is until you save.</source>
+        <translation>Sie haben Änderungen, die nicht gespeichert sind. Neu lesen verwirft sie; behalten lässt die Datei, wie sie ist, bis Sie speichern.</translation>
+    </message>
+    <message>
+        <source>&amp;Read again</source>
+        <translation>&amp;Neu lesen</translation>
+    </message>
+    <message>
+        <source>&amp;Keep my changes</source>
+        <translation>Meine Änderungen &amp;behalten</translation>
+    </message>
+    <message>
+        <source>Export project package</source>
+        <translation>Projektpaket exportieren</translation>
+    </message>
+    <message>
+        <source>Packing project &apos;%1&apos;…</source>
+        <translation>Projekt „%1“ wird gepackt…</translation>
+    </message>
+    <message>
+        <source>The project has been packed as &apos;%1&apos;.</source>
+        <translation>Das Projekt wurde als „%1“ gepackt.</translation>
+    </message>
+    <message>
+        <source>The project cannot be packed.</source>
+        <translation>Das Projekt kann nicht gepackt werden.</translation>
+    </message>
+    <message>
+        <source>Import project package</source>
+        <translation>Projektpaket importieren</translation>
+    </message>
+    <message>
+        <source>Folder to unpack project &apos;%1&apos; in</source>
+        <translation>Ordner, in den das Projekt „%1“ entpackt wird</translation>
+    </message>
+    <message>
+        <source>Unpacking &apos;%1&apos;…</source>
+        <translation>„%1“ wird entpackt…</translation>
+    </message>
+    <message>
+        <source>The package &apos;%1&apos; cannot be opened.</source>
+        <translation>Das Paket „%1“ kann nicht geöffnet werden.</translation>
+    </message>
+    <message>
+        <source>The package has been unpacked into &apos;%1&apos;.</source>
+        <translation>Das Paket wurde nach „%1“ entpackt.</translation>
+    </message>
 </context>
 <context>
     <name>HygGridRuler</name>
@@ -646,6 +749,48 @@
     <message>
         <source>%1 in %2. Click to select, double-click for another width.</source>
         <translation>%1 in %2. Klick wählt aus, Doppelklick ändert die Breite.</translation>
+    </message>
+</context>
+<context>
+    <name>HygHelpWindow</name>
+    <message>
+        <source>The user guide is not installed: it is missing in folder &apos;%1&apos;.</source>
+        <translation>Das Handbuch ist nicht installiert: Es fehlt im Ordner „%1“.</translation>
+    </message>
+    <message>
+        <source>User guide</source>
+        <translation>Handbuch</translation>
+    </message>
+    <message>
+        <source>Contents</source>
+        <translation>Inhalt</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Vor</translation>
+    </message>
+</context>
+<context>
+    <name>HygJournal</name>
+    <message>
+        <source>The folder &apos;%1&apos; for unsaved changes cannot be made.</source>
+        <translation>Der Ordner „%1“ für ungespeicherte Änderungen kann nicht angelegt werden.</translation>
+    </message>
+    <message>
+        <source>The folder &apos;%1&apos; for unsaved changes cannot be written.</source>
+        <translation>In den Ordner „%1“ für ungespeicherte Änderungen kann nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>The unsaved changes of &apos;%1&apos; are in use by another editor.</source>
+        <translation>Die ungespeicherten Änderungen von „%1“ sind in einem anderen Editor in Gebrauch.</translation>
+    </message>
+    <message>
+        <source>Unsaved changes cannot be kept for the case of a crash: %1</source>
+        <translation>Ungespeicherte Änderungen können nicht für den Fall eines Absturzes gesichert werden: %1</translation>
     </message>
 </context>
 <context>
@@ -951,6 +1096,114 @@
     <message>
         <source>Climate</source>
         <translation>Klima</translation>
+    </message>
+    <message>
+        <source>History</source>
+        <translation>Verlauf</translation>
+    </message>
+    <message>
+        <source>&amp;Import package…</source>
+        <translation>Paket &amp;importieren…</translation>
+    </message>
+    <message>
+        <source>Unpack a project package and open the project in it</source>
+        <translation>Entpackt ein Projektpaket und öffnet das Projekt darin</translation>
+    </message>
+    <message>
+        <source>&amp;Export package…</source>
+        <translation>Paket &amp;exportieren…</translation>
+    </message>
+    <message>
+        <source>Pack the project with its materials and climate data into one file</source>
+        <translation>Packt das Projekt mit seinen Materialien und Klimadaten in eine Datei</translation>
+    </message>
+    <message>
+        <source>Find a &amp;command…</source>
+        <translation>&amp;Befehl suchen…</translation>
+    </message>
+    <message>
+        <source>Find commands, materials and definitions by some letters of their names</source>
+        <translation>Findet Befehle, Materialien und Definitionen nach einigen Buchstaben ihres Namens</translation>
+    </message>
+    <message>
+        <source>&amp;Help on this page</source>
+        <translation>&amp;Hilfe zu dieser Seite</translation>
+    </message>
+    <message>
+        <source>The page of the user guide on what you are working with</source>
+        <translation>Die Seite des Handbuchs zu dem, woran Sie arbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;User guide</source>
+        <translation>Hand&amp;buch</translation>
+    </message>
+    <message>
+        <source>The contents of the user guide</source>
+        <translation>Der Inhalt des Handbuchs</translation>
+    </message>
+    <message>
+        <source>%1 (read only)[*] – %2</source>
+        <translation>%1 (schreibgeschützt)[*] – %2</translation>
+    </message>
+    <message>
+        <source>&amp;History</source>
+        <translation>&amp;Verlauf</translation>
+    </message>
+    <message>
+        <source>Show or hide the changes that can be taken back</source>
+        <translation>Zeigt oder verbirgt die Änderungen, die zurückgenommen werden können</translation>
+    </message>
+    <message>
+        <source>Project as it was opened</source>
+        <translation>Projekt, wie es geöffnet wurde</translation>
+    </message>
+    <message>
+        <source>Choose a line to go back or forth to that state</source>
+        <translation>Eine Zeile wählen, um zu diesem Stand zurück- oder vorzugehen</translation>
+    </message>
+    <message>
+        <source>Material</source>
+        <translation>Material</translation>
+    </message>
+    <message>
+        <source>Interface</source>
+        <translation>Oberfläche</translation>
+    </message>
+    <message>
+        <source>Initial condition</source>
+        <translation>Anfangsbedingung</translation>
+    </message>
+    <message>
+        <source>Field condition</source>
+        <translation>Feldbedingung</translation>
+    </message>
+    <message>
+        <source>Contact condition</source>
+        <translation>Kontaktbedingung</translation>
+    </message>
+    <message>
+        <source>Boundary condition</source>
+        <translation>Randbedingung</translation>
+    </message>
+    <message>
+        <source>Climate condition</source>
+        <translation>Klimabedingung</translation>
+    </message>
+    <message>
+        <source>Schedule</source>
+        <translation>Zeitplan</translation>
+    </message>
+    <message>
+        <source>Output file</source>
+        <translation>Ausgabedatei</translation>
+    </message>
+    <message>
+        <source>Output grid</source>
+        <translation>Ausgaberaster</translation>
+    </message>
+    <message>
+        <source>Solution</source>
+        <translation>Lösung</translation>
     </message>
 </context>
 <context>
@@ -1491,6 +1744,46 @@
         <source>The project could not be saved as &apos;%1&apos;. Nothing is lost: it is still open, with all changes.</source>
         <translation>Das Projekt konnte nicht als „%1“ gespeichert werden. Nichts ist verloren: Es ist mit allen Änderungen weiter geöffnet.</translation>
     </message>
+    <message>
+        <source>The file is protected against writing.</source>
+        <translation>Die Datei ist schreibgeschützt.</translation>
+    </message>
+    <message>
+        <source>Reading project &apos;%1&apos;…</source>
+        <translation>Projekt „%1“ wird gelesen…</translation>
+    </message>
+    <message>
+        <source>It was written by a newer version of the program.</source>
+        <translation>Es wurde von einer neueren Version des Programms geschrieben.</translation>
+    </message>
+    <message>
+        <source>Cannot open project &apos;%1&apos;.</source>
+        <translation>Das Projekt „%1“ kann nicht geöffnet werden.</translation>
+    </message>
+    <message>
+        <source>Project &apos;%1&apos; can only be read, or saved as another file. %2</source>
+        <translation>Das Projekt „%1“ kann nur gelesen oder als andere Datei gespeichert werden. %2</translation>
+    </message>
+    <message>
+        <source>Reading unsaved changes…</source>
+        <translation>Ungespeicherte Änderungen werden gelesen…</translation>
+    </message>
+    <message>
+        <source>Cannot open the unsaved changes of project &apos;%1&apos;.</source>
+        <translation>Die ungespeicherten Änderungen des Projekts „%1“ können nicht geöffnet werden.</translation>
+    </message>
+    <message>
+        <source>Saving project &apos;%1&apos;…</source>
+        <translation>Projekt „%1“ wird gespeichert…</translation>
+    </message>
+    <message>
+        <source>Project &apos;%1&apos; has not been saved.</source>
+        <translation>Das Projekt „%1“ wurde nicht gespeichert.</translation>
+    </message>
+    <message>
+        <source>Another program has changed the file in the meantime.</source>
+        <translation>Ein anderes Programm hat die Datei inzwischen geändert.</translation>
+    </message>
 </context>
 <context>
     <name>HygProjectListModel</name>
@@ -1521,6 +1814,121 @@
     <message>
         <source>missing</source>
         <translation>fehlt</translation>
+    </message>
+</context>
+<context>
+    <name>HygProjectLock</name>
+    <message>
+        <source>The folder &apos;%1&apos; cannot be written.</source>
+        <translation>In den Ordner „%1“ kann nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>It is open in another editor: user &apos;%1&apos; on computer &apos;%2&apos;, process %3, since %4.</source>
+        <translation>Es ist in einem anderen Editor geöffnet: Benutzer „%1“ am Rechner „%2“, Prozess %3, seit %4.</translation>
+    </message>
+    <message>
+        <source>It is open in another editor, which is just starting.</source>
+        <translation>Es ist in einem anderen Editor geöffnet, der gerade startet.</translation>
+    </message>
+</context>
+<context>
+    <name>HygProjectPackage</name>
+    <message>
+        <source>These files of the project are missing or cannot be read:
+%1</source>
+        <translation>Diese Dateien des Projekts fehlen oder sind nicht lesbar:
+%1</translation>
+    </message>
+    <message>
+        <source>The files of the project are larger than %1 MiB together.</source>
+        <translation>Die Dateien des Projekts sind zusammen größer als %1 MiB.</translation>
+    </message>
+</context>
+<context>
+    <name>HygRecoveryDialog</name>
+    <message>
+        <source>Unsaved changes found</source>
+        <translation>Ungespeicherte Änderungen gefunden</translation>
+    </message>
+    <message>
+        <source>The program ended before these changes were saved. What do you want to open?</source>
+        <translation>Das Programm endete, bevor diese Änderungen gespeichert waren. Was möchten Sie öffnen?</translation>
+    </message>
+    <message>
+        <source>Project</source>
+        <translation>Projekt</translation>
+    </message>
+    <message>
+        <source>Saved file of</source>
+        <translation>Gespeicherte Datei von</translation>
+    </message>
+    <message>
+        <source>Unsaved changes of</source>
+        <translation>Ungespeicherte Änderungen von</translation>
+    </message>
+    <message>
+        <source>Number of changes</source>
+        <translation>Anzahl der Änderungen</translation>
+    </message>
+    <message>
+        <source>&amp;Delete changes…</source>
+        <translation>Änderungen &amp;löschen…</translation>
+    </message>
+    <message>
+        <source>Give these unsaved changes up for good</source>
+        <translation>Diese ungespeicherten Änderungen endgültig verwerfen</translation>
+    </message>
+    <message>
+        <source>Open &amp;unsaved changes</source>
+        <translation>&amp;Ungespeicherte Änderungen öffnen</translation>
+    </message>
+    <message>
+        <source>Go on where the program ended; saving writes the changes into the file</source>
+        <translation>Dort weiterarbeiten, wo das Programm endete; Speichern schreibt die Änderungen in die Datei</translation>
+    </message>
+    <message>
+        <source>Open saved &amp;file</source>
+        <translation>Gespeicherte &amp;Datei öffnen</translation>
+    </message>
+    <message>
+        <source>Open the project as it was saved last; the unsaved changes stay kept</source>
+        <translation>Das Projekt öffnen, wie es zuletzt gespeichert wurde; die ungespeicherten Änderungen bleiben erhalten</translation>
+    </message>
+    <message>
+        <source>Open &amp;both</source>
+        <translation>&amp;Beide öffnen</translation>
+    </message>
+    <message>
+        <source>Open the unsaved changes here and the saved file in a second window, to compare</source>
+        <translation>Die ungespeicherten Änderungen hier und die gespeicherte Datei in einem zweiten Fenster öffnen, zum Vergleichen</translation>
+    </message>
+    <message>
+        <source>&amp;Later</source>
+        <translation>&amp;Später</translation>
+    </message>
+    <message>
+        <source>Decide at the next start; nothing is lost</source>
+        <translation>Beim nächsten Start entscheiden; nichts geht verloren</translation>
+    </message>
+    <message>
+        <source>missing</source>
+        <translation>fehlt</translation>
+    </message>
+    <message>
+        <source>The file does not exist any more; saving makes it anew.</source>
+        <translation>Die Datei gibt es nicht mehr; Speichern legt sie neu an.</translation>
+    </message>
+    <message>
+        <source>The file was saved again after these changes had begun. Compare before you save.</source>
+        <translation>Die Datei wurde erneut gespeichert, nachdem diese Änderungen begonnen hatten. Bitte vor dem Speichern vergleichen.</translation>
+    </message>
+    <message>
+        <source>Delete the unsaved changes of project &apos;%1&apos;?</source>
+        <translation>Die ungespeicherten Änderungen des Projekts „%1“ löschen?</translation>
+    </message>
+    <message>
+        <source>They cannot be brought back.</source>
+        <translation>Sie können nicht zurückgeholt werden.</translation>
     </message>
 </context>
 <context>
@@ -1879,6 +2287,13 @@
     <message>
         <source>None</source>
         <translation>Keine</translation>
+    </message>
+</context>
+<context>
+    <name>QProgressDialog</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
     </message>
 </context>
 <context>

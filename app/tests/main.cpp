@@ -1,5 +1,6 @@
 #include "HygDebugApplication.h"
 
+#include <QFile>
 #include <QSettings>
 #include <QTemporaryDir>
 
@@ -12,6 +13,7 @@ int main(int argc, char ** argv) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     const QTemporaryDir store;
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, store.path());
+    qputenv("XDG_DATA_HOME", QFile::encodeName(store.path()));
     const HygDebugApplication application(argc, argv);
     HygDebugApplication::initResources();
     return RUN_ALL_TESTS();
