@@ -65,17 +65,18 @@ ExampleBuilder::Edges ExampleBuilder::divided(std::initializer_list<Part> parts,
     return edges;
 }
 
-Range ExampleBuilder::cells(std::size_t left, std::size_t right, std::size_t bottom, std::size_t top) const {
+Range ExampleBuilder::cells(std::size_t left, std::size_t right, std::size_t bottom, std::size_t top, std::size_t back,
+                            std::size_t front) const {
     return {.left = m_columns.at(left),
             .bottom = m_rows.at(bottom),
-            .back = 0,
+            .back = m_planes.at(back),
             .right = m_columns.at(right + 1) - 1,
             .top = m_rows.at(top + 1) - 1,
-            .front = 0};
+            .front = m_planes.at(front + 1) - 1};
 }
 
 Range ExampleBuilder::allCells() const {
-    return cells(0, m_columns.size() - 2, 0, m_rows.size() - 2);
+    return cells(0, m_columns.size() - 2, 0, m_rows.size() - 2, 0, m_planes.size() - 2);
 }
 
 void ExampleBuilder::material(const std::string & file, const Range & range) {
@@ -151,6 +152,16 @@ ClimateCond & ExampleBuilder::constant(const char * name, Climate quantity, doub
     climate.m_type = quantity;
     climate.m_kind = ClimateCond::kind_t::Constant;
     climate.m_para.set(ClimateCond::para_t::ConstantValue, value, KeywordList::Unit(quantity));
+    return climate;
+}
+
+ClimateCond & ExampleBuilder::fromFile(const char * name, Climate quantity, const char * file) {
+    ClimateCond & climate = added(m_project.m_conditions.m_climateConditions, name);
+    climate.m_type = quantity;
+    climate.m_kind = ClimateCond::kind_t::TabulatedData;
+    climate.m_filename = KOR::Path(std::string("${Project Directory}/") + file);
+    climate.m_flag.set(ClimateCond::flag_t::UseInterpolation, true);
+    climate.m_flag.set(ClimateCond::flag_t::Cyclic, true);
     return climate;
 }
 
@@ -258,6 +269,7 @@ bool ExampleBuilder::write(const std::string & file) const {
             std::cerr << file << ": " << finding.text() << '\n';
             isSound = false;
         }
-    std::cout << file << ": " << m_project.m_disc.nx() << " x " << m_project.m_disc.ny() << " cells\n";
+    std::cout << file << ": " << m_project.m_disc.nx() << " x " << m_project.m_disc.ny() << " x "
+              << m_project.m_disc.nz() << " cells\n";
     return m_project.writeXML(file) && isSound;
 }

@@ -26,8 +26,11 @@ public:
 
     void columns(std::initializer_list<Part> parts) { m_columns = divided(parts, m_project.m_disc.m_xSteps); }
     void rows(std::initializer_list<Part> parts) { m_rows = divided(parts, m_project.m_disc.m_ySteps); }
-    /// The cells of columns \p left to \p right and rows \p bottom to \p top, counted in parts from 0, ends included.
-    HYGRION::Range cells(std::size_t left, std::size_t right, std::size_t bottom = 0, std::size_t top = 0) const;
+    void planes(std::initializer_list<Part> parts) { m_planes = divided(parts, m_project.m_disc.m_zSteps); }
+    /// The cells of columns \p left to \p right, rows \p bottom to \p top and planes \p back to \p front, counted in parts
+    /// from 0, ends included.
+    HYGRION::Range cells(std::size_t left, std::size_t right, std::size_t bottom = 0, std::size_t top = 0,
+                         std::size_t back = 0, std::size_t front = 0) const;
     HYGRION::Range allCells() const;
 
     /// \param file in the material database, without the extension; gives name, colour and hatching
@@ -48,6 +51,8 @@ public:
     /// A surface out of boundary conditions.
     HYGRION::Interface & detailed(const char * name, std::initializer_list<const char *> boundaryConditions);
     HYGRION::ClimateCond & constant(const char * name, Climate quantity, double value);
+    /// Hours of a file beside the project, repeated every year.
+    HYGRION::ClimateCond & fromFile(const char * name, Climate quantity, const char * file);
     /// A quantity of the location's climate file.
     HYGRION::ClimateCond & fromLocation(const char * name, Climate quantity);
     HYGRION::BoundaryCond & boundary(const char * name, HYGRION::BoundaryCond::condition_t law,
@@ -81,4 +86,5 @@ private:
     HYGRION::Project m_project;
     Edges m_columns{0, 1};
     Edges m_rows{0, 1};
+    Edges m_planes{0, 1};
 };

@@ -363,6 +363,7 @@ ExampleBuilder semiInfiniteUptake() {
     ExampleBuilder b("EN 15026 moisture uptake",
                      "Semi-infinite region at 20 C and 50 % that meets 30 C and 95 % at its "
                      "surface. Compared with the bands of the standard at 7, 30 and 365 d.");
+    b.project().m_init.m_para.set(Init::para_t::IsothermalTRef, 20, "C"); // as in the published profile
     b.duration(365, "d");
     b.columns({
         Part{20000, Disc::MODE_START, 0.5, 0, 1.03}
@@ -425,6 +426,100 @@ ExampleBuilder heatConductionInColumn() {
     return b;
 }
 
+ExampleBuilder insulatedRoof() {
+    ExampleBuilder b("HAMSTAD benchmark 1",
+                     "Insulated roof, sealed outside: condensation within and drying over five years. Contents of "
+                     "both layers are compared with the band of the participants at listed hours.");
+    b.project().m_init.m_para.set(Init::para_t::IsothermalTRef, 20, "C");
+    b.project().m_init.m_solverSettings.m_para.set(SolverSettings::para_t::RelTol, 1e-4, "---");
+    b.duration(5 * 365, "d");
+    // Fine at the surfaces and on both sides of the joint.
+    b.columns({
+        Part{100, Disc::MODE_BOTH, 0.2, 0, 1.3 },
+        Part{50,  Disc::MODE_BOTH, 0.2, 0, 1.36}
+    });
+    b.material("benchmark_bm1_load_bearing_118", b.cells(0, 0));
+    b.material("benchmark_bm1_insulation_119", b.cells(1, 1));
+    b.initial(10, 50);
+    b.initialContent("Wet load-bearing layer", 0.145, b.cells(0, 0));
+    b.initialContent("Dry insulation", 6.5e-5, b.cells(1, 1));
+    b.fromFile("Outside temperature", Climate::Temperature, "HAMSTAD 1 outside temperature.ccd");
+    b.fromFile("Inside vapour pressure", Climate::VaporPressure, "HAMSTAD 1 inside vapour pressure.ccd");
+    b.constant("Inside temperature", Climate::Temperature, 20);
+    b.boundary("Heat outside", Law::HeatConduction, Kind::Exchange, {"Outside temperature"})
+        .m_para.set(Coefficient::ExchangeCoefficient, 25, "W/m2K");
+    b.boundary("Heat inside", Law::HeatConduction, Kind::Exchange, {"Inside temperature"})
+        .m_para.set(Coefficient::ExchangeCoefficient, 7, "W/m2K");
+    BoundaryCond & vapor = b.boundary("Vapour inside", Law::VaporDiffusion, Kind::Exchange,
+                                      {"Inside temperature", "Inside vapour pressure"});
+    vapor.m_para.set(Coefficient::ExchangeCoefficient, 2e-8, "s/m");
+    vapor.m_flag.set(BoundaryCond::flag_t::UseVaporPressure, true);
+    b.detailed("Outside, sealed", {"Heat outside"});
+    b.detailed("Inside", {"Heat inside", "Vapour inside"});
+    b.assign(Type::Interface, "Outside, sealed", Side::Left, b.allCells());
+    b.assign(Type::Interface, "Inside", Side::Right, b.allCells());
+    b.outputGrid("Hourly", 1, "h");
+    b.output("Water in load-bearing layer", "MoistureMass", "kg", Space::Integral, "Hourly", Side::Element,
+             b.cells(0, 0));
+    b.output("Water in insulation", "MoistureMass", "kg", Space::Integral, "Hourly", Side::Element, b.cells(1, 1));
+    return b;
+}
+
+ExampleBuilder ironBarThroughInsulation() {
+    ExampleBuilder b("ISO 10211 case 4",
+                     "An iron bar through an insulation layer, flush outside, in three dimensions; a quarter of it, "
+                     "cut at both planes of symmetry. Heat flow and highest temperature of the outer surface.");
+    b.project().m_init.m_balanceEquationModule = "HeatTransport";
+    b.project().m_init.m_solverSettings.m_lesSolver = SolverSettings::lesSolver_t::KLU; // steady: long steps
+    b.duration(10, "d");
+    b.columns({detail(50, Disc::MODE_BOTH, 5, 0), detail(450, Disc::MODE_START, 5, 0)});
+    b.rows({detail(25, Disc::MODE_BOTH, 5, 0), detail(475, Disc::MODE_START, 5, 0)});
+    b.planes({detail(200, Disc::MODE_BOTH, 4, 0), detail(400, Disc::MODE_START, 4, 0)});
+    b.material("benchmark_iso10211_insulation_422", b.cells(0, 1, 0, 1, 0, 0));
+    b.material("benchmark_iso10211_iron_423", b.cells(0, 0, 0, 0, 0, 1));
+    b.initial(0.5, 50);
+    b.steady("outside", 0, 0, 10, 0);
+    b.steady("inside", 1, 0, 10, 0);
+    b.assign(Type::Interface, "outside", Side::Back, b.cells(0, 1, 0, 1, 0, 0));
+    b.assign(Type::Interface, "inside", Side::Front, b.cells(1, 1, 0, 1, 0, 0), "insulation beside the bar");
+    b.assign(Type::Interface, "inside", Side::Front, b.cells(0, 0, 1, 1, 0, 0), "insulation above the bar");
+    b.assign(Type::Interface, "inside", Side::Right, b.cells(0, 0, 0, 0, 1, 1), "side of the bar");
+    b.assign(Type::Interface, "inside", Side::Top, b.cells(0, 0, 0, 0, 1, 1), "top of the bar");
+    b.assign(Type::Interface, "inside", Side::Front, b.cells(0, 0, 0, 0, 1, 1), "end of the bar");
+    b.outputGrid("Every 10 d", 10, "d");
+    b.output("Heat flow outside", "TotalFluxHeat", "W", Space::Integral, "Every 10 d", Side::Back,
+             b.cells(0, 1, 0, 1, 0, 0));
+    b.output("Highest temperature outside", "Temperature", "C", Space::Max, "Every 10 d", Side::Back,
+             b.cells(0, 1, 0, 1, 0, 0));
+    b.output("Temperature field", "Temperature", "C", Space::Single, "Every 10 d", Side::Element, b.allCells());
+    return b;
+}
+
+ExampleBuilder steadyWallOfFourLayers() {
+    ExampleBuilder b("Wall of the diffusion benchmark",
+                     "Render, mineral wool, masonry and plaster between -5 C and 20 C: temperatures between the layers "
+                     "and the heat flux have a closed form.");
+    b.project().m_init.m_balanceEquationModule = "HeatTransport";
+    b.project().m_init.m_solverSettings.m_para.set(SolverSettings::para_t::RelTol, 1e-8, "---");
+    b.duration(200, "d");
+    b.columns({undivided(20), Part{80}, Part{175}, undivided(15)});
+    b.material("benchmark_glaser_render_414", b.cells(0, 0));
+    b.material("benchmark_glaser_wool_413", b.cells(1, 1));
+    b.material("benchmark_glaser_masonry_412", b.cells(2, 2));
+    b.material("benchmark_glaser_plaster_411", b.cells(3, 3));
+    b.initial(10, 50);
+    b.steady("outside", -5, 0, 1 / 0.04, 0);
+    b.steady("inside", 20, 0, 1 / 0.13, 0);
+    b.assign(Type::Interface, "outside", Side::Left, b.allCells());
+    b.assign(Type::Interface, "inside", Side::Right, b.allCells());
+    b.outputGrid("Every 20 d", 20, "d");
+    b.output("Temperature field", "Temperature", "C", Space::Single, "Every 20 d", Side::Element, b.allCells());
+    b.output("Heat flux", "TotalFluxHeat", "W/m2", Space::Mean, "Every 20 d", Side::Right, b.allCells());
+    b.output("Outer surface", "Temperature", "C", Space::Mean, "Every 20 d", Side::Left, b.allCells());
+    b.output("Inner surface", "Temperature", "C", Space::Mean, "Every 20 d", Side::Right, b.allCells());
+    return b;
+}
+
 struct Example {
     const char * file;
     ExampleBuilder (*make)();
@@ -439,7 +534,10 @@ constexpr Example EXAMPLES[] = {
     {"Drying of construction moisture.h6p", dryingOfConstructionMoisture},
     {"validation/HAMSTAD 2.h6p",            isothermalDrying            },
     {"validation/EN 15026.h6p",             semiInfiniteUptake          },
+    {"validation/HAMSTAD 1.h6p",            insulatedRoof               },
     {"validation/ISO 10211 case 1.h6p",     heatConductionInColumn      },
+    {"validation/ISO 10211 case 4.h6p",     ironBarThroughInsulation    },
+    {"validation/Steady wall.h6p",          steadyWallOfFourLayers      },
 };
 
 } // namespace
