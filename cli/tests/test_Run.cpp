@@ -196,7 +196,7 @@ TEST(Results, AreListedDescribedAndExported) {
         {"export F --element 159",                               1, "",                                                                                    "The file holds no element 159."                                 },
         {"export M --element 0",                                 1, "",                                                                                    "The file holds one value for all elements together."            },
         {"export F --csv D/none/table.csv",                      1, "",                                                                                    "Cannot write '"                                                 },
-        {"list DB_materials",                                        1, "",                                                                                    "There are no result files."                                     },
+        {"list ./DB_materials",                                  1, "",                                                                                    "There are no result files."                                     },
     };
     for (const Line & line : lines) {
         std::string command = line.command;
