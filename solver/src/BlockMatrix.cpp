@@ -62,7 +62,8 @@ void BlockMatrix::setShifted(const BlockMatrix & jacobian, double gamma) {
 }
 
 ExchangeRows::ExchangeRows(const Model & model)
-    : m_unknowns(model.unknowns()), m_surfaces(model.input().surfaces.size()) {
+    : m_unknowns(model.unknowns()), m_surfaces(model.input().surfaces.size()),
+      m_isWaterOnly(model.input().module == module_t::moisture) {
     const auto add = [this](std::uint32_t cell, std::size_t exchange) {
         m_cell.push_back(cell);
         m_exchange.push_back(static_cast<std::uint32_t>(exchange));

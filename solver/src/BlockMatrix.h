@@ -52,6 +52,8 @@ public:
     std::uint32_t exchange(std::size_t i) const { return m_exchange[i]; }
     /// Derivatives of heat and of water with respect to unknown \p u of the cell.
     std::array<double, 2> & block(std::size_t i, std::size_t u) { return m_values[m_unknowns * i + u]; }
+    const std::array<double, 2> & block(std::size_t i, std::size_t u) const { return m_values[m_unknowns * i + u]; }
+    bool isWaterOnly() const { return m_isWaterOnly; } ///< the model's one unknown is its moisture
     /// Adds factor * rows * \p unknowns to \p exchanged: heat and water of each entry, interleaved.
     void addProduct(double factor, std::span<const double> unknowns, std::span<double> exchanged) const;
     /// The model's rate of pair \p i at its last right-hand side.
@@ -59,6 +61,7 @@ public:
 
 private:
     std::size_t m_unknowns, m_surfaces;
+    bool m_isWaterOnly;
     std::vector<std::uint32_t> m_cell, m_exchange;
     std::vector<std::array<double, 2>> m_values;
 };

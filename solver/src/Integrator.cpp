@@ -1,3 +1,4 @@
+#include <SOLVER/AdiIntegrator.h>
 #include <SOLVER/CvodeIntegrator.h>
 #include <SOLVER/ExplicitIntegrator.h>
 
@@ -20,9 +21,10 @@ std::unique_ptr<Integrator> makeIntegrator(Model & model, const IntegratorSettin
     case integrator_t::explicitEuler:
     case integrator_t::rungeKutta:
         return std::make_unique<ExplicitIntegrator>(model, settings, startTime, std::move(state));
-    default:
-        throw KOR::Exception("The chosen integrator is not available yet.", "[SOLVER::makeIntegrator]");
+    case integrator_t::adi:
+        return std::make_unique<AdiIntegrator>(model, settings, startTime, std::move(state));
     }
+    throw KOR::Exception("Unknown integrator.", "[SOLVER::makeIntegrator]");
 }
 
 } // namespace SOLVER

@@ -58,6 +58,58 @@ SUNLinearSolver exactSolver(SUNContext context) {
     return solver;
 }
 
+/// The content of a Krylov solver whose solutions keep the sums of heat and water. All but that the inner one does.
+struct ConservativeSolver {
+    SUNLinearSolver inner;
+    const StepMatrix & matrix;
+};
+ConservativeSolver & conservative(SUNLinearSolver solver) {
+    return *static_cast<ConservativeSolver *>(solver->content);
+}
+
+SUNLinearSolver conservativeSolver(SUNLinearSolver inner, const StepMatrix & matrix, SUNContext context) {
+    if (inner == nullptr)
+        return nullptr;
+    SUNLinearSolver solver = SUNLinSolNewEmpty(context);
+    if (solver == nullptr) {
+        SUNLinSolFree(inner);
+        return nullptr;
+    }
+    solver->content = new ConservativeSolver{inner, matrix};
+    solver->ops->gettype = [](SUNLinearSolver) { return SUNLINEARSOLVER_ITERATIVE; };
+    solver->ops->setatimes = [](SUNLinearSolver s, void * data, SUNATimesFn product) {
+        return SUNLinSolSetATimes(conservative(s).inner, data, product);
+    };
+    solver->ops->setpreconditioner = [](SUNLinearSolver s, void * data, SUNPSetupFn setup, SUNPSolveFn solve) {
+        return SUNLinSolSetPreconditioner(conservative(s).inner, data, setup, solve);
+    };
+    solver->ops->setscalingvectors = [](SUNLinearSolver s, N_Vector left, N_Vector right) {
+        return SUNLinSolSetScalingVectors(conservative(s).inner, left, right);
+    };
+    solver->ops->setzeroguess = [](SUNLinearSolver s, booleantype isZero) {
+        return SUNLinSolSetZeroGuess(conservative(s).inner, isZero);
+    };
+    solver->ops->initialize = [](SUNLinearSolver s) { return SUNLinSolInitialize(conservative(s).inner); };
+    solver->ops->setup = [](SUNLinearSolver s, SUNMatrix none) { return SUNLinSolSetup(conservative(s).inner, none); };
+    solver->ops->solve = [](SUNLinearSolver s, SUNMatrix none, N_Vector x, N_Vector b, realtype tolerance) {
+        const int flag = SUNLinSolSolve(conservative(s).inner, none, x, b, tolerance);
+        conservative(s).matrix.keepSums(vectorValues(b), vectorValues(x));
+        return flag;
+    };
+    solver->ops->numiters = [](SUNLinearSolver s) { return SUNLinSolNumIters(conservative(s).inner); };
+    solver->ops->resnorm = [](SUNLinearSolver s) { return SUNLinSolResNorm(conservative(s).inner); };
+    solver->ops->resid = [](SUNLinearSolver s) { return SUNLinSolResid(conservative(s).inner); };
+    solver->ops->lastflag = [](SUNLinearSolver s) { return SUNLinSolLastFlag(conservative(s).inner); };
+    solver->ops->free = [](SUNLinearSolver s) {
+        SUNLinSolFree(conservative(s).inner);
+        delete &conservative(s);
+        s->content = nullptr;
+        SUNLinSolFreeEmpty(s);
+        return int{SUNLS_SUCCESS};
+    };
+    return solver;
+}
+
 } // namespace
 
 struct LinearCallbacks {
@@ -101,11 +153,14 @@ LinearSystem::LinearSystem(const SundialsState & state, const IntegratorSettings
 
 SUNLinearSolver LinearSystem::makeSolver(const SundialsState & state, const IntegratorSettings & settings) {
     const int side = m_matrix.usesJacobian() ? PREC_LEFT : PREC_NONE;
+    const auto keepingSums = [&](SUNLinearSolver inner) {
+        return conservativeSolver(inner, m_matrix, state.context());
+    };
     switch (m_matrix.kind()) {
     case linearSolver_t::gmres:
-        return SUNLinSol_SPGMR(state.vector(), side, settings.maxKrylovDimension, state.context());
+        return keepingSums(SUNLinSol_SPGMR(state.vector(), side, settings.maxKrylovDimension, state.context()));
     case linearSolver_t::bicgstab:
-        return SUNLinSol_SPBCGS(state.vector(), side, settings.maxKrylovDimension, state.context());
+        return keepingSums(SUNLinSol_SPBCGS(state.vector(), side, settings.maxKrylovDimension, state.context()));
     default:
         return exactSolver(state.context());
     }

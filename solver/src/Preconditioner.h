@@ -33,19 +33,26 @@ private:
     BlockMatrix m_factors; ///< L below the diagonal (unit blocks left out), U above, the diagonal inverted
 };
 
-/// Exact block-tridiagonal solves along the grid lines of one direction.
+/// Exact block-tridiagonal solves along lines of cells.
 class LineSolver : public Preconditioner {
 public:
+    using Pair = std::array<std::uint32_t, 2>; ///< neighbouring cells
+    /// The grid lines of one direction.
     LineSolver(const Model & model, int direction);
+    /// Lines out of \p pairs; those that fit none, since lines neither branch nor close to rings, are left in it.
+    LineSolver(std::size_t cells, std::size_t blockSize, std::vector<Pair> & pairs);
     bool factorise(const BlockMatrix & jacobian, double gamma) override;
+    /// The same with other diagonal blocks of the Jacobian, one a cell.
+    bool factorise(const BlockMatrix & jacobian, double gamma, std::span<const double> diagonal);
     void solve(std::span<const double> r, std::span<double> z) const override;
     /// Whether every coupling of the model lies on these lines.
     bool isExact() const override { return m_isComplete; }
-    /// As above, with a share of the Jacobian's diagonal only: the part of one direction among several.
-    bool factoriseShare(const BlockMatrix & jacobian, double gamma, double share);
+    const std::vector<Pair> & pairs() const { return m_pairs; }
 
 private:
-    template <std::size_t B> bool factoriseBlocks(const BlockMatrix & jacobian, double gamma, double share);
+    void makeLines(std::size_t cells, std::vector<Pair> & pairs);
+    template <std::size_t B>
+    bool factoriseBlocks(const BlockMatrix & jacobian, double gamma, std::span<const double> given);
     template <std::size_t B> void solveBlocks(std::span<double> z) const;
     static constexpr std::uint32_t NONE = ~0u;
     struct Step {
@@ -54,19 +61,35 @@ private:
     };
     std::size_t m_blockSize;
     bool m_isComplete = true;
+    std::vector<Pair> m_pairs;
     std::vector<Step> m_steps;                        ///< line after line, each from its start to its end
     std::vector<double> m_lower, m_upper, m_diagonal; ///< a block a step; lower scaled, the diagonal inverted
 };
 
-/// Alternating directions: I - gamma J is approximated by the product of its parts along x, y and z.
+/// Alternating directions: I - gamma J is approximated by the product of its parts along x, y and z; couplings that lie
+/// on no grid line (radiation across cavities, coupled surfaces) are parts of their own. Each part keeps heat and water:
+/// what it takes from a cell it gives to its neighbours. What comes from outside belongs to the first part.
 class AdiPreconditioner : public Preconditioner {
 public:
     explicit AdiPreconditioner(const Model & model);
     bool factorise(const BlockMatrix & jacobian, double gamma) override;
+    /// The same with what comes from outside as \p exchange says, so that the sums agree to round-off.
+    bool factorise(const BlockMatrix & jacobian, double gamma, const ExchangeRows & exchange);
     void solve(std::span<const double> r, std::span<double> z) const override;
+    /// Of states that hold, behind the unknowns, what came in (see StepMatrix).
+    void solveExtended(std::span<const double> r, std::span<double> z, const ExchangeRows & exchange) const;
+    std::size_t partCount() const { return m_parts.size(); }
 
 private:
-    std::vector<LineSolver> m_directions;
+    /// Fills m_diagonals with what each part's own pairs take from their cells.
+    void splitDiagonals(const BlockMatrix & jacobian);
+    bool factoriseParts(const BlockMatrix & jacobian, double gamma);
+
+    std::size_t m_blockSize;
+    double m_gamma = 0;
+    std::vector<double> m_volumes;
+    std::vector<LineSolver> m_parts;
+    std::vector<std::vector<double>> m_diagonals; ///< a block a cell, for each part
 };
 
 } // namespace SOLVER

@@ -97,6 +97,26 @@ void StepMatrix::solve(std::span<const double> r, std::span<double> z, double ga
     }
 }
 
+void StepMatrix::keepSums(std::span<const double> r, std::span<double> z) const {
+    const std::size_t n = m_model.unknowns();
+    const std::size_t size = m_model.size();
+    const bool isWaterOnly = m_model.input().module == module_t::moisture;
+    constexpr double LEAST = 1e-12; // where nothing moved, all cells bear alike
+    for (std::size_t u = 0; u < n; ++u) {
+        double gained = 0;
+        double moved = 0;
+        for (std::size_t c = 0; c < m_model.cellCount(); ++c) {
+            const double volume = m_model.input().cells[c].volume;
+            gained += volume * (z[n * c + u] - r[n * c + u]);
+            moved += volume * (std::fabs(z[n * c + u]) + LEAST);
+        }
+        for (std::size_t i = size + (isWaterOnly ? 1 : u); i < z.size(); i += 2)
+            gained -= z[i] - r[i];
+        for (std::size_t c = 0; c < m_model.cellCount(); ++c)
+            z[n * c + u] -= gained / moved * (std::fabs(z[n * c + u]) + LEAST);
+    }
+}
+
 void StepMatrix::multiply(std::span<const double> v, std::span<double> jv) const {
     const std::size_t size = m_model.size();
     m_jacobian.multiply(v.first(size), jv.first(size));

@@ -30,6 +30,9 @@ public:
     bool factorise(double gamma);
     /// z becomes the (approximate) solution of (I - gamma J) z = r; extended.
     void solve(std::span<const double> r, std::span<double> z, double gamma) const;
+    /// Iterations end before \p z is exact: what the cells then gain beside what came in is taken from them again, from each
+    /// in proportion to its part in \p z.
+    void keepSums(std::span<const double> r, std::span<double> z) const;
     /// jv = J v; extended.
     void multiply(std::span<const double> v, std::span<double> jv) const;
 
