@@ -2297,6 +2297,97 @@
     </message>
 </context>
 <context>
+    <name>Plot</name>
+    <message>
+        <source>Temperature</source>
+        <translation>Temperatur</translation>
+    </message>
+    <message>
+        <source>Relative humidity</source>
+        <translation>Relative Luftfeuchte</translation>
+    </message>
+    <message>
+        <source>Direct normal radiation</source>
+        <translation>Direkte Normalstrahlung</translation>
+    </message>
+    <message>
+        <source>Diffuse horizontal radiation</source>
+        <translation>Diffuse Horizontalstrahlung</translation>
+    </message>
+    <message>
+        <source>Wind direction</source>
+        <translation>Windrichtung</translation>
+    </message>
+    <message>
+        <source>Wind velocity</source>
+        <translation>Windgeschwindigkeit</translation>
+    </message>
+    <message>
+        <source>Long-wave counter radiation</source>
+        <translation>Langwellige Gegenstrahlung</translation>
+    </message>
+    <message>
+        <source>Air pressure</source>
+        <translation>Luftdruck</translation>
+    </message>
+    <message>
+        <source>Rain</source>
+        <translation>Regen</translation>
+    </message>
+    <message>
+        <source>Moisture content</source>
+        <translation>Feuchtegehalt</translation>
+    </message>
+    <message>
+        <source>Capillary pressure pC</source>
+        <translation>Kapillardruck pC</translation>
+    </message>
+    <message>
+        <source>Liquid conductivity</source>
+        <translation>Flüssigwasserleitfähigkeit</translation>
+    </message>
+    <message>
+        <source>Liquid diffusivity</source>
+        <translation>Flüssigwasserdiffusivität</translation>
+    </message>
+    <message>
+        <source>Vapour permeability</source>
+        <translation>Dampfdurchlässigkeit</translation>
+    </message>
+    <message>
+        <source>Vapour resistance factor</source>
+        <translation>Dampfdiffusionswiderstandszahl</translation>
+    </message>
+    <message>
+        <source>Air permeability</source>
+        <translation>Luftdurchlässigkeit</translation>
+    </message>
+    <message>
+        <source>Thermal conductivity</source>
+        <translation>Wärmeleitfähigkeit</translation>
+    </message>
+    <message>
+        <source>Internal energy</source>
+        <translation>Innere Energie</translation>
+    </message>
+    <message>
+        <source>Vapour diffusion thickness</source>
+        <translation>Diffusionsäquivalente Luftschichtdicke</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Element %1</source>
+        <translation>Element %1</translation>
+    </message>
+    <message>
+        <source>Side %1</source>
+        <translation>Seite %1</translation>
+    </message>
+</context>
+<context>
     <name>QtExt::ColorButton</name>
     <message>
         <source>Choose a colour</source>

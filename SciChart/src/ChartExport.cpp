@@ -25,6 +25,7 @@ namespace {
 
 constexpr int DOTS_PER_INCH = 96; ///< a pixel of a picture on paper
 constexpr int PDF_RESOLUTION = 600;
+constexpr int DIGITS = 15; ///< in tables: what units leave behind is cut off
 constexpr int MIN_SIDE = 60;
 constexpr int MAX_SIDE = 20000; ///< of a picture [px]
 constexpr std::size_t MAX_CSV = std::size_t(1) << 30;
@@ -42,7 +43,7 @@ std::string cell(const QString & text, char separator) {
 
 /// Nothing for what is no number.
 std::string cell(double value) {
-    return std::isfinite(value) ? KOR::toString(value) : std::string();
+    return std::isfinite(value) ? KOR::toString(value, DIGITS) : std::string();
 }
 
 /// Rows of cells, with a bound on their size.
@@ -72,7 +73,7 @@ private:
 };
 
 QString header(const Table & table, const QString & quantity) {
-    return table.title.isEmpty() || table.title == quantity ? quantity : table.title + QStringLiteral(": ") + quantity;
+    return table.title.isEmpty() || quantity.startsWith(table.title) ? quantity : table.title + QStringLiteral(": ") + quantity;
 }
 
 bool haveSameX(const Table & a, const Table & b) {

@@ -15,7 +15,7 @@ namespace SCI {
 
 namespace {
 
-/// Above so many points in a picture edges are no longer smoothed, which nobody would see.
+/// Above so many points in a picture lines are thin and their edges are no longer smoothed, which nobody would see.
 constexpr std::size_t MAX_SMOOTH = 3000;
 /// Points are marked only while so many pixels are between them.
 constexpr double MARK_DISTANCE = 8;
@@ -133,8 +133,12 @@ void LineItem::draw(QPainter * painter, const QwtScaleMap & xMap, const QwtScale
     const PixelScale y{chartPlot().state(yId()).unit, yMap};
     const double resolution = std::max(1.0, painter->transform().m11());
     const std::vector<std::size_t> points = visiblePoints(x, resolution, canvas);
-    painter->setPen(pen());
-    painter->setRenderHint(QPainter::Antialiasing, points.size() < MAX_SMOOTH);
+    const bool isDense = points.size() >= MAX_SMOOTH;
+    QPen linePen = pen();
+    if (isDense)
+        linePen.setWidthF(std::min(1.0, linePen.widthF()));
+    painter->setPen(linePen);
+    painter->setRenderHint(QPainter::Antialiasing, !isDense);
     const QRectF clip = canvas.adjusted(-100, -100, 100, 100);
     QPolygonF line;
     const auto drawLine = [&] {
@@ -162,7 +166,8 @@ void LineItem::draw(QPainter * painter, const QwtScaleMap & xMap, const QwtScale
             marks.push_back(point);
     }
     drawLine();
-    if (static_cast<double>(marks.size()) * MARK_DISTANCE > canvas.width())
+    // Points without a line are all there is to see.
+    if (m_style.pen != Qt::NoPen && static_cast<double>(marks.size()) * MARK_DISTANCE > canvas.width())
         return;
     painter->setPen(QPen(chartPlot().theme().ground, 1));
     painter->setBrush(color());
@@ -179,6 +184,11 @@ QwtGraphic LineItem::legendIcon(int, const QSizeF & size) const {
     painter.setPen(pen);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.drawLine(QPointF(0, size.height() / 2), QPointF(size.width(), size.height() / 2));
+    if (m_style.hasPoints) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(color());
+        painter.drawEllipse(QPointF(size.width() / 2, size.height() / 2), MARK_RADIUS, MARK_RADIUS);
+    }
     return icon;
 }
 

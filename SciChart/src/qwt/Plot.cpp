@@ -27,6 +27,11 @@ constexpr double ENDS = 100;
 /// A range narrower than this part of its values cannot be told apart in doubles.
 constexpr double NARROWEST = 1e-12;
 
+/// Of the largest value on a logarithmic axis that chooses its own range; smaller ones say "nothing".
+constexpr double SMALLEST_SHARE = 1e-16;
+/// Share of a range of dates that it may be widened by at each end.
+constexpr double DATE_ROOM = 0.01;
+
 bool isHorizontal(axis_t id) {
     return id == X_BOTTOM || id == X_TOP;
 }
@@ -136,6 +141,14 @@ bool Plot::isColorBar(axis_t id) const {
     return axisWidget(id)->isColorBarEnabled();
 }
 
+bool Plot::isFilled(axis_t id) const {
+    for (const QwtPlotItem * item : itemList())
+        if (const auto * grid = dynamic_cast<const GridItem *>(item); grid != nullptr && grid->isVisible())
+            if (grid->yId() == id)
+                return true;
+    return false;
+}
+
 double Plot::lowestOn(axis_t id) const {
     const AxisState & state = m_axes[id];
     return state.axis.scale == LOGARITHMIC ? state.unit.data(0) : -std::numeric_limits<double>::infinity();
@@ -161,6 +174,8 @@ Range Plot::coveredRange(axis_t id) const {
         cover(true);
     if (range.from > range.to)
         return m_axes[id].axis.scale == LOGARITHMIC ? Range{1, 10} : Range{0, 1};
+    if (m_axes[id].axis.scale == LOGARITHMIC && !isHorizontal(id))
+        range.from = std::max(range.from, range.to * SMALLEST_SHARE);
     return range;
 }
 
@@ -172,6 +187,20 @@ int Plot::maxMajorTicks(axis_t id) const {
     return std::clamp(static_cast<int>(pixels / each), 2, 20);
 }
 
+/// Ends that nearly reach a tick reach it: a year of hourly means begins with the year.
+Range Plot::wholeDates(axis_t id, Range range) const {
+    const double seconds = secondsPerUnit(m_axes[id]);
+    const double room = (range.to - range.from) * DATE_ROOM;
+    for (const double tick :
+         Calendar::ticks((range.from - room) * seconds, (range.to + room) * seconds, maxMajorTicks(id)).major) {
+        if (tick / seconds < range.from)
+            range.from = tick / seconds;
+        if (tick / seconds > range.to)
+            range.to = tick / seconds;
+    }
+    return range;
+}
+
 Range Plot::niceRange(axis_t id, Range range) const {
     const scale_t scale = m_axes[id].axis.scale;
     double from = range.from;
@@ -181,7 +210,9 @@ Range Plot::niceRange(axis_t id, Range range) const {
         const double half = scale == DATE ? 43200 / secondsPerUnit(m_axes[id]) : size == 0 ? 0.5 : 0.1 * size;
         return scale == LOGARITHMIC ? Range{from / 2, to * 2} : Range{from - half, to + half};
     }
-    if (isHorizontal(id) || scale == DATE)
+    if (scale == DATE)
+        return wholeDates(id, range);
+    if (isHorizontal(id) || isFilled(id))
         return range;
     double step = 0;
     axisScaleEngine(id)->autoScale(maxMajorTicks(id), from, to, step);
@@ -208,6 +239,7 @@ void Plot::fit(const QSizeF & size) {
     for (const QwtPlotItem * item : itemList())
         if (const auto * grid = dynamic_cast<const GridItem *>(item); grid != nullptr && grid->isVisible())
             grid->showColorBar(*this);
+    updateAxes(); // tells the lines of the ticks
 }
 
 void Plot::refresh() {

@@ -65,8 +65,11 @@ public:
 
 private:
     void updateScale(axis_t id);
+    /// Whether colours lie along the vertical axis, which then ends where they end.
+    bool isFilled(axis_t id) const;
     Range coveredRange(axis_t id) const;
     Range niceRange(axis_t id, Range range) const;
+    Range wholeDates(axis_t id, Range range) const;
     int maxMajorTicks(axis_t id) const;
     void install(axis_t id);
 
