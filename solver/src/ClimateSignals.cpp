@@ -143,7 +143,11 @@ CCM::CCDFile ClimateSignals::fromContainer(Signal & signal, const KOR::Path & pa
                         WHERE);
     const CCM::ClimateDataLoader & data = loader(path);
     CCM::CCDFile file = data.quantityAsCCD(supply->supplied);
-    if (file.values.empty())
+    // A year without rain or wind may be meant, one without humidity, sky or pressure is not.
+    const bool isAbsurd = (data.m_valueStatus[supply->supplied] & CCM::ClimateDataLoader::ST_NOT_PRESENT) != 0 &&
+                          (supply->supplied == CCM::Q_RELATIVE_HUMIDITY ||
+                           supply->supplied == CCM::Q_LONG_WAVE_RADIATION || supply->supplied == CCM::Q_AIR_PRESSURE);
+    if (file.values.empty() || isAbsurd)
         throw Exception(text("Climate data file '%1' holds no values of quantity '%2'.", path.str(), file.quantity),
                         WHERE);
     file.quantity = KeywordList::Keyword(condition.m_type);

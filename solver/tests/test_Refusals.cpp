@@ -1,5 +1,6 @@
 #include "ProjectTexts.h"
 
+#include <CCM/ClimateDataLoader.h>
 #include <KOR/Exception.h>
 #include <KOR/FileIO.h>
 
@@ -200,6 +201,19 @@ INSTANTIATE_TEST_SUITE_P(
                 [](Parts & p) { setClimate(p, "TabulatedData", "<Filename>/nowhere/weather.epw</Filename>"); },
                 {"/nowhere/weather.epw", "'Weather'"}},
         Refusal{"NoLocation", [](Parts & p) { setClimate(p, "CCM", {}); }, {"names no climate data file", "'Weather'"}},
+        Refusal{
+            "NoSky",
+            [](Parts & p) {
+                CCM::ClimateDataLoader data;
+                for (auto & values : data.m_data)
+                    values.assign(CCM::HOURS_OF_YEAR, 0);
+                data.writeClimateDataKOR(DIRECTORY + "dark.c6b");
+                p.settings = "<ClimateDataFilePath>" + DIRECTORY + "dark.c6b</ClimateDataFilePath>";
+                p.interface =
+                    "<Interface name='Surface' "
+                    "type='EngineeringOutdoor'><ClimateTypeOutdoor>OutdoorUserData</ClimateTypeOutdoor></Interface>";
+            },
+            {"holds no values of quantity 'RelativeHumidity'", ":OutdoorRelativeHumidity", "Interface 'Surface'"}},
         Refusal{"OtherQuantity",
                 [](Parts & p) {
                     p.boundary =
