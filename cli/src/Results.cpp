@@ -2,6 +2,7 @@
 
 #include <DATAIO/DataIO.h>
 #include <DATAIO/Geometry.h>
+#include <SOLVER/OutputQuantities.h>
 #include <SOLVER/SolverOptions.h>
 
 #include <KOR/Exception.h>
@@ -200,6 +201,46 @@ void list(const Files & arguments, Output & output) {
         output.json(document);
 }
 
+// *** quantities ***
+
+struct Nothing {};
+
+void defineNothing(CLI::App &, Nothing &) {}
+
+/// Where a quantity has values.
+std::string placesOf(const SOLVER::OutputQuantity & quantity) {
+    std::string places;
+    const auto add = [&places](bool has, const char * name) {
+        if (has)
+            places += (places.empty() ? "" : ", ") + std::string(name);
+    };
+    add(quantity.ofCell != nullptr, quantity.kind == SOLVER::OutputQuantity::STATE ? "blocks" : "elements");
+    add(quantity.ofFace != nullptr, "sides inside");
+    add(quantity.ofSurface != nullptr, "surfaces");
+    return places;
+}
+
+void listQuantities(const Nothing &, Output & output) {
+    Json document = Json::array();
+    for (const SOLVER::OutputQuantity & quantity : SOLVER::outputQuantities()) {
+        const std::string integral =
+            quantity.isAmount ? std::string(quantity.unit) : std::string(quantity.integralUnit);
+        if (output.isJson())
+            document.push_back({
+                {"keyword",      quantity.keyword    },
+                {"unit",         quantity.unit       },
+                {"integralUnit", integral            },
+                {"places",       placesOf(quantity)  },
+                {"description",  quantity.description}
+            });
+        else
+            output.text() << text("| `%1` | %2 | %3 | %4 | %5 |\n", quantity.keyword, quantity.unit, integral,
+                                  placesOf(quantity), quantity.description);
+    }
+    if (output.isJson())
+        output.json(document);
+}
+
 // *** export ***
 
 struct Export {
@@ -383,6 +424,11 @@ void addResults(Commands & program) {
                             "Lists the result files of directories, with records and quantities.",
                             {"results list \"Brick wall\"# all results of a run"}},
                            defineList, list);
+    results.command<Nothing>(
+        {"quantities",
+         "Lists the quantities that a project can ask for: keyword, unit, unit of the sum over space, places.",
+         {"results quantities --json# as a JSON document"}},
+        defineNothing, listQuantities);
     results.command<Export>(
         {
             "export",

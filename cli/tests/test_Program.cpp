@@ -87,6 +87,13 @@ TEST(Manual, SaysWhatTheProgramDoes) {
     EXPECT_GE(count, 5);
 }
 
+TEST(Manual, HoldsTheQuantitiesThatTheProgramKnows) {
+    const std::string manual = KOR::readFile(HYG_SOURCE_DIR "/docs/solver/outputs.md", 1 << 20);
+    const Result known = shell("hygrion-cli results quantities");
+    ASSERT_GT(known.out.size(), 1000U);
+    EXPECT_NE(manual.find("\n" + known.out + "\n"), std::string::npos) << known.out;
+}
+
 // Whatever has become of the files that an example names: its command line is a right one.
 TEST(Pages, HoldExamplesThatTheParserTakes) {
     const Result page = shell("hygrion-cli --man-page");
