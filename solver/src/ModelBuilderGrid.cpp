@@ -19,7 +19,8 @@ using KOR::text;
 
 namespace {
 
-constexpr double DRIEST_SUCTION = 1e10; ///< relative humidity below 1e-31 [Pa]
+constexpr double DRIEST_SUCTION = 1e10;         ///< relative humidity below 1e-31 [Pa]
+constexpr std::uint64_t MAX_CELLS = 20'000'000; ///< some 100 GB of memory
 
 /// The material direction along x, y and z out of the mapping's keyword, "UVW".
 std::array<std::uint8_t, 3> directionsOf(const Assignment & assignment) {
@@ -59,6 +60,10 @@ void ModelBuilder::readGrid() {
         m_widths[d] = steps[d]->baseValues();
         m_size[d] = static_cast<std::uint32_t>(m_widths[d].size());
     }
+    // Three lists of a file that was read are short enough for their product to fit.
+    const std::uint64_t cells = std::uint64_t{m_size[0]} * m_size[1] * m_size[2];
+    if (cells > MAX_CELLS)
+        refuse(text("The grid has %1 cells, %2 is the largest number that can be calculated.", cells, MAX_CELLS));
     if (m_size[2] == 1 && m_widths[2][0] == 0)
         m_widths[2][0] = 1; // a plane construction of unit depth
     for (std::size_t d = 0; d < 3; ++d) {

@@ -337,4 +337,39 @@ TEST(Construction, NoStepLeapsOverAnHourOfRain) {
         }
 }
 
+/// Steps of a climate that repeats every year, at new year as well, and a schedule that begins in one and ends at another.
+TEST(Construction, JumpsRepeatEveryYear) {
+    const std::string path = testing::TempDir() + "steps.ccd";
+    std::ofstream(path) << "Temperature : C\n0 00:00:00 5\n100 06:00:00 7\n200 00:00:00 7\n364 23:59:59 6\n";
+    Parts parts;
+    parts.duration = "1100";
+    parts.climate = "<ClimateCondition name='Steps' type='Temperature' kind='TabulatedData'>" + flag("Cyclic") +
+                    "<Filename>" + path + "</Filename></ClimateCondition>";
+    parts.schedules = "<Schedule name='Years' enabled='true'><Interval>" + parameter("Start", "300", "d") +
+                      parameter("End", "730", "d") + "</Interval></Schedule>";
+    parts.boundary = "<BoundaryCondition name='Law' type='HeatConduction' kind='Exchange'>" +
+                     parameter("ExchangeCoefficient", "8", "W/m2K") + reference("Temperature", "Steps") +
+                     "<Schedule>Years</Schedule></BoundaryCondition>";
+    const Construction made = buildConstruction(project(parts));
+    std::vector<double> expected;
+    for (const double year : {0.0, 365.0, 730.0, 1095.0})
+        for (const double day : {0.0, 100.25, 364 + 86399 / 86400.0})
+            expected.push_back(86400 * (year + day));
+    expected.insert(expected.begin() + 2, 300 * 86400); // the end falls on a new year
+    expected.erase(expected.begin());                   // the first moment is no jump
+    double t = 0;
+    for (const double jump : expected) {
+        if (jump > made.endTime)
+            break;
+        const double before = made.nextJump(t);
+        EXPECT_TRUE(made.isContinuousAt(before)) << before;
+        t = made.nextJump(before);
+        EXPECT_NEAR(before, jump, 0.01);
+        EXPECT_LT(before, t);
+        EXPECT_NEAR(t, jump, 1e-6);
+        EXPECT_FALSE(made.isContinuousAt(t)) << t;
+    }
+    EXPECT_GT(t, 1095 * 86400.0 - 1);
+}
+
 } // namespace

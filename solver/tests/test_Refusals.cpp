@@ -106,6 +106,15 @@ INSTANTIATE_TEST_SUITE_P(
                 [](Parts & p) { p.settings = parameter("IsothermalTRef", "10", "C"); },
                 {"'IsothermalTRef'"}},
         // *** Grid and assignments ***
+        Refusal{"TooManyCells",
+                [](Parts & p) {
+                    std::string steps;
+                    for (int i = 0; i < 300; ++i)
+                        steps += "0.01 ";
+                    p.grid = "<XSteps unit='m'>" + steps + "</XSteps><YSteps unit='m'>" + steps +
+                             "</YSteps><ZSteps unit='m'>" + steps + "</ZSteps>";
+                },
+                {"27000000 cells"}},
         Refusal{"EmptyCell",
                 [](Parts & p) { p.range = "0 0 2 0"; },
                 {"cells without material at column 4, row 1, plane 1 have no interface"}},
