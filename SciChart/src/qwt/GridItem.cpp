@@ -262,11 +262,13 @@ void GridItem::drawIsolines(QPainter & painter, const PixelScale & x, const Pixe
     const Isolines isolines(*m_model, {left, right}, {bottom, top}, canvas.size().toSize());
     painter.setRenderHint(QPainter::Antialiasing, true);
     std::vector<QPointF> labels;
-    for (const double level : levels()) {
-        std::vector<QLineF> lines;
-        isolines.eachLine(level, [&](double x1, double y1, double x2, double y2) {
-            lines.emplace_back(place(x1, y1), place(x2, y2));
-        });
+    const std::vector<double> all = levels();
+    std::vector<std::vector<QLineF>> perLevel(all.size());
+    isolines.eachLine(all, [&](std::size_t level, double x1, double y1, double x2, double y2) {
+        perLevel[level].emplace_back(place(x1, y1), place(x2, y2));
+    });
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        const std::vector<QLineF> & lines = perLevel[i];
         if (lines.empty())
             continue;
         // A light line under a dark one is seen on every colour.
@@ -275,7 +277,7 @@ void GridItem::drawIsolines(QPainter & painter, const PixelScale & x, const Pixe
         painter.setPen(QPen(QColor(0, 0, 0, 210), 1));
         painter.drawLines(lines.data(), static_cast<int>(lines.size()));
         drawLabel(painter, lines,
-                  chartPlot().valueText(m_style.colorAxis, chartPlot().state(m_style.colorAxis).unit.shown(level)),
+                  chartPlot().valueText(m_style.colorAxis, chartPlot().state(m_style.colorAxis).unit.shown(all[i])),
                   canvas, labels);
     }
 }

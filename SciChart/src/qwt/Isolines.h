@@ -8,6 +8,8 @@
 #include <QRectF>
 #include <QSize>
 
+#include <algorithm>
+#include <limits>
 #include <vector>
 
 class QPainter;
@@ -21,10 +23,15 @@ public:
     /// \param x, \param y what is seen, in data units, on \p pixels
     Isolines(const GridModel & model, Range x, Range y, const QSize & pixels);
 
-    /// Calls line(x1, y1, x2, y2) in data units for each piece of the line of a value.
-    template <typename Line> void eachLine(double level, const Line & line) const;
+    /// Calls line(level, x1, y1, x2, y2) in data units for each piece of the lines of values; \p level is an index.
+    /// \param levels rising
+    template <typename Line> void eachLine(const std::vector<double> & levels, const Line & line) const;
 
 private:
+    template <typename Line>
+    static void crossCell(const double * corners, const double * xs, const double * ys, double level,
+                          const Line & line);
+
     std::vector<double> m_x;
     std::vector<double> m_y;
     std::vector<double> m_values; ///< m_x.size() times m_y.size(), row by row
@@ -38,51 +45,58 @@ void drawRimmedText(QPainter & painter, const QPointF & baseline, const QString 
 void drawLabel(QPainter & painter, const std::vector<QLineF> & lines, const QString & text, const QRectF & canvas,
                std::vector<QPointF> & others);
 
-template <typename Line> void Isolines::eachLine(double level, const Line & line) const {
+template <typename Line> void Isolines::eachLine(const std::vector<double> & levels, const Line & line) const {
     const std::size_t n = m_x.size();
     for (std::size_t j = 0; j + 1 < m_y.size(); ++j) {
         const double * low = &m_values[j * n];
         const double * high = low + n;
         for (std::size_t i = 0; i + 1 < n; ++i) {
-            const double corner[] = {low[i], low[i + 1], high[i + 1], high[i]};
-            int above = 0;
-            bool isWhole = true;
-            for (int k = 0; k < 4; ++k) {
-                above |= corner[k] >= level ? 1 << k : 0;
-                isWhole &= corner[k] == corner[k]; // not NaN
-            }
-            if (above == 0 || above == 15 || !isWhole)
+            const double corners[] = {low[i], low[i + 1], high[i + 1], high[i]};
+            const double smallest = std::min(std::min(corners[0], corners[1]), std::min(corners[2], corners[3]));
+            const double largest = std::max(std::max(corners[0], corners[1]), std::max(corners[2], corners[3]));
+            // Most cells lie between two levels. NaN gets through here and is looked for then.
+            auto level = std::upper_bound(levels.begin(), levels.end(), smallest);
+            if (level == levels.end() || *level > largest)
+                continue;
+            if (!(corners[0] + corners[1] + corners[2] + corners[3] < std::numeric_limits<double>::infinity()))
                 continue;
             const double xs[] = {m_x[i], m_x[i + 1], m_x[i + 1], m_x[i]};
             const double ys[] = {m_y[j], m_y[j], m_y[j + 1], m_y[j + 1]};
-            double cx[4];
-            double cy[4];
-            int count = 0;
-            for (int k = 0; k < 4; ++k) { // sides between corner k and the next one
-                const int next = (k + 1) % 4;
-                if (((above >> k) & 1) == ((above >> next) & 1))
-                    continue;
-                const double t = (level - corner[k]) / (corner[next] - corner[k]);
-                cx[count] = xs[k] + t * (xs[next] - xs[k]);
-                cy[count] = ys[k] + t * (ys[next] - ys[k]);
-                ++count;
-            }
-            if (count == 2) {
-                line(cx[0], cy[0], cx[1], cy[1]);
-                continue;
-            }
-            // A saddle: its middle says which corners belong together.
-            const bool isMiddleAbove = (corner[0] + corner[1] + corner[2] + corner[3]) / 4 >= level;
-            const bool isFirstAbove = (above & 1) != 0;
-            if (isMiddleAbove == isFirstAbove) {
-                line(cx[0], cy[0], cx[1], cy[1]);
-                line(cx[2], cy[2], cx[3], cy[3]);
-            } else {
-                line(cx[3], cy[3], cx[0], cy[0]);
-                line(cx[1], cy[1], cx[2], cy[2]);
-            }
+            for (; level != levels.end() && *level <= largest; ++level)
+                crossCell(corners, xs, ys, *level, [&](double x1, double y1, double x2, double y2) {
+                    line(static_cast<std::size_t>(level - levels.begin()), x1, y1, x2, y2);
+                });
         }
     }
+}
+
+template <typename Line>
+void Isolines::crossCell(const double * corners, const double * xs, const double * ys, double level,
+                         const Line & line) {
+    double cx[4];
+    double cy[4];
+    int count = 0;
+    for (int k = 0; k < 4; ++k) { // sides between corner k and the next one
+        const int next = (k + 1) % 4;
+        if ((corners[k] >= level) == (corners[next] >= level))
+            continue;
+        const double t = (level - corners[k]) / (corners[next] - corners[k]);
+        cx[count] = xs[k] + t * (xs[next] - xs[k]);
+        cy[count] = ys[k] + t * (ys[next] - ys[k]);
+        ++count;
+    }
+    if (count == 2)
+        line(cx[0], cy[0], cx[1], cy[1]);
+    if (count < 4)
+        return;
+    // A saddle: its middle says which corners belong together.
+    const bool isMiddleAbove = (corners[0] + corners[1] + corners[2] + corners[3]) / 4 >= level;
+    const int first = isMiddleAbove == (corners[0] >= level) ? 0 : 3;
+    const int second = (first + 1) % 4;
+    const int third = (first + 2) % 4;
+    const int fourth = (first + 3) % 4;
+    line(cx[first], cy[first], cx[second], cy[second]);
+    line(cx[third], cy[third], cx[fourth], cy[fourth]);
 }
 
 } // namespace SCI
