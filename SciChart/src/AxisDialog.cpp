@@ -94,8 +94,10 @@ void AxisDialog::addRow(QGridLayout & grid, axis_t axis) {
         widget->setAccessibleName(QStringLiteral("%1: %2").arg(name, heading->text()));
         grid.addWidget(widget, line, column++);
     }
-    row.from->setToolTip(hint);
-    row.to->setToolTip(hint);
+    for (QLineEdit * edit : {row.from, row.to}) {
+        edit->setToolTip(hint);
+        edit->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("00.00.0000 00:00:00")));
+    }
     row.isAuto->setToolTip(tr("The range that the visible series cover"));
     row.isAuto->setChecked(m_chart.isAutoRange(axis));
     for (const QString & unit : UnitScale::alternatives(shown.dataUnit)) {

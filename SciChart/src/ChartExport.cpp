@@ -73,7 +73,8 @@ private:
 };
 
 QString header(const Table & table, const QString & quantity) {
-    return table.title.isEmpty() || quantity.startsWith(table.title) ? quantity : table.title + QStringLiteral(": ") + quantity;
+    return table.title.isEmpty() || quantity.startsWith(table.title) ? quantity
+                                                                     : table.title + QStringLiteral(": ") + quantity;
 }
 
 bool haveSameX(const Table & a, const Table & b) {

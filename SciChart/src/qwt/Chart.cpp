@@ -78,11 +78,8 @@ Chart::~Chart() {
 }
 
 void Chart::setTitle(const QString & title) {
-    QwtText text(title, QwtText::PlainText);
-    QFont font = this->font();
-    font.setBold(true);
-    text.setFont(font);
-    m->plot->setTitle(text);
+    m->plot->setTitle(QwtText(title, QwtText::PlainText));
+    m->plot->setFonts(font());
     setAccessibleName(title);
 }
 

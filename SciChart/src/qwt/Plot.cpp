@@ -10,6 +10,7 @@
 #include <qwt_plot_layout.h>
 #include <qwt_scale_widget.h>
 #include <qwt_text.h>
+#include <qwt_text_label.h>
 
 #include <algorithm>
 #include <cmath>
@@ -29,6 +30,8 @@ constexpr double NARROWEST = 1e-12;
 
 /// Of the largest value on a logarithmic axis that chooses its own range; smaller ones say "nothing".
 constexpr double SMALLEST_SHARE = 1e-16;
+/// Longer ranges of dates tell no seconds [s].
+constexpr double SECONDS_UNTIL = 6 * 3600;
 /// Share of a range of dates that it may be widened by at each end.
 constexpr double DATE_ROOM = 0.01;
 
@@ -249,8 +252,12 @@ void Plot::refresh() {
 
 QString Plot::valueText(axis_t id, double shown) const {
     const AxisState & state = m_axes[id];
-    if (state.axis.scale == DATE)
-        return Calendar::text(shown * secondsPerUnit(state), state.axis.startYear, locale());
+    if (state.axis.scale == DATE) {
+        const double seconds = secondsPerUnit(state);
+        const bool isLong = (state.range.to - state.range.from) * seconds > SECONDS_UNTIL;
+        const double time = shown * seconds;
+        return Calendar::text(isLong ? std::round(time / 60) * 60 : time, state.axis.startYear, locale());
+    }
     if (state.axis.scale == LOGARITHMIC)
         return numberText(shown, 4, locale());
     // A thousandth of what is seen.
@@ -287,6 +294,7 @@ void Plot::setFonts(const QFont & font) {
     QFont bold = font;
     bold.setBold(true);
     text.setFont(bold);
+    titleLabel()->setFont(bold);
     setTitle(text);
 }
 
