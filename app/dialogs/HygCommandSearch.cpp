@@ -46,14 +46,16 @@ public:
     }
 };
 
-/// 0 begins a word of the title, 1 stands within it, 2 in the place, 3 nowhere.
+constexpr int NOWHERE = 4;
+
+/// 0 begins the title, 1 begins a word of it, 2 stands within it, 3 in the place.
 int rank(const HygCommandSearch::Command & command, const QString & word) {
     const int at = command.title.indexOf(word, 0, Qt::CaseInsensitive);
-    if (at == 0 || command.title.contains(' ' + word, Qt::CaseInsensitive))
+    if (at == 0)
         return 0;
     if (at > 0)
-        return 1;
-    return command.place.contains(word, Qt::CaseInsensitive) ? 2 : 3;
+        return command.title.contains(' ' + word, Qt::CaseInsensitive) ? 1 : 2;
+    return command.place.contains(word, Qt::CaseInsensitive) ? 3 : NOWHERE;
 }
 
 } // namespace
@@ -98,7 +100,7 @@ std::vector<int> HygCommandSearch::find(const std::vector<Command> & commands, c
         const bool isFound = std::all_of(words.begin(), words.end(), [&](const QString & word) {
             const int one = rank(commands[i], word);
             sum += one;
-            return one < 3;
+            return one < NOWHERE;
         });
         if (isFound)
             found.emplace_back(sum, static_cast<int>(i));

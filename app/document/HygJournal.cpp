@@ -218,16 +218,23 @@ void HygJournal::stop() {
 
 std::vector<HygJournal::Entry> HygJournal::orphans(const QString & directory, const QString & projectFile) {
     std::vector<Entry> found;
-    const QFileInfoList files = QDir(directory).entryInfoList({QStringLiteral("*") + SUFFIX}, QDir::Files, QDir::Time);
-    for (const QFileInfo & info : files) {
-        const QString file = info.absoluteFilePath();
-        const std::unique_ptr<QLockFile> lock = lockFor(file);
+    const QString pattern = QStringLiteral("*") + SUFFIX;
+    QStringList files;
+    for (const QFileInfo & info : QDir(directory).entryInfoList({pattern}, QDir::Files, QDir::Time))
+        files << info.absoluteFilePath();
+    // An editor that was killed before it had anything to keep leaves its lock alone.
+    for (const QFileInfo & lock : QDir(directory).entryInfoList({lockOf(pattern)}, QDir::Files))
+        if (const QString file = lock.absoluteFilePath().chopped(lockOf({}).size()); !files.contains(file))
+            files << file;
+    for (const QString & file : std::as_const(files)) {
         const QFileInfo lockInfo(lockOf(file));
         if (lockInfo.exists() && lockInfo.size() == 0 &&
             lockInfo.lastModified().secsTo(QDateTime::currentDateTime()) > EMPTY_LOCK_STALE_S)
-            QFile::remove(lockOf(file)); // its maker was killed over it
-        if (!lock->tryLock(0))
-            continue; // its editor lives
+            QFile::remove(lockOf(file));                       // its maker was killed over it
+        const std::unique_ptr<QLockFile> lock = lockFor(file); // removes the file when it goes out of scope
+        if (!lock->tryLock(0) || !QFileInfo::exists(file))
+            continue; // its editor lives, or left nothing
+        KOR::removeLeftovers(file.toStdString());
         try {
             const Entry entry = parseHead(KOR::readFileHead(file.toStdString(), HEAD_SIZE), file).second;
             const bool isTooOld = entry.journalDate.daysTo(QDateTime::currentDateTime()) > MAX_AGE_DAYS;

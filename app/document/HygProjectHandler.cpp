@@ -68,6 +68,19 @@ ReadProject readFile(const std::string & file) {
     return result;
 }
 
+/// Replaces the file, unless it could not be read again: then the old one is worth more.
+void writeProject(const HYGRION::Project & project, const std::string & file) {
+    const std::string content = project.text();
+    try {
+        HYGRION::Project().readText(content);
+    } catch (const KOR::Exception & ex) {
+        throw KOR::Exception(ex,
+                             "The project holds something that could not be read again. Please mend it and save then.",
+                             "[HygProjectHandler::writeProject]");
+    }
+    KOR::writeFile(file, content);
+}
+
 /// Lets the paths that begin at the directory of the project's file lead to the same files from another directory.
 /// \return whether there were any
 bool rebasePaths(HYGRION::Project & project, const std::string & newFile) {
@@ -284,7 +297,7 @@ bool HygProjectHandler::write(const QString & path) {
     try {
         // The GUI thread does not touch the project meanwhile.
         HygBackground::run(tr("Saving project '%1'…").arg(QFileInfo(path).fileName()),
-                           [this, file = path.toStdString()] { KOR::writeFile(file, m_project->text()); });
+                           [this, file = path.toStdString()] { writeProject(*m_project, file); });
         return true;
     } catch (const std::exception & ex) {
         const auto * cause = dynamic_cast<const KOR::Exception *>(&ex);

@@ -1,3 +1,4 @@
+#include "EditUntilKilled.h"
 #include "HygDebugApplication.h"
 
 #include <QFile>
@@ -16,5 +17,7 @@ int main(int argc, char ** argv) {
     qputenv("XDG_DATA_HOME", QFile::encodeName(store.path()));
     const HygDebugApplication application(argc, argv);
     HygDebugApplication::initResources();
+    if (argc == 4 && std::string_view(argv[1]) == "--edit-until-killed")
+        return editUntilKilled(argv[2], argv[3]);
     return RUN_ALL_TESTS();
 }

@@ -3,6 +3,8 @@
 #include "HygDebugApplication.h"
 #include "HygSettings.h"
 #include "dialogs/HygAboutDialog.h"
+#include "dialogs/HygCommandSearch.h"
+#include "dialogs/HygHelpWindow.h"
 #include "document/HygProjectHandler.h"
 #include "undo/HygUndoSections.h"
 #include "views/HygProjectListModel.h"
@@ -18,6 +20,7 @@
 #include <QAction>
 #include <QDir>
 #include <QDockWidget>
+#include <QDropEvent>
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -25,6 +28,8 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QMimeData>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -250,6 +255,139 @@ TEST_F(HygMainWindowTest, ChangesItsLanguageWhileItRuns) {
     const QColor dark = window().palette().color(QPalette::Window);
     choose("menuAppearance", "light");
     EXPECT_GT(window().palette().color(QPalette::Window).lightness(), dark.lightness() + 100);
+}
+
+TEST_F(HygMainWindowTest, OpensFilesThatAreDropped) {
+    const auto drop = [&](const QString & path) {
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(path)});
+        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
+        enter.ignore();
+        QCoreApplication::sendEvent(&window(), &enter);
+        QDropEvent event(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
+        if (enter.isAccepted())
+            QCoreApplication::sendEvent(&window(), &event);
+        QCoreApplication::processEvents();
+        return enter.isAccepted();
+    };
+    EXPECT_FALSE(drop(m_directory.filePath("examples/notes.txt")));
+    EXPECT_TRUE(drop(m_directory.filePath("new.h6p")));
+    EXPECT_EQ(window().projects().projectFile(), m_directory.filePath("new.h6p"));
+}
+
+TEST_F(HygMainWindowTest, OffersAtTheStartWhatACrashLeft) {
+    m_settings.setDirectory("UserData", m_directory.path());
+    const QString file = makeFile("crashed.h6p");
+    const QString journal = m_directory.filePath("journal/1.h6j");
+    const auto crash = [&] {
+        QDir(m_directory.path()).mkpath("journal");
+        KOR::writeFile(journal.toStdString(),
+                       "H6JOURNAL 1\n{\"project\":\"" + file.toStdString() +
+                           "\",\"date\":\"2026-11-01T12:00:00.000\",\"changes\":3}\n<HygrionProject><ProjectInfo "
+                           "created='1'><Description>kept</Description></ProjectInfo></HygrionProject>");
+    };
+    const auto answerWith = [&](const char * button) {
+        answer<QDialog>("recoveryDialog",
+                        [button](QDialog & dialog) { dialog.findChild<QAbstractButton *>(button)->click(); });
+    };
+    crash();
+    answerWith("later");
+    QTest::qWait(200);
+    EXPECT_FALSE(window().projects().hasProject());
+    answerWith("openFile"); // asked again when that project is opened
+    EXPECT_TRUE(window().openProject(file));
+    EXPECT_EQ(window().projects().project().m_projectInfo.m_description, "");
+    EXPECT_TRUE(QFileInfo::exists(journal));
+    answerWith("openRecovered");
+    EXPECT_TRUE(window().openProject(file));
+    EXPECT_EQ(window().projects().project().m_projectInfo.m_description, "kept");
+    EXPECT_TRUE(window().isWindowModified());
+    EXPECT_EQ(window().projects().projectFile(), file);
+    find<QAction>("actionSave").trigger();
+    EXPECT_FALSE(window().isWindowModified());
+    EXPECT_FALSE(QFileInfo::exists(journal));
+    window().close();
+}
+
+TEST_F(HygMainWindowTest, AsksBeforeOtherProgramsAndChangesOfOurOwnMeet) {
+    const QString file = m_directory.filePath("old.h6p");
+    ASSERT_TRUE(window().openProject(file));
+    const auto touch = [&] {
+        KOR::writeFile(file.toStdString(), "<HygrionProject><ProjectInfo created='1'><Description>theirs"
+                                           "</Description></ProjectInfo></HygrionProject>");
+    };
+    const auto description = [&] { return window().projects().project().m_projectInfo.m_description; };
+    touch();
+    window().projects().checkDisk(); // nothing of ours to lose
+    EXPECT_EQ(description(), "theirs");
+    window().undoStack().push(new HygUndoProjectDescription("Describe", "ours"));
+    touch();
+    answer<QMessageBox>("changedOnDisk", [](QMessageBox & box) { box.reject(); });
+    window().projects().checkDisk();
+    EXPECT_EQ(description(), "ours");
+    find<QAction>("actionSave").trigger(); // they were kept knowingly
+    EXPECT_FALSE(window().isWindowModified());
+    window().undoStack().push(new HygUndoProjectDescription("Describe", "more"));
+    touch();
+    answer<QMessageBox>("overwriteChanged", [](QMessageBox & box) { box.button(QMessageBox::Cancel)->click(); });
+    find<QAction>("actionSave").trigger();
+    EXPECT_TRUE(window().isWindowModified());
+    answer<QMessageBox>("changedOnDisk", [&](QMessageBox & box) {
+        for (QAbstractButton * button : box.buttons())
+            if (box.buttonRole(button) == QMessageBox::DestructiveRole)
+                button->click();
+    });
+    window().projects().checkDisk();
+    EXPECT_EQ(description(), "theirs");
+    EXPECT_FALSE(window().isWindowModified());
+}
+
+TEST_F(HygMainWindowTest, FindsCommandsAndHelp) {
+    using Command = HygCommandSearch::Command;
+    const std::vector<Command> commands = {
+        {"Open project", "File",     {}, {}, {}},
+        {"Save a copy",  "File",     {}, {}, {}},
+        {"Cosave",       "File",     {}, {}, {}},
+        {"Brick",        "Material", {}, {}, {}}
+    };
+    EXPECT_EQ(HygCommandSearch::find(commands, "SAV"), (std::vector<int>{1, 2}));
+    EXPECT_EQ(HygCommandSearch::find(commands, "co sav"), (std::vector<int>{1, 2}));
+    EXPECT_EQ(HygCommandSearch::find(commands, "mat"), (std::vector<int>{3}));
+    EXPECT_EQ(HygCommandSearch::find(commands, "x"), (std::vector<int>{}));
+    EXPECT_EQ(HygCommandSearch::find(commands, " ").size(), 4u);
+
+    answer<QDialog>("commandSearch", [](QDialog & dialog) {
+        auto & field = *dialog.findChild<QLineEdit *>("commandField");
+        QTest::keyClicks(&field, "messages");
+        QTest::keyClick(&field, Qt::Key_Down);
+        QTest::keyClick(&field, Qt::Key_Up);
+        QTest::keyClick(&field, Qt::Key_Return);
+    });
+    const bool isShown = find<QDockWidget>("logDock").isVisible();
+    find<QAction>("actionFindCommand").trigger();
+    EXPECT_NE(find<QDockWidget>("logDock").isVisible(), isShown);
+
+    // The shipped pages: all are there in both languages, and no link of theirs leads nowhere.
+    const QDir guide(HYG_SOURCE_DIR "/docs/user-guide");
+    for (const QString & folder : {QStringLiteral("."), QStringLiteral("de")})
+        for (const QFileInfo & page : QDir(guide.filePath(folder)).entryInfoList({"*.md"}, QDir::Files)) {
+            EXPECT_TRUE(QFileInfo::exists(guide.filePath("de/" + page.fileName()))) << page.fileName().toStdString();
+            const QString text = QString::fromStdString(KOR::readFile(page.filePath().toStdString(), 1 << 20));
+            QRegularExpression link(R"(\]\(([^)#:]+)[^)]*\))");
+            for (auto match = link.globalMatch(text); match.hasNext();) {
+                const QString target = match.next().captured(1);
+                EXPECT_TRUE(QFileInfo::exists(page.dir().filePath(target))) << target.toStdString();
+            }
+        }
+    m_settings.setInstallationDirectory(QStringLiteral(HYG_BINARY_DIR));
+    find<QListView>("recentProjects").setFocus();
+    find<QAction>("actionHelp").trigger();
+    EXPECT_EQ(find<HygHelpWindow>("helpWindow").currentPage(), "projects");
+    window().setProperty(HygHelpWindow::PAGE_PROPERTY, "packages");
+    find<QAction>("actionHelp").trigger();
+    EXPECT_EQ(find<HygHelpWindow>("helpWindow").currentPage(), "packages");
+    window().showHelp("nonsense");
+    EXPECT_EQ(find<HygHelpWindow>("helpWindow").currentPage(), "index");
 }
 
 TEST_F(HygMainWindowTest, EveryButtonTellsItsName) {

@@ -112,6 +112,20 @@ TEST_F(HygProjectHandlerTest, SavesUnderItsNameAnotherOneOrAsACopy) {
     EXPECT_EQ(description(path("other.h6p")), "two");
 }
 
+TEST_F(HygProjectHandlerTest, AFileThatCouldNotBeReadAgainIsNotWritten) {
+    const QString file = path("wall.h6p");
+    ASSERT_TRUE(m_projects.createProject(file));
+    HYGRION::Project doubled = m_projects.project();
+    for (int i = 0; i < 2; ++i)
+        doubled.m_conditions.m_schedules.emplace_back().m_name = "Twice";
+    m_projects.undoStack().push(new HygUndoProject("doubled", doubled));
+    const std::string before = KOR::readFile(file.toStdString(), 10000);
+    EXPECT_FALSE(m_projects.save());
+    EXPECT_THAT(lastFailure(), HasSubstr("Duplicate identification name 'Twice'"));
+    EXPECT_EQ(KOR::readFile(file.toStdString(), 10000), before);
+    EXPECT_TRUE(m_projects.isModified());
+}
+
 TEST_F(HygProjectHandlerTest, PathsLeadToTheSameFilesFromAnotherFolder) {
     ASSERT_TRUE(m_projects.createProject(path("wall.h6p")));
     QDir(m_directory.path()).mkdir("sub");

@@ -367,6 +367,20 @@ TEST_F(HygUndoCommandsTest, CreatorsRefuseAnIndexOutsideOfTheList) {
                 "[HygUndoRemoveDefinition::createRemoveDefinitionAction]"),
     };
     const Project before = project();
+    const std::pair<const char *, std::function<void()>> doubles[] = {
+        {"There is already a schedule with the name 'A'.",
+         [&] { HygUndoAddListItem("", named(HYGRION::Schedule(), "A")); }        },
+        {"There is already a material with the name 'A'.",
+         [&] { HygUndoModifyMaterial("", 1, named(before.m_materials[1], "A")); }},
+    };
+    for (const auto & [message, create] : doubles) {
+        try {
+            create();
+            ADD_FAILURE() << message;
+        } catch (const KOR::Exception & ex) {
+            EXPECT_EQ(ex.cause(), message);
+        }
+    }
     for (const Refusal & refusal : refusals) {
         SCOPED_TRACE(refusal.where);
         try {

@@ -10,11 +10,25 @@
 /// The four shapes of a command over a row of HygUndoRows.
 namespace HygUndoTemplates {
 
+/// A project with two definitions of one kind and name could not be read again.
+/// Throws "There is already a %1 with the name '%2'." ("[HygUndoTemplates::requireNewName]").
+template <typename List> void requireNewName(const List & list, HYGRION::definition_t kind, const std::string & name) {
+    if (std::any_of(list.begin(), list.end(), [&name](const auto & item) { return item.m_name == name; }))
+        throw KOR::Exception(
+            KOR::text("There is already a %1 with the name '%2'.", HYGRION::definitionWord(kind), name),
+            "[HygUndoTemplates::requireNewName]");
+}
+
 /// Appends an item to the list of its kind; undo removes the last one, which is the same.
 template <typename... Rows> class AddCommand : public HygUndoCommandBase {
 public:
     using Item = std::variant<typename Rows::Item...>;
-    AddCommand(const QString & text, Item item) : HygUndoCommandBase(text), m_item(std::move(item)) {}
+    /// Throws as requireNewName().
+    AddCommand(const QString & text, Item item) : HygUndoCommandBase(text), m_item(std::move(item)) {
+        withRow([this]<typename Row>(Row) {
+            requireNewName(Row::list(theProject()), Row::DEFINITION, std::get<typename Row::Item>(m_item).m_name);
+        });
+    }
 
     void redo() override {
         withRow([this]<typename Row>(Row) {
@@ -40,9 +54,12 @@ private:
 /// Exchanges one item. When its name changes, the references to it follow; undo takes back just these.
 template <typename Row> class ModifyCommand : public HygUndoCommandBase {
 public:
-    /// The index must be one of the list when the command is pushed.
-    ModifyCommand(const QString & text, unsigned int index, typename Row::Item item)
-        : HygUndoCommandBase(text), m_index(index), m_item(std::move(item)) {}
+    /// The index must be one of the list when the command is pushed. Throws as requireNewName() when it is renamed.
+    ModifyCommand(const QString & text, unsigned int index, typename Row::Item changed)
+        : HygUndoCommandBase(text), m_index(index), m_item(std::move(changed)) {
+        if (item().m_name != m_item.m_name)
+            requireNewName(Row::list(theProject()), Row::DEFINITION, m_item.m_name);
+    }
 
     void redo() override {
         exchange();
