@@ -177,25 +177,38 @@ std::vector<double> DataIO::data(std::size_t timeIndex) {
     }
 }
 
-std::vector<double> DataIO::column(std::size_t column) const {
+std::vector<double> DataIO::column(std::size_t column, std::vector<double> * times) const {
     std::vector<double> values;
     values.reserve(m_timeCount);
+    if (times != nullptr) {
+        times->clear();
+        times->reserve(m_timeCount);
+    }
     const std::size_t recordSize = sizeof(double) * (1 + m_header.valueCount());
     const auto fail = [](std::size_t timeIndex) {
         throw Exception(text("Error retrieving values for time index %1.", timeIndex), "[DataIO::dataVector]");
     };
     if (!m_isBinary) {
-        for (std::size_t t = 0; t < m_timeCount; ++t)
-            values.push_back(record(t)[column]);
+        for (std::size_t t = 0; t < m_timeCount; ++t) {
+            const std::vector<double> all = record(t);
+            values.push_back(all[column]);
+            if (times != nullptr)
+                times->push_back(all[0]);
+        }
         return values;
     }
     if (recordSize > STREAMED_RECORD_SIZE) {
-        for (std::size_t t = 0; t < m_timeCount; ++t) {
+        const auto pick = [&](std::size_t t, std::size_t from) {
             double value = 0;
-            if (m_file.readAt(m_dataOffset + t * recordSize + column * sizeof(double),
+            if (m_file.readAt(m_dataOffset + t * recordSize + from * sizeof(double),
                               {reinterpret_cast<char *>(&value), sizeof(value)}) != sizeof(value))
                 fail(t);
-            values.push_back(value);
+            return value;
+        };
+        for (std::size_t t = 0; t < m_timeCount; ++t) {
+            values.push_back(pick(t, column));
+            if (times != nullptr)
+                times->push_back(pick(t, 0));
         }
         return values;
     }
@@ -205,10 +218,15 @@ std::vector<double> DataIO::column(std::size_t column) const {
         const std::size_t records = std::min(recordsInChunk, m_timeCount - t);
         if (m_file.readAt(m_dataOffset + t * recordSize, {chunk.data(), records * recordSize}) != records * recordSize)
             fail(t);
-        for (std::size_t r = 0; r < records; ++r) {
+        const auto pick = [&](std::size_t r, std::size_t from) {
             double value = 0;
-            std::memcpy(&value, chunk.data() + r * recordSize + column * sizeof(double), sizeof(value));
-            values.push_back(value);
+            std::memcpy(&value, chunk.data() + r * recordSize + from * sizeof(double), sizeof(value));
+            return value;
+        };
+        for (std::size_t r = 0; r < records; ++r) {
+            values.push_back(pick(r, column));
+            if (times != nullptr)
+                times->push_back(pick(r, 0));
         }
     }
     return values;
@@ -230,27 +248,29 @@ std::vector<double> DataIO::dataVector(std::size_t valueIndex) {
         throw Exception(
             text("Value index %1 is out of range, each time point has %2 values.", valueIndex, m_header.valueCount()),
             WHERE);
+    const std::size_t count = m_header.valueCount();
+    std::vector<double> values;
+    try {
+        if (m_values.size() == m_timeCount * count) {
+            values.resize(m_timeCount);
+            for (std::size_t t = 0; t < m_timeCount; ++t)
+                values[t] = m_values[t * count + valueIndex];
+        } else { // time points that are not known yet come along in the same pass
+            reopen();
+            values = column(1 + valueIndex, m_timePoints.size() != m_timeCount ? &m_timePoints : nullptr);
+        }
+    } catch (const Exception & ex) {
+        if (ex.message().starts_with("Error retrieving"))
+            throw;
+        throw Exception(ex, text("Error retrieving values for time index %1.", 0), WHERE);
+    }
     const std::vector<double> & times = timePoints();
     for (std::size_t t = 1; t < times.size(); ++t)
         if (!(times[t] > times[t - 1]))
             throw Exception(text("Time value %1 follows %2, not monotonically increasing time points found.", times[t],
                                  times[t - 1]),
                             WHERE);
-    const std::size_t count = m_header.valueCount();
-    if (m_values.size() == m_timeCount * count) {
-        std::vector<double> values(m_timeCount);
-        for (std::size_t t = 0; t < m_timeCount; ++t)
-            values[t] = m_values[t * count + valueIndex];
-        return values;
-    }
-    try {
-        reopen();
-        return column(1 + valueIndex);
-    } catch (const Exception & ex) {
-        if (ex.message().starts_with("Error retrieving"))
-            throw;
-        throw Exception(ex, text("Error retrieving values for time index %1.", 0), WHERE);
-    }
+    return values;
 }
 
 void DataIO::readBinaryData() {

@@ -94,7 +94,8 @@ private:
     void addValueLine(std::string_view line, std::vector<double> & record) const;
     void reopen();
     std::vector<double> record(std::size_t timeIndex) const;
-    std::vector<double> column(std::size_t column) const;
+    /// \param times filled with the time points in the same pass, unless nullptr
+    std::vector<double> column(std::size_t column, std::vector<double> * times = nullptr) const;
     void indexLines();
 
     std::string m_path;
