@@ -19,11 +19,12 @@ foreach(data IN LISTS HYG_DATA)
     install(DIRECTORY ${data} DESTINATION ${HYG_INSTALL_ROOT})
   endif()
 endforeach()
-# The user guide, for the F1 key.
+# The user guide, for the F1 key, and the pictures beside it that its pages show.
 if(EXISTS "${CMAKE_SOURCE_DIR}/docs/user-guide")
   add_custom_target(data_user-guide ALL COMMAND ${CMAKE_COMMAND} -E copy_directory "${CMAKE_SOURCE_DIR}/docs/user-guide"
-    "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/user-guide")
-  install(DIRECTORY docs/user-guide DESTINATION ${HYG_INSTALL_ROOT})
+    "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/user-guide"
+    COMMAND ${CMAKE_COMMAND} -E copy_directory "${CMAKE_SOURCE_DIR}/docs/images" "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/images")
+  install(DIRECTORY docs/user-guide docs/images DESTINATION ${HYG_INSTALL_ROOT})
 endif()
 install(FILES README.md LICENSE CHANGELOG.md CONTRIBUTING.md DESTINATION share/doc/hygrion)
 install(DIRECTORY docs DESTINATION share/doc/hygrion)

@@ -27,6 +27,8 @@ struct Common {
     std::string title;
     std::string xUnit;
     std::string yUnit;
+    std::vector<double> xRange; ///< empty or from and to, in the unit of the axis
+    std::vector<double> yRange;
     bool isLogX = false;
     bool isLogY = false;
     std::string reference;

@@ -16,6 +16,7 @@
 #include <filesystem>
 #include <iostream>
 #include <new>
+#include <tuple>
 
 namespace PLOT {
 
@@ -44,6 +45,10 @@ void addCommon(CLI::App & app, Common & common) {
     app.add_option("--title", common.title, "Text above the picture.");
     app.add_option("--x-unit", common.xUnit, "Unit of the lower axis; for dates a unit of time shows durations.");
     app.add_option("--y-unit", common.yUnit, "Unit of the values.");
+    for (const auto & [name, range, text] :
+         {std::tuple("--x-range", &common.xRange, "What is shown of the lower axis, in its unit: 0,200."),
+          std::tuple("--y-range", &common.yRange, "What is shown of the left axis.")})
+        app.add_option(name, *range, text)->delimiter(',')->expected(2);
     app.add_flag("--log-x", common.isLogX, "Logarithmic lower axis.");
     app.add_flag("--log-y", common.isLogY, "Logarithmic axis of the values.");
     app.add_option("--reference", common.reference,
@@ -82,6 +87,9 @@ void draw(const Command & command, const Common & common) {
         chart.setTitle(QString::fromStdString(common.title));
     if (!common.reference.empty())
         addReference(chart, common);
+    for (const auto & [axis, range] : {std::pair(SCI::X_BOTTOM, common.xRange), std::pair(SCI::Y_LEFT, common.yRange)})
+        if (range.size() == 2)
+            chart.setRange(axis, {range[0], range[1]});
     const QString path = QString::fromStdString(common.output);
     if (path.endsWith(QLatin1String(".csv"), Qt::CaseInsensitive))
         chart.writeCsv(path);

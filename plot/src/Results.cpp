@@ -29,7 +29,8 @@ using KOR::Exception;
 using KOR::text;
 
 constexpr const char * WHERE = "[PLOT::results]";
-constexpr std::size_t MAX_LINES = 10; ///< in one picture, when nobody has chosen
+constexpr std::size_t MAX_LINES = 10;  ///< in one picture, when nobody has chosen
+constexpr std::size_t MAX_MARKED = 60; ///< points of a profile that are marked
 constexpr std::size_t MAX_CELLS = 50'000'000;
 
 struct Arguments {
@@ -129,12 +130,18 @@ std::size_t recordAt(Results & results, const std::string & wanted) {
 }
 
 QString timeName(Results & results, std::size_t record) {
-    double seconds = results.file.timePoints()[record];
-    KOR::UnitList::instance().convert(KOR::Unit(results.header().timeUnit), KOR::Unit("s"), seconds);
-    const KOR::Unit unit = KOR::durationUnit(seconds);
-    double value = seconds;
-    KOR::UnitList::instance().convert(KOR::Unit("s"), unit, value);
-    return QStringLiteral("%1 %2").arg(number(value), QString::fromStdString(unit.name()));
+    const double time = results.file.timePoints()[record];
+    const KOR::Unit own(results.header().timeUnit);
+    const auto inUnit = [&](KOR::Unit unit) {
+        double value = time;
+        KOR::UnitList::instance().convert(own, unit, value);
+        return QStringLiteral("%1 %2").arg(number(value), QString::fromStdString(unit.name()));
+    };
+    double seconds = time;
+    KOR::UnitList::instance().convert(own, KOR::Unit("s"), seconds);
+    const QString usual = inUnit(KOR::durationUnit(seconds));
+    const QString asWritten = inUnit(own);
+    return usual.size() <= asWritten.size() ? usual : asWritten; // "1 a" for 8760 h, but 100 h as they are
 }
 
 QString shownUnit(const std::string & wanted, const QString & unit) {
@@ -234,7 +241,7 @@ void addProfiles(SCI::Chart & chart, Results & results, const Arguments & argume
         }
         SCI::LineStyle style;
         style.title = lineName(results, timeName(results, record), isCompared);
-        style.hasPoints = true;
+        style.hasPoints = values.size() <= MAX_MARKED;
         chart.addLine(std::make_shared<Points>(std::move(x), std::move(y)), style);
     }
 }

@@ -134,6 +134,10 @@ TEST_F(Plot, PicturesHaveTheSizeGroundAndLanguageAskedFor) {
     const QImage image(directory.filePath("a.png"));
     EXPECT_EQ(image.size(), QSize(600, 400));
     EXPECT_LT(image.pixelColor(1, 1).lightness(), 128);
+    ASSERT_EQ(run("results profile.h6o --x-range 0,123 --y-range=-40,40 -o r.svg").exitCode, 0);
+    const std::string ranges = KOR::readFile(path("r.svg"), 1 << 26);
+    EXPECT_THAT(ranges, HasSubstr(">120<"));
+    EXPECT_THAT(ranges, HasSubstr(">-40<"));
     ASSERT_EQ(run("climate $S/DB_climate/Potsdam_Germany.c6b --quantity Temperature --quantity RelativeHumidity "
                   "--lang de --title 'Ein \"Jahr\"' -o a.svg")
                   .exitCode,
