@@ -6,6 +6,7 @@
 #include <HYGRION/Project.h>
 #include <KOR/Exception.h>
 
+#include <array>
 #include <cmath>
 #include <filesystem>
 #include <fstream>
@@ -164,42 +165,46 @@ TEST(Construction, StartsAtTheInitialConditions) {
 TEST(Construction, MappingsTurnAnisotropicMaterials) {
     struct Case {
         const char * mapping;
-        double x, y;
+        std::array<double, 3> lambda;
     };
-    const std::string path = testing::TempDir() + "grain.m6";
+    const std::string path = testing::TempDir() + "grain_900.m6";
     std::ofstream(path)
         << "H6MARLZ! 006.001\n[IDENTIFICATION]\n  NAME = grain\n  FLAGS = AIR_TIGHT WATER_TIGHT VAPOR_TIGHT\n"
            "[STORAGE_BASE_PARAMETERS]\n  RHO = 500 kg/m3\n  CE = 1500 J/kgK\n"
            "[TRANSPORT_BASE_PARAMETERS]\n  LAMBDA = 0.1 W/mK\n  LAMBDA_V = 0.2 W/mK\n  LAMBDA_W = 0.4 W/mK\n  "
            "LAMBDA_DESIGN = 0.15 W/mK\n";
     for (const Case & row : {
-             Case{"<Mapping>UVW</Mapping>",                                                         0.1, 0.2},
-             Case{"<Mapping>WUV</Mapping>",                                                         0.4, 0.1},
-             Case{"<Mapping>VVU</Mapping>",                                                         0.2, 0.2},
+             Case{"<Mapping>UVW</Mapping>",                                                         {0.1, 0.2, 0.4}},
+             Case{"<Mapping>WUV</Mapping>",                                                         {0.4, 0.1, 0.2}},
+             Case{"<Mapping>VVU</Mapping>",                                                         {0.2, 0.2, 0.1}},
              Case{"<Mapping>UserMatrix</Mapping><DirectionRotationMatrix><RotationMatrixInstance elementID='0'>0 1 0 0 "
-                  "0 1 1 0 0</RotationMatrixInstance></DirectionRotationMatrix>", 0.2, 0.4}
+                  "0 1 1 0 0</RotationMatrixInstance></DirectionRotationMatrix>", {0.2, 0.4, 0.1}}
     }) {
         Parts parts;
         parts.module = "HeatTransport";
         parts.material = path;
-        parts.grid = "<XSteps unit='m'>1 1</XSteps><YSteps unit='m'>1 1</YSteps>";
-        parts.range = "0 0 1 1";
+        parts.grid = "<XSteps unit='m'>1 1</XSteps><YSteps unit='m'>1 1</YSteps><ZSteps unit='m'>1 1</ZSteps>";
+        parts.range = "0 0 0 1 1 1";
         parts.initial =
             "<InitialCondition name='Warm' type='Temperature'>" + parameter("Value", "30", "C") + "</InitialCondition>";
         parts.assignments = assignment("InitialCondition", "Element", "Warm", "0 0 0 0");
         parts.assignments += "<Assignment type='Material' location='Element'><Reference>Brick</Reference>" +
-                             std::string(row.mapping) + "<Range>0 0 1 1</Range></Assignment>";
+                             std::string(row.mapping) + "<Range>0 0 0 1 1 1</Range></Assignment>";
         parts.interface = "<Interface name='Surface' type='Detailed'/>";
         const Evaluated detail(parts);
         const auto faces = detail.model.faceFluxes();
         for (std::size_t f = 0; f < faces.size(); ++f) {
             const ModelInput::Face & face = detail.model.input().faces[f];
             const double drop = face.a == 0 ? 10 : 0;
-            EXPECT_NEAR(faces[f].conduction, drop * (face.direction == 0 ? row.x : row.y), 1e-6) << row.mapping;
+            EXPECT_NEAR(faces[f].conduction, drop * row.lambda[static_cast<std::size_t>(face.direction)], 1e-6)
+                << row.mapping;
         }
+        ASSERT_EQ(faces.size(), 12u);
         // The design value knows no direction, the dry one does.
         parts.settings = "<LambdaSelection>LambdaDesign</LambdaSelection>";
         EXPECT_NEAR(Evaluated(parts).model.faceFluxes()[0].conduction, 1.5, 1e-6);
+        parts.settings = "<LambdaSelection>LambdaDry</LambdaSelection>";
+        EXPECT_NEAR(Evaluated(parts).model.faceFluxes()[0].conduction, 10 * row.lambda[0], 1e-6);
     }
 }
 

@@ -27,6 +27,9 @@ struct LoadCase {
     CellLoad load;
     double heat, water; ///< [W], [kg/s] into a cell at 283.15 K and 50 % with 29.5 kg/m3
 };
+void PrintTo(const LoadCase & row, std::ostream * out) {
+    *out << row.name;
+}
 class CellLoads : public testing::TestWithParam<LoadCase> {};
 
 TEST_P(CellLoads, BringWhatTheySay) {

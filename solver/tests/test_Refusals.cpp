@@ -162,15 +162,15 @@ INSTANTIATE_TEST_SUITE_P(
                 [](Parts & p) { p.material = "/nowhere/brick.m6"; },
                 {"/nowhere/brick.m6", "Material 'Brick' cannot be used"}},
         Refusal{"ZeroConductivity",
-                [](Parts & p) { p.material = brickWith("zero.m6", "  LAMBDA ", "  LAMBDA = 0 W/mK"); },
+                [](Parts & p) { p.material = brickWith("zero_901.m6", "  LAMBDA ", "  LAMBDA = 0 W/mK"); },
                 {"LAMBDA", "Material 'Brick'"}},
         Refusal{"NoConductivity",
-                [](Parts & p) { p.material = brickWith("none.m6", "  LAMBDA ", "  LAMBDA_DESIGN = 0.6 W/mK"); },
+                [](Parts & p) { p.material = brickWith("none_902.m6", "  LAMBDA ", "  LAMBDA_DESIGN = 0.6 W/mK"); },
                 {"LAMBDA", "Material 'Brick'"}},
         Refusal{"NoLiquidTransport",
                 [](Parts & p) {
                     p.material =
-                        file("storage.m6",
+                        file("storage_903.m6",
                              "H6MARLZ! 006.001\n[IDENTIFICATION]\n  NAME = x\n[STORAGE_BASE_PARAMETERS]\n  "
                              "RHO = 1650 kg/m3\n  CE = 850 J/kgK\n  THETA_EFF = 0.37 m3/m3\n  THETA_80 = "
                              "0.0092 m3/m3\n[TRANSPORT_BASE_PARAMETERS]\n  LAMBDA = 0.6 "
@@ -183,7 +183,7 @@ INSTANTIATE_TEST_SUITE_P(
         Refusal{"BrokenMaterialFile",
                 [](Parts & p) {
                     p.material = file(
-                        "broken.m6",
+                        "broken_904.m6",
                         "H6MARLZ! 006.001\n[IDENTIFICATION]\n  NAME = x\n[STORAGE_BASE_PARAMETERS]\n  RHO = heavy\n");
                 },
                 {"'heavy'", "'RHO'", "Material 'Brick'"}},
