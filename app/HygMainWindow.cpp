@@ -55,6 +55,7 @@ constexpr ChoiceRow THEMES[] = {
 constexpr int STATE_VERSION = 2;
 constexpr int NOTICE_MS = 15'000;
 constexpr int LOG_HEIGHT = 226;
+constexpr int HISTORY_WIDTH = 230;
 
 } // namespace
 
@@ -251,6 +252,7 @@ void HygMainWindow::setUpHistory() {
     auto * history = new QUndoView(&undoStack(), m_ui->historyDock);
     history->setObjectName(QStringLiteral("history"));
     history->setCleanIcon(HygIconEngine::icon(QStringLiteral("save")));
+    history->setMinimumWidth(HISTORY_WIDTH);
     m_ui->historyDock->setWidget(history);
     m_ui->historyDock->hide();
     QAction * toggle = m_ui->historyDock->toggleViewAction();
@@ -316,6 +318,9 @@ void HygMainWindow::takeOverProject(const QString & path) {
         }
     if (!m_views.at(currentView()).action->isEnabled())
         showView(HygViewTable::Start);
+    else if (hasProject && path != m_shownProject && currentView() == HygViewTable::Start)
+        showView(HygViewTable::Construction); // to work rather than to choose again
+    m_shownProject = path;
     updateRecentProjects();
     updateTitle();
     updateUndo();

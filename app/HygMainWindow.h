@@ -112,6 +112,7 @@ private:
     QActionGroup * m_languageChoice = nullptr;
     QActionGroup * m_themeChoice = nullptr;
     QLabel * m_projectLabel = nullptr;
+    QString m_shownProject; ///< file of the project that the views show
     bool m_isPainted = false;
     int m_problemsSeen = 0; ///< warnings and errors that were there when the log view was last in view
 };

@@ -1,5 +1,6 @@
 // pictures DIRECTORY: draws the pictures of the documentation, each in English and German, light and dark.
 #include "ConstructionPictures.h"
+#include "ProjectPictures.h"
 
 #include "HygDebugApplication.h"
 #include "HygMainWindow.h"
@@ -99,6 +100,8 @@ void draw(const QString & target, const QString & home, language_t language, con
     HygPreferencesDialog preferences(settings, &languages, &window);
     preferences.show();
     save(preferences, target + QStringLiteral("/preferences") + suffix);
+    preferences.close();
+    drawProjectPictures(window, projectPath(home, 0, language), target, suffix);
     drawConstructionPictures(target, suffix);
     KOR::MessageHandlerRegistry::instance().setMessageHandler(nullptr);
 }

@@ -1867,10 +1867,6 @@
         <translation>Ungespeicherte Änderungen von</translation>
     </message>
     <message>
-        <source>Number of changes</source>
-        <translation>Anzahl der Änderungen</translation>
-    </message>
-    <message>
         <source>&amp;Delete changes…</source>
         <translation>Änderungen &amp;löschen…</translation>
     </message>
@@ -1929,6 +1925,10 @@
     <message>
         <source>They cannot be brought back.</source>
         <translation>Sie können nicht zurückgeholt werden.</translation>
+    </message>
+    <message>
+        <source>Changes</source>
+        <translation>Änderungen</translation>
     </message>
 </context>
 <context>
@@ -2290,13 +2290,6 @@
     </message>
 </context>
 <context>
-    <name>QProgressDialog</name>
-    <message>
-        <source>Cancel</source>
-        <translation>Abbrechen</translation>
-    </message>
-</context>
-<context>
     <name>Plot</name>
     <message>
         <source>Temperature</source>
@@ -2385,6 +2378,13 @@
     <message>
         <source>Side %1</source>
         <translation>Seite %1</translation>
+    </message>
+</context>
+<context>
+    <name>QProgressDialog</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
     </message>
 </context>
 <context>

@@ -74,6 +74,7 @@ HygCommandSearch::HygCommandSearch(std::vector<Command> commands, QWidget * pare
     m_list->setAccessibleName(tr("Commands found"));
     m_list->setItemDelegate(new CommandDelegate(m_list));
     m_list->setUniformItemSizes(true);
+    m_list->setTextElideMode(Qt::ElideMiddle);
     m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_list->setFrameShape(QFrame::NoFrame);
     m_list->setFocusPolicy(Qt::NoFocus);

@@ -16,6 +16,12 @@ QString shown(const QDateTime & date) {
     return date.isValid() ? QLocale().toString(date.toLocalTime(), QStringLiteral("dd.MM.yyyy HH:mm:ss")) : QString();
 }
 
+/// The path with "~" for the home directory.
+QString shown(const QString & path) {
+    const QString home = QDir::homePath() + QLatin1Char('/');
+    return QDir::toNativeSeparators(path.startsWith(home) ? QStringLiteral("~/") + path.mid(home.size()) : path);
+}
+
 } // namespace
 
 HygRecoveryDialog::HygRecoveryDialog(std::vector<HygJournal::Entry> entries, QWidget * parent)
@@ -29,8 +35,12 @@ HygRecoveryDialog::HygRecoveryDialog(std::vector<HygJournal::Entry> entries, QWi
     m_list->setAccessibleName(windowTitle());
     m_list->setRootIsDecorated(false);
     m_list->setAllColumnsShowFocus(true);
-    m_list->setHeaderLabels({tr("Project"), tr("Saved file of"), tr("Unsaved changes of"), tr("Number of changes")});
+    m_list->setHeaderLabels({tr("Project"), tr("Saved file of"), tr("Unsaved changes of"), tr("Changes")});
     m_list->setMinimumSize(640, 110);
+    m_list->setTextElideMode(Qt::ElideMiddle);
+    m_list->header()->setStretchLastSection(false);
+    m_list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    m_list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     m_hint->setObjectName(QStringLiteral("hint"));
     m_hint->setWordWrap(true);
     m_hint->setMinimumHeight(2 * m_hint->fontMetrics().lineSpacing());
@@ -93,9 +103,6 @@ void HygRecoveryDialog::fill() {
         item->setToolTip(0, QDir::toNativeSeparators(entry.projectFile));
         item->setTextAlignment(3, Qt::AlignRight | Qt::AlignVCenter);
     }
-    for (int column = 0; column < m_list->columnCount(); ++column)
-        m_list->resizeColumnToContents(column);
-    m_list->setColumnWidth(0, std::min(std::max(m_list->columnWidth(0), 180), 300));
     m_list->setCurrentItem(m_list->topLevelItem(0));
     updateOffers();
 }
@@ -106,7 +113,7 @@ void HygRecoveryDialog::updateOffers() {
     const QFileInfo file(entry().projectFile);
     m_openFile->setEnabled(file.exists());
     m_openBoth->setEnabled(file.exists());
-    QString hint = QDir::toNativeSeparators(entry().projectFile);
+    QString hint = shown(entry().projectFile);
     if (!file.exists())
         hint += '\n' + tr("The file does not exist any more; saving makes it anew.");
     else if (entry().fileDate.isValid() && file.lastModified() > entry().fileDate.addSecs(1))

@@ -138,6 +138,8 @@ TEST_F(HygMainWindowTest, OpensProjectsFromTheListsAndMakesNewOnes) {
     clickRow(2);
     EXPECT_EQ(file(), m_directory.filePath("old.h6p"));
     EXPECT_EQ(listed("recentProjects"), (QStringList{"old", "new", "Cellar"}));
+    EXPECT_EQ(window().currentView(), HygViewTable::Construction);
+    window().showView(HygViewTable::Start);
     auto & examples = find<QListView>("exampleProjects");
     examples.setCurrentIndex(examples.model()->index(1, 0));
     examples.setFocus();
@@ -149,6 +151,7 @@ TEST_F(HygMainWindowTest, OpensProjectsFromTheListsAndMakesNewOnes) {
         dialog.findChild<QLineEdit *>("fileNameEdit")->setText(m_directory.filePath("Attic"));
         QMetaObject::invokeMethod(&dialog, "accept");
     });
+    window().showView(HygViewTable::Start);
     QTest::mouseClick(&find<QAbstractButton>("startNew"), Qt::LeftButton);
     EXPECT_EQ(file(), m_directory.filePath("Attic.h6p"));
     EXPECT_EQ(m_settings.m_lastFileOpenDirectory, m_directory.path());

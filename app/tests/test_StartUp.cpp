@@ -175,4 +175,28 @@ TEST_F(StartUp, SaysWhatToDoWithoutAScreen) {
     EXPECT_THAT(m_process.readAllStandardError().toStdString(), HasSubstr("QT_QPA_PLATFORM=offscreen"));
 }
 
+TEST_F(StartUp, EndsWithoutAskingAndLeavesNoLock) {
+    const QString project = makeProject("wall.h6p");
+    start({"--no-splash=true", project});
+    EXPECT_TRUE(waitFor("opened:")) << out();
+    EXPECT_TRUE(QFileInfo::exists(m_home.filePath(".wall.h6p.lock")));
+    m_process.terminate();
+    EXPECT_TRUE(m_process.waitForFinished(20000));
+    EXPECT_FALSE(QFileInfo::exists(m_home.filePath(".wall.h6p.lock")));
+    // Killed, it leaves its lock; the next start clears it at once.
+    start({"--no-splash=true", project});
+    m_out.clear();
+    EXPECT_TRUE(waitFor("opened:")) << out();
+    m_process.kill();
+    EXPECT_TRUE(m_process.waitForFinished(20000));
+    EXPECT_TRUE(QFileInfo::exists(m_home.filePath(".wall.h6p.lock")));
+    m_out.clear();
+    start({"--no-splash=true", project});
+    EXPECT_TRUE(waitFor("opened:")) << out();
+    m_process.terminate();
+    EXPECT_TRUE(m_process.waitForFinished(20000));
+    EXPECT_THAT(out(), Not(HasSubstr("can only be read")));
+    EXPECT_FALSE(QFileInfo::exists(m_home.filePath(".wall.h6p.lock")));
+}
+
 } // namespace
