@@ -178,6 +178,38 @@ TEST(SolverProgram, GoesOnAfterKillAsIfNothingHadHappened) {
     }
 }
 
+TEST(SolverProgram, RefusesWhatItCannotCalculate) {
+    struct Fault {
+        const char * project;
+        const char * edit; ///< by sed
+        const char * message;
+    };
+    constexpr Fault FAULTS[] = {
+        {"HAMSTAD 2",        "30q",                                             "The file ends inside of element"                          },
+        {"HAMSTAD 2",        "s/benchmark_bm2_402/none/",                       "Material 'Benchmark 2: homogeneous layer' cannot be used."},
+        {"HAMSTAD 2",        "s/<Quantity.*MassDensity/<Quantity>MassDensity/",
+         "Unknown output quantity 'MassDensity'. Did you mean '"                                                                           },
+        {"HAMSTAD 2",        "s/<BCReference>Diffusion o/<BCReference>O/",      "'Outside'"                                                },
+        {"HAMSTAD 1",        "s/name=.Cyclic.>true/name='Cyclic'>false/",
+         "hold from 0 d to 364.958 d, but the simulation goes"                                                                             },
+        {"EN 15026",         "s/HeatMoistureT/HeatMoistureVOCT/",               "the solver does not yet calculate the transport of air"   },
+        {"ISO 10211 case 1", "s/\\(benchmark_iso[^/]*m6\\)/..\\/zero.m6/",      "Parameter LAMBDA (=0) should be >= 1e-20."                },
+    };
+    const std::string directory = scratch("faults");
+    fs::create_directory(directory);
+    for (const Fault & fault : FAULTS) {
+        const Result result = shell("cp examples/validation/*.ccd '" + directory +
+                                    "'; sed 's/LAMBDA  *=.*/LAMBDA = 0 W\\/mK/' "
+                                    "DB_materials/benchmark_iso10211_column_421.m6 >'" +
+                                    std::string(HYG_BINARY_DIR) + "/zero.m6'; sed -e \"" + fault.edit +
+                                    "\" 'examples/validation/" + fault.project + ".h6p' >'" + directory +
+                                    "/case.h6p'; HygrionSolver.exe --test-init '" + directory + "/case.h6p'");
+        EXPECT_EQ(result.exitCode, 1) << fault.edit << result.out;
+        EXPECT_THAT(result.out + result.err, HasSubstr(fault.message)) << fault.edit;
+    }
+    fs::remove(HYG_BINARY_DIR "/zero.m6");
+}
+
 TEST(Results, AreListedDescribedAndExported) {
     const std::string directory = scratch("results");
     ASSERT_EQ(shell("HygrionSolver.exe --output-dir='" + directory + "' " + SHORT).exitCode, 0);
