@@ -163,6 +163,12 @@ void ModelBuilder::readIntegratorSettings() {
     const SolverSettings & given = m_project.m_init.m_solverSettings;
     const auto number = [&](Para key) { return given.parameter(key).value(); };
     const auto count = [&](Para key) { return static_cast<int>(std::lround(number(key))); };
+    for (const Para key : {Para::LESBandWidth, Para::PreILUWidth})
+        if (given.m_para.contains(key))
+            KOR::message(text("Parameter '%1' has no effect: band matrices are as wide as the grid asks for, and the "
+                              "incomplete factorisation keeps to the entries of the matrix.",
+                              KeywordList::Keyword(key)),
+                         KOR::MSG_WARNING, "[SOLVER::buildConstruction]");
     IntegratorSettings & settings = m_result.integrator;
     settings.integrator = translated(INTEGRATORS, given.integrator());
     settings.linearSolver = translated(LINEAR_SOLVERS, given.lesSolver());
