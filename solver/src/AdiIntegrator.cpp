@@ -27,10 +27,11 @@ constexpr const char * LOOK_AT_LOADS = "Look at the loads and the material near 
                                        "where a load jumps, and CVODE copes with more.";
 constexpr FailureReason REASONS[] = {
     {SHORT_STEP,          "The error test failed with the smallest step.",
-     "Loosen the tolerances, allow a smaller MinTimeStep or choose CVODE."                                           },
-    {NOT_FINITE,          "The balances gave values that are not finite, also with the smallest step.", LOOK_AT_LOADS},
-    {NOT_FINITE_AT_START, "The balances give values that are not finite at the start.",
-     "Look at the initial conditions and at the loads of the first moment."                                          },
+     "Loosen the tolerances, allow a smaller MinTimeStep or choose CVODE."                                                      },
+    {NOT_FINITE,
+     "The balances gave values that are not finite or impossible temperatures, also with the smallest step.",      LOOK_AT_LOADS},
+    {NOT_FINITE_AT_START, "The balances give values that are not finite or impossible temperatures at the start.",
+     "Look at the initial conditions and at the loads of the first moment."                                                     },
 };
 
 } // namespace

@@ -16,20 +16,21 @@ constexpr const char * LOOK_AT_LOADS = "Look at the loads and the material near 
                                        "where a load jumps.";
 constexpr FailureReason REASONS[] = {
     {CV_TOO_MUCH_WORK,     "Too many steps were needed.",
-     "Loosen the tolerances or look for a load that changes too fast."                                                                                    },
+     "Loosen the tolerances or look for a load that changes too fast."                                                                                               },
     {CV_TOO_MUCH_ACC,      "The tolerances are tighter than the numbers of this machine allow.",
-     "Raise RelTol or the absolute tolerances."                                                                                                           },
+     "Raise RelTol or the absolute tolerances."                                                                                                                      },
     {CV_ERR_FAILURE,       "The error test failed with the smallest step.",
-     "Loosen the tolerances or allow a smaller MinTimeStep."                                                                                              },
-    {CV_CONV_FAILURE,      "The nonlinear equations did not converge with the smallest step.",           LOOK_AT_LOADS                                    },
-    {CV_LSETUP_FAIL,       "The linear system is singular.",                                             LOOK_AT_LOADS                                    },
-    {CV_LSOLVE_FAIL,       "The linear system cannot be solved.",                                        "Choose another linear solver or preconditioner."},
-    {CV_RHSFUNC_FAIL,      "The balances gave values that are not finite.",                              LOOK_AT_LOADS                                    },
-    {CV_FIRST_RHSFUNC_ERR, "The balances give values that are not finite at the start.",
-     "Look at the initial conditions and at the loads of the first moment."                                                                               },
-    {CV_REPTD_RHSFUNC_ERR, "The balances gave values that are not finite, also with the smallest step.", LOOK_AT_LOADS                                    },
-    {CV_UNREC_RHSFUNC_ERR, "The balances gave values that are not finite.",                              LOOK_AT_LOADS                                    },
-    {CV_TOO_CLOSE,         "The end time is too close to the start time.",                               "Choose a later end."                            },
+     "Loosen the tolerances or allow a smaller MinTimeStep."                                                                                                         },
+    {CV_CONV_FAILURE,      "The nonlinear equations did not converge with the smallest step.",                      LOOK_AT_LOADS                                    },
+    {CV_LSETUP_FAIL,       "The linear system is singular.",                                                        LOOK_AT_LOADS                                    },
+    {CV_LSOLVE_FAIL,       "The linear system cannot be solved.",                                                   "Choose another linear solver or preconditioner."},
+    {CV_RHSFUNC_FAIL,      "The balances gave values that are not finite or impossible temperatures.",              LOOK_AT_LOADS                                    },
+    {CV_FIRST_RHSFUNC_ERR, "The balances give values that are not finite or impossible temperatures at the start.",
+     "Look at the initial conditions and at the loads of the first moment."                                                                                          },
+    {CV_REPTD_RHSFUNC_ERR,
+     "The balances gave values that are not finite or impossible temperatures, also with the smallest step.",       LOOK_AT_LOADS                                    },
+    {CV_UNREC_RHSFUNC_ERR, "The balances gave values that are not finite or impossible temperatures.",              LOOK_AT_LOADS                                    },
+    {CV_TOO_CLOSE,         "The end time is too close to the start time.",                                          "Choose a later end."                            },
 };
 
 } // namespace

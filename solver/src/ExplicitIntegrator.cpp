@@ -16,15 +16,16 @@ constexpr const char * USE_IMPLICIT =
     "Explicit integrators need steps in proportion to the square of the cells: choose "
     "CVODE, or larger cells.";
 constexpr FailureReason REASONS[] = {
-    {ARK_TOO_MUCH_WORK,     "Too many steps were needed.",                                                USE_IMPLICIT},
+    {ARK_TOO_MUCH_WORK,     "Too many steps were needed.",                                                           USE_IMPLICIT},
     {ARK_TOO_MUCH_ACC,      "The tolerances are tighter than the numbers of this machine allow.",
-     "Raise RelTol or the absolute tolerances."                                                                       },
-    {ARK_ERR_FAILURE,       "The error test failed with the smallest step.",                              USE_IMPLICIT},
-    {ARK_RHSFUNC_FAIL,      "The balances gave values that are not finite.",                              USE_IMPLICIT},
-    {ARK_FIRST_RHSFUNC_ERR, "The balances give values that are not finite at the start.",
-     "Look at the initial conditions and at the loads of the first moment."                                           },
-    {ARK_REPTD_RHSFUNC_ERR, "The balances gave values that are not finite, also with the smallest step.", USE_IMPLICIT},
-    {ARK_UNREC_RHSFUNC_ERR, "The balances gave values that are not finite.",                              USE_IMPLICIT},
+     "Raise RelTol or the absolute tolerances."                                                                                  },
+    {ARK_ERR_FAILURE,       "The error test failed with the smallest step.",                                         USE_IMPLICIT},
+    {ARK_RHSFUNC_FAIL,      "The balances gave values that are not finite or impossible temperatures.",              USE_IMPLICIT},
+    {ARK_FIRST_RHSFUNC_ERR, "The balances give values that are not finite or impossible temperatures at the start.",
+     "Look at the initial conditions and at the loads of the first moment."                                                      },
+    {ARK_REPTD_RHSFUNC_ERR,
+     "The balances gave values that are not finite or impossible temperatures, also with the smallest step.",        USE_IMPLICIT},
+    {ARK_UNREC_RHSFUNC_ERR, "The balances gave values that are not finite or impossible temperatures.",              USE_IMPLICIT},
 };
 
 /// Euler's method, with Heun's for the error.

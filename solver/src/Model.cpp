@@ -88,7 +88,8 @@ std::vector<double> Model::scales() const {
     return scale;
 }
 
-void Model::evaluateCells(std::span<const double> state) {
+bool Model::evaluateCells(std::span<const double> state) {
+    bool isPossible = true;
     const Thermodynamics thermodynamics{m_input.useReferenceTemperature};
     for (std::size_t c = 0; c < m_cells.size(); ++c) {
         const MaterialTable & table = m_input.materials[m_input.cells[c].material];
@@ -108,11 +109,13 @@ void Model::evaluateCells(std::span<const double> state) {
             if (m_input.useIce)
                 isTransportKnown = freezeCell(c, table, energy) && isTransportKnown;
         }
+        isPossible = isPossible && cell.temperature > LOWEST_TEMPERATURE && cell.temperature < HIGHEST_TEMPERATURE;
         if (!isTransportKnown)
             evaluateTransport(c, table);
         cell.humidity = std::exp(-cell.suction / thermodynamics.kelvin(cell.temperature));
         cell.vaporPressure = cell.humidity * saturationPressure(cell.temperature);
     }
+    return isPossible;
 }
 
 /// \return whether no ice was or is in the cell, so that its conductivities are those of its moisture
@@ -289,7 +292,8 @@ Exchange Model::loadRate(const CellLoad & load, const CellState & cell) const {
 bool Model::rightHandSide(double time, std::span<const double> state, std::span<double> derivative) {
     if (m_input.climate)
         m_input.climate(time, {m_loads, m_cellLoads});
-    evaluateCells(state);
+    if (!evaluateCells(state))
+        return false;
     evaluateFaces();
     evaluateSurfaces();
 

@@ -4,12 +4,17 @@
 
 #include <KOR/Exception.h>
 
+#include <chrono>
+
 using namespace SOLVER;
 using namespace reference;
 
 namespace {
 
 using Extent = std::array<std::uint32_t, 3>;
+using I = integrator_t;
+using L = linearSolver_t;
+using P = preconditioner_t;
 
 /// A block of dense material with a corner of insulation, under rain and air of three surfaces, with a source of heat and
 /// water inside and radiation across it.
@@ -118,9 +123,6 @@ TEST_P(EveryChoice, GivesTheSameStateAndClosesTheBalances) {
     EXPECT_LT(integrator->limitingUnknown(), model.size() + 1);
 }
 
-using I = integrator_t;
-using L = linearSolver_t;
-using P = preconditioner_t;
 INSTANTIATE_TEST_SUITE_P(
     Integrator, EveryChoice,
     testing::Combine(
@@ -145,6 +147,45 @@ INSTANTIATE_TEST_SUITE_P(
                                                            : std::get<1>(row.param)[1] > 1 ? "In2D"
                                                                                            : "In1D");
     });
+
+/// Numbers that are none and temperatures that no construction has end a calculation at once, with the reason.
+TEST(Integrator, StopsAtImpossibleStates) {
+    struct Fault {
+        const char * name;
+        double flux; ///< [W/m2] from 100 s on
+    };
+    for (const Fault & fault : {
+             Fault{"NaN",      std::nan("")},
+             Fault{"infinite", HUGE_VAL    },
+             Fault{"cold",     -1e7        },
+             Fault{"hot",      1e7         }
+    })
+        for (const I integrator : {I::cvode, I::implicitEuler, I::explicitEuler, I::rungeKutta, I::adi}) {
+            ModelInput input = block({5, 1, 1});
+            input.climate = [&fault, ofAll = input.climate](double time, ModelInput::Loads loads) {
+                ofAll(time, loads);
+                loads.surfaces[0].heatFlux = time > 100 ? fault.flux : 0;
+            };
+            Model model(input);
+            IntegratorSettings settings;
+            settings.integrator = integrator;
+            const auto running = makeIntegrator(model, settings, 0, model.initialState());
+            const auto start = std::chrono::steady_clock::now();
+            try {
+                running->advance(1e5);
+                ADD_FAILURE() << fault.name << " went on to " << running->time();
+            } catch (const KOR::Exception & ex) {
+                // What is finite may also show as a step that cannot be made small enough.
+                EXPECT_TRUE(
+                    ex.message().find("not finite or impossible temperatures") != std::string::npos ||
+                    (std::isfinite(fault.flux) && ex.message().find("with the smallest step") != std::string::npos))
+                    << fault.name << ": " << ex.message();
+            }
+            EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+            EXPECT_GT(running->time(), 50);
+            EXPECT_LT(running->time(), 2000);
+        }
+}
 
 /// The error of alternating directions falls with the tolerance, in proportion or faster.
 TEST(AdiIntegrator, FollowsItsTolerance) {

@@ -103,8 +103,6 @@ TEST(Model, BalancesOfWaterAndHeatClose) {
     ModelInput input = wall(
         widths, {loadBearing(), insulation()}, [](double x) { return x < 0.1 ? 0u : 1u; }, 283,
         [](std::uint32_t) { return suctionAt(0.8); });
-    // The surfaces' fluxes are integrated by cells of their own kind: two more unknown pairs would blur the test,
-    // so the mean of begin and end of small steps is taken.
     input.climate = [](double time, ModelInput::Loads loads) {
         const double angle = time / 86400 * 6.283185307;
         loads.surfaces[0] = {.heatTransfer = 17,
@@ -117,42 +115,22 @@ TEST(Model, BalancesOfWaterAndHeatClose) {
         loads.surfaces[1] = {.heatTransfer = 8, .airTemperature = 293, .vaporTransfer = 2.5e-8, .vaporPressure = 1300};
     };
     Model model(input);
-    IntegratorSettings settings;
-    settings.relativeTolerance = 1e-7;
-    CvodeIntegrator integrator(model, settings, 0, model.initialState());
-    std::vector<double> derivative(model.size());
+    CvodeIntegrator integrator(model, {}, 0, model.initialState());
+    integrator.advance(2 * 86400);
     double water = 0;
     double heat = 0;
     double exchanged = 0;
-    const double waterBefore = total(model, integrator.state(), 1);
-    const double heatBefore = total(model, integrator.state(), 0);
-    const auto inflow = [&](double & waterFlux, double & heatFlux) {
-        model.rightHandSide(integrator.time(), integrator.state(), derivative);
-        waterFlux = heatFlux = 0;
-        for (const SurfaceState & s : model.surfaceStates()) {
-            waterFlux += s.vaporFlux + s.liquidFlux;
-            heatFlux += s.conduction + s.enthalpyFlux;
-        }
-    };
-    double w0 = 0;
-    double h0 = 0;
-    inflow(w0, h0);
-    while (integrator.time() < 2 * 86400) {
-        const double before = integrator.time();
-        integrator.step(std::min(2 * 86400.0, before + 60));
-        double w1 = 0;
-        double h1 = 0;
-        inflow(w1, h1);
-        const double dt = integrator.time() - before;
-        water += dt * (w0 + w1) / 2;
-        heat += dt * (h0 + h1) / 2;
-        exchanged += dt * std::fabs(w0 + w1) / 2;
-        w0 = w1;
-        h0 = h1;
+    for (const Exchange & exchange : integrator.exchanged()) {
+        water += exchange.water;
+        heat += exchange.heat;
+        exchanged += std::fabs(exchange.water);
     }
     EXPECT_GT(exchanged, 0.3);
-    EXPECT_NEAR(total(model, integrator.state(), 1) - waterBefore, water, 1e-4 * exchanged);
-    EXPECT_NEAR(total(model, integrator.state(), 0) - heatBefore, heat, 1e-3 * std::fabs(heat));
+    const std::vector<double> start = model.initialState();
+    EXPECT_NEAR(total(model, integrator.state(), 1) - total(model, start, 1), water, 1e-9 * exchanged);
+    EXPECT_NEAR(total(model, integrator.state(), 0) - total(model, start, 0), heat, 1e-9 * std::fabs(heat));
+    std::vector<double> derivative(model.size());
+    model.rightHandSide(integrator.time(), integrator.state(), derivative);
     EXPECT_GT(model.surfaceStates()[0].runoff, 0); // more rain than the dense material takes
 }
 
@@ -243,20 +221,9 @@ TEST(Model, IsOfSecondOrderInSpace) {
     EXPECT_GT(order, 1.7);
 }
 
-TEST(Model, ReportsStatesThatAreNotFinite) {
+TEST(Model, NeedsCellsWithAVolume) {
     ModelInput input = wall(
         {0.1, 0.1}, {loadBearing()}, [](double) { return 0u; }, 293, [](std::uint32_t) { return 1e7; });
-    input.climate = [](double time, ModelInput::Loads loads) {
-        loads.surfaces[0] = {.heatTransfer = time > 100 ? std::nan("") : 10, .airTemperature = 293};
-    };
-    Model model(input);
-    CvodeIntegrator integrator(model, {}, 0, model.initialState());
-    try {
-        integrator.advance(1e5);
-        ADD_FAILURE() << "went on with NaN";
-    } catch (const KOR::Exception & ex) {
-        EXPECT_NE(ex.message().find("not finite"), std::string::npos) << ex.message();
-    }
     input.cells[0].volume = 0;
     EXPECT_THROW(Model{input}, KOR::Exception);
 }

@@ -95,7 +95,8 @@ public:
     /// Typical size of each unknown's change: energy of 1 K [J/m3], 1 kg/m3 or a thousandth of saturation.
     std::vector<double> scales() const;
 
-    /// Time derivatives of the state. \return false when the state or a flux is not finite (nothing is thrown).
+    /// Time derivatives of the state. \return false when the state or a flux is not finite or a temperature impossible
+    /// (nothing is thrown).
     bool rightHandSide(double time, std::span<const double> state, std::span<double> derivative);
 
     /// Neighbours of each cell in the sense of the Jacobian, itself included, ascending.
@@ -133,7 +134,8 @@ public:
     std::span<CellLoad> cellLoads() { return m_cellLoads; }
 
 private:
-    void evaluateCells(std::span<const double> state);
+    /// \return whether all temperatures are possible ones
+    bool evaluateCells(std::span<const double> state);
     void evaluateFaces();
     void evaluateSurfaces();
     void evaluateRadiation();

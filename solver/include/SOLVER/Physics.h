@@ -16,6 +16,9 @@ inline constexpr double H_EVAPORATION = 2.5e6;          ///< heat of evaporation
 inline constexpr double GRAVITY = 9.81;                 ///< [m/s2]
 inline constexpr double STEFAN_BOLTZMANN = 5.670374e-8; ///< [W/m2K4]
 
+/// No construction is colder or hotter [K]: a cell that is, is a fault of its loads or of a step.
+inline constexpr double LOWEST_TEMPERATURE = 100, HIGHEST_TEMPERATURE = 1000;
+
 inline constexpr double H_FUSION = 3.3343e5;   ///< heat of fusion at T_ZERO [J/kg], IAPWS R10-06
 inline constexpr double C_ICE = 2097;          ///< specific heat of ice at T_ZERO [J/kgK], IAPWS R10-06
 inline constexpr double RHO_ICE = 916.7;       ///< density of ice at T_ZERO [kg/m3], IAPWS R10-06
