@@ -451,7 +451,7 @@ void HygMainWindow::retranslate() {
     m_ui->historyDock->toggleViewAction()->setText(tr("&History"));
     m_ui->historyDock->toggleViewAction()->setStatusTip(tr("Show or hide the changes that can be taken back"));
     if (auto * history = m_ui->historyDock->findChild<QUndoView *>()) {
-        history->setEmptyLabel(tr("Project as it was opened"));
+        history->setEmptyLabel(tr("As opened"));
         history->setAccessibleName(m_ui->historyDock->windowTitle());
         history->setToolTip(tr("Choose a line to go back or forth to that state"));
     }

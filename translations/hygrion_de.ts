@@ -1154,10 +1154,6 @@
         <translation>Zeigt oder verbirgt die Änderungen, die zurückgenommen werden können</translation>
     </message>
     <message>
-        <source>Project as it was opened</source>
-        <translation>Projekt, wie es geöffnet wurde</translation>
-    </message>
-    <message>
         <source>Choose a line to go back or forth to that state</source>
         <translation>Eine Zeile wählen, um zu diesem Stand zurück- oder vorzugehen</translation>
     </message>
@@ -1204,6 +1200,10 @@
     <message>
         <source>Solution</source>
         <translation>Lösung</translation>
+    </message>
+    <message>
+        <source>As opened</source>
+        <translation>Wie geöffnet</translation>
     </message>
 </context>
 <context>
