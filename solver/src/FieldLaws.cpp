@@ -123,8 +123,8 @@ using Flags = Names<Flag>;
 
 struct Row {
     Type type;
-    FieldLaw::Apply apply;
     FieldLaw::share_t share;
+    FieldLaw::Apply apply;
     Quantities required, optional;
     Parameters needed, used;
     Flags flags;
@@ -134,17 +134,17 @@ struct Row {
 using enum FieldCond::para_t;
 
 // clang-format off
-//  type                    law               share              climate needed, optional; parameters needed, used; flags; HeatingCooling
+//  type                    share              law               climate needed, optional; parameters needed, used; flags; HeatingCooling
 const Row ROWS[] = {
-    {Type::EnergySource,     energySource,     FieldLaw::DENSITY, {Quantity::EnergySource}, {Quantity::Power, Quantity::Percentage}, {}, {LimitT, LimitDeltaT}, {Flag::UseSource}, true},
-    {Type::WaterSource,      waterSource,      FieldLaw::DENSITY, {Quantity::WaterSource}, {Quantity::MassFlowRate, Quantity::Temperature, Quantity::Percentage}, {}, {MaxWaterContent, MinWaterContent}, {Flag::UseSource}, false},
-    {Type::AirChange,        airChange,        FieldLaw::DENSITY, {Quantity::FluidChangeRate, Quantity::Temperature}, {Quantity::FluidFlowRate, Quantity::RelativeHumidity, Quantity::VaporPressure, Quantity::Percentage}, {}, {AirPressure}, {Flag::UseFlowRate}, false},
-    {Type::ConvectiveSource, convectiveSource, FieldLaw::LAYER,   {Quantity::Temperature, Quantity::RelativeHumidity}, {Quantity::VaporPressure, Quantity::Percentage}, {ConvectiveSourcekCL}, {ConvectiveSourceHeight, ConvectiveSourcePressure, AirPressure, MaxWaterContent}, {}, false},
-    {Type::RainSource,       rainSource,       FieldLaw::LAYER,   {Quantity::RainFluxNormal}, {Quantity::Temperature, Quantity::Percentage}, {RainFraction}, {MaxWaterContent}, {}, false},
-    {Type::GroundWaterFlow,  groundWaterFlow,  FieldLaw::FLOW,    {Quantity::Temperature}, {Quantity::MassFlowRate, Quantity::FluidFlowRate, Quantity::Velocity, Quantity::Percentage}, {}, {}, {Flag::UseFlowRate}, false},
-    {Type::HeatExchanger,    heatExchanger,    FieldLaw::TOTAL,   {Quantity::Temperature}, {Quantity::MassFlowRate, Quantity::FluidFlowRate, Quantity::Percentage}, {HeatTransferCoefficient}, {}, {}, true},
+    {Type::EnergySource,     FieldLaw::DENSITY, energySource,     {Quantity::EnergySource}, {Quantity::Power, Quantity::Percentage}, {}, {LimitT, LimitDeltaT}, {Flag::UseSource}, true},
+    {Type::WaterSource,      FieldLaw::DENSITY, waterSource,      {Quantity::WaterSource}, {Quantity::MassFlowRate, Quantity::Temperature, Quantity::Percentage}, {}, {MaxWaterContent, MinWaterContent}, {Flag::UseSource}, false},
+    {Type::AirChange,        FieldLaw::DENSITY, airChange,        {Quantity::FluidChangeRate, Quantity::Temperature}, {Quantity::FluidFlowRate, Quantity::RelativeHumidity, Quantity::VaporPressure, Quantity::Percentage}, {}, {AirPressure}, {Flag::UseFlowRate}, false},
+    {Type::ConvectiveSource, FieldLaw::LAYER,   convectiveSource, {Quantity::Temperature, Quantity::RelativeHumidity}, {Quantity::VaporPressure, Quantity::Percentage}, {ConvectiveSourcekCL}, {ConvectiveSourceHeight, ConvectiveSourcePressure, AirPressure, MaxWaterContent}, {}, false},
+    {Type::RainSource,       FieldLaw::LAYER,   rainSource,       {Quantity::RainFluxNormal}, {Quantity::Temperature, Quantity::Percentage}, {RainFraction}, {MaxWaterContent}, {}, false},
+    {Type::GroundWaterFlow,  FieldLaw::FLOW,    groundWaterFlow,  {Quantity::Temperature}, {Quantity::MassFlowRate, Quantity::FluidFlowRate, Quantity::Velocity, Quantity::Percentage}, {}, {}, {Flag::UseFlowRate}, false},
+    {Type::HeatExchanger,    FieldLaw::TOTAL,   heatExchanger,    {Quantity::Temperature}, {Quantity::MassFlowRate, Quantity::FluidFlowRate, Quantity::Percentage}, {HeatTransferCoefficient}, {}, {}, true},
 };
-const Row CAVITY = {Type::LongWaveRadiation, nullptr, FieldLaw::DENSITY, {}, {}, {}, {LeftEmissionCoefficient, RightEmissionCoefficient, BottomEmissionCoefficient, TopEmissionCoefficient, BackEmissionCoefficient, FrontEmissionCoefficient},
+const Row CAVITY = {Type::LongWaveRadiation, FieldLaw::DENSITY, nullptr, {}, {}, {}, {LeftEmissionCoefficient, RightEmissionCoefficient, BottomEmissionCoefficient, TopEmissionCoefficient, BackEmissionCoefficient, FrontEmissionCoefficient},
                     {Flag::LongWaveRadiationX, Flag::LongWaveRadiationY, Flag::LongWaveRadiationZ}, false};
 // clang-format on
 
@@ -198,12 +198,11 @@ void requireClimate(const Row & row, const FieldCond & condition, bool hasMoistu
         requireQuantity(condition, quantity, reason, WHERE);
     };
     for (const Quantity quantity : row.required) {
+        const bool isOfInterface = quantity == Quantity::RainFluxNormal && !condition.m_otherInterfaceReference.empty();
+        if (isOfInterface || quantity == Quantity::RelativeHumidity)
+            continue; // humidity: see below
         if (total && quantity == total->density)
             require(total->total, text(", which flag '%1' asks for", KeywordList::Keyword(total->flag)));
-        else if (quantity == Quantity::RainFluxNormal && !condition.m_otherInterfaceReference.empty())
-            continue; // of the interface
-        else if (quantity == Quantity::RelativeHumidity)
-            continue;
         else
             require(quantity);
     }

@@ -360,6 +360,9 @@ struct Condensation {
     double swing; ///< of the vapour pressure over a day
     long steps;   ///< at most
 };
+void PrintTo(const Condensation & row, std::ostream * out) {
+    *out << row.name;
+}
 class CondensationOn : public testing::TestWithParam<Condensation> {};
 
 /// Vapour that condenses for two months on a surface that cannot take it: water runs off, the steps stay long.
