@@ -154,7 +154,9 @@ void ModelBuilder::makeCavityRadiation(const FieldCond & condition, const Range 
         {Para::BackEmissionCoefficient,   Para::FrontEmissionCoefficient},
     };
     checkCavityRadiation(condition);
-    const auto [first, last] = corners(range);
+    const std::array<Index, 2> ends = corners(range);
+    const Index & first = ends[0];
+    const Index & last = ends[1];
     bool hasDirection = false;
     for (std::size_t d = 0; d < 3; ++d) {
         if (!condition.m_flag.isEnabled(FLAGS[d]))
