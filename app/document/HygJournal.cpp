@@ -232,9 +232,11 @@ std::vector<HygJournal::Entry> HygJournal::orphans(const QString & directory, co
             lockInfo.lastModified().secsTo(QDateTime::currentDateTime()) > EMPTY_LOCK_STALE_S)
             QFile::remove(lockOf(file));                       // its maker was killed over it
         const std::unique_ptr<QLockFile> lock = lockFor(file); // removes the file when it goes out of scope
-        if (!lock->tryLock(0) || !QFileInfo::exists(file))
-            continue; // its editor lives, or left nothing
+        if (!lock->tryLock(0))
+            continue; // its editor lives
         KOR::removeLeftovers(file.toStdString());
+        if (!QFileInfo::exists(file))
+            continue; // it was killed before it had written anything
         try {
             const Entry entry = parseHead(KOR::readFileHead(file.toStdString(), HEAD_SIZE), file).second;
             const bool isTooOld = entry.journalDate.daysTo(QDateTime::currentDateTime()) > MAX_AGE_DAYS;

@@ -44,8 +44,11 @@ int editUntilKilled(const char * mode, const char * folder) {
 
 namespace {
 
-constexpr int EDIT_ROUNDS = 20;
-constexpr int SAVE_ROUNDS = 30;
+/// The environment may ask for more.
+int rounds(const char * variable, int standard) {
+    const int wanted = qEnvironmentVariableIntValue(variable);
+    return wanted > 0 ? wanted : standard;
+}
 
 class Recovery : public EditedProject {
 protected:
@@ -85,7 +88,7 @@ TEST_F(Recovery, AnEditorKilledWhileEditingLosesAtMostTwoSeconds) {
     ASSERT_TRUE(m_projects.createProject(file));
     m_projects.closeProject();
     qint64 worst = 0;
-    for (int round = 0; round < EDIT_ROUNDS; ++round) {
+    for (int round = 0; round < rounds("HYG_TEST_EDIT_ROUNDS", 20); ++round) {
         SCOPED_TRACE(round);
         const auto changes = workOfAKilledEditor("edit", std::uniform_int_distribution(0, 1500)(m_random));
         const std::vector<HygJournal::Entry> entries = HygJournal::orphans(journals(), file);
@@ -120,7 +123,7 @@ TEST_F(Recovery, AnEditorKilledWhileSavingLeavesTheOldFileOrTheNew) {
     const QString file = path("wall.h6p");
     ASSERT_TRUE(m_projects.createProject(file));
     m_projects.closeProject();
-    for (int round = 0; round < SAVE_ROUNDS; ++round) {
+    for (int round = 0; round < rounds("HYG_TEST_SAVE_ROUNDS", 30); ++round) {
         SCOPED_TRACE(round);
         const auto changes = workOfAKilledEditor("save", std::uniform_int_distribution(0, 60)(m_random));
         const int found = numberIn(description(file));
