@@ -124,6 +124,7 @@ struct LinearCallbacks {
                 return RECOVERABLE;
             *jcur = SUNTRUE;
         }
+        CVodeSetEpsLin(system(data).m_cvode, system(data).m_coefficient * matrix.residualShare(gamma));
         return matrix.factorise(gamma) ? 0 : RECOVERABLE;
     }
 
@@ -140,7 +141,8 @@ struct LinearCallbacks {
 };
 
 LinearSystem::LinearSystem(const SundialsState & state, const IntegratorSettings & settings, void * cvode)
-    : m_matrix(state.model(), settings, state.context()), m_solver(makeSolver(state, settings)) {
+    : m_matrix(state.model(), settings, state.context()), m_cvode(cvode), m_coefficient(settings.iterativeCoefficient),
+      m_solver(makeSolver(state, settings)) {
     if (!m_solver)
         throw Exception("Not enough memory for the linear solver.", "[LinearSystem::LinearSystem]");
     attached(CVodeSetLinearSolver(cvode, m_solver.get(), nullptr));

@@ -32,7 +32,8 @@ private:
     SUNLinearSolver makeSolver(const SundialsState & state, const IntegratorSettings & settings);
 
     StepMatrix m_matrix;
-    double m_gamma = 0; ///< of the step
+    void * m_cvode;
+    double m_coefficient; ///< of the linear residual, see IntegratorSettings
     std::unique_ptr<std::remove_pointer_t<SUNLinearSolver>, FreeSolver> m_solver;
 
     // What CVODE and the linear solvers call.

@@ -13,14 +13,25 @@ using KOR::Exception;
 
 namespace {
 
-/// Up to this many unknowns a sparse direct solve beats the iterative ones in two dimensions (measured).
+/// Up to this many unknowns a sparse direct solve beats the iterative ones (measured).
 constexpr std::size_t SPARSE_DIRECT_LIMIT = 2000;
 
+/// Directions in which cells have neighbours.
+int dimensions(const Model & model) {
+    std::array<bool, 3> has{};
+    for (const ModelInput::Face & face : model.input().faces)
+        has[static_cast<std::size_t>(face.direction)] = true;
+    return static_cast<int>(std::count(has.begin(), has.end(), true));
+}
+
 linearSolver_t chosen(linearSolver_t asked, const Model & model, bool isOneDimensional) {
-    if (asked == linearSolver_t::automatic)
-        return isOneDimensional                      ? linearSolver_t::blockTridiagonal
-               : model.size() <= SPARSE_DIRECT_LIMIT ? linearSolver_t::sparse
-                                                     : linearSolver_t::gmres;
+    if (asked == linearSolver_t::automatic) {
+        if (isOneDimensional)
+            return linearSolver_t::blockTridiagonal;
+        // Heat goes for steady states, with long steps that incomplete factors know little about.
+        const bool isPlaneHeat = model.input().module == module_t::heat && dimensions(model) <= 2;
+        return isPlaneHeat || model.size() <= SPARSE_DIRECT_LIMIT ? linearSolver_t::sparse : linearSolver_t::gmres;
+    }
     if (asked == linearSolver_t::blockTridiagonal && !isOneDimensional)
         throw Exception("The block-tridiagonal solver is for one-dimensional constructions; choose another one.",
                         "[StepMatrix::StepMatrix]");
@@ -69,7 +80,25 @@ std::unique_ptr<Preconditioner> StepMatrix::makePreconditioner(const IntegratorS
 bool StepMatrix::build(double time, std::span<const double> state, std::span<const double> derivative) {
     ++m_jacobianCount;
     const std::size_t size = m_model.size();
-    return m_builder.build(time, state.first(size), derivative.first(size), m_jacobian, m_exchange);
+    if (!m_builder.build(time, state.first(size), derivative.first(size), m_jacobian, m_exchange))
+        return false;
+    const std::size_t n = m_model.unknowns();
+    std::vector<double> rates(m_model.cellCount(), 0.0);
+    for (std::size_t c = 0; c < rates.size(); ++c)
+        for (std::size_t u = 0; u < n; ++u)
+            rates[c] = std::max(rates[c], std::fabs(m_jacobian.block(m_jacobian.diagonal(c))[u * (n + 1)]));
+    const auto high = rates.begin() + static_cast<std::ptrdiff_t>(9 * rates.size() / 10);
+    std::nth_element(rates.begin(), high, rates.end());
+    m_cellRate = *high;
+    return true;
+}
+
+double StepMatrix::residualShare(double gamma) const {
+    constexpr double LEAST = 1e-3;
+    if (m_model.input().module == module_t::heat) // long steps to steady states, bridges of metal
+        return LEAST;
+    constexpr double HARMLESS = 20; // gamma times rate up to which incomplete factors are good (measured)
+    return std::clamp(HARMLESS / std::max(std::fabs(gamma) * m_cellRate, HARMLESS), LEAST, 1.0);
 }
 
 bool StepMatrix::factorise(double gamma) {

@@ -36,6 +36,11 @@ public:
     /// jv = J v; extended.
     void multiply(std::span<const double> v, std::span<double> jv) const;
 
+    /// By how much smaller residuals must be than errors at step size \p gamma: incomplete factors leave smooth errors in
+    /// the solution that hardly show in the residual, the more the further a step reaches beyond a cell. Such noise would
+    /// keep the steps short.
+    double residualShare(double gamma) const;
+
     long jacobianCount() const { return m_jacobianCount; }
     long jacobianCost() const { return static_cast<long>(m_builder.cost()); } ///< right-hand sides of one build
     /// The unknown with the largest residual, relative to its scale, of the last solve.
@@ -53,6 +58,7 @@ private:
     std::unique_ptr<Preconditioner> m_preconditioner; ///< null for none
     double m_gamma = 0;                               ///< of the last factorisation
     long m_jacobianCount = 0;
+    double m_cellRate = 0;                      ///< fastest rate in a cell, which a tenth of the cells exceed [1/s]
     mutable std::vector<double> m_lastResidual; ///< for the story of a failure
 };
 
