@@ -97,7 +97,7 @@ double StepMatrix::residualShare(double gamma) const {
     constexpr double LEAST = 1e-3;
     if (m_model.input().module == module_t::heat) // long steps to steady states, bridges of metal
         return LEAST;
-    constexpr double HARMLESS = 20; // gamma times rate up to which incomplete factors are good (measured)
+    constexpr double HARMLESS = 200; // gamma times rate up to which incomplete factors are good (measured)
     return std::clamp(HARMLESS / std::max(std::fabs(gamma) * m_cellRate, HARMLESS), LEAST, 1.0);
 }
 
