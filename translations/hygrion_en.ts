@@ -62,4 +62,52 @@
         </translation>
     </message>
 </context>
+<context>
+    <name>HygHintBar</name>
+    <message numerus="yes">
+        <source>%n cells have no material.</source>
+        <translation>
+            <numerusform>%n cell has no material.</numerusform>
+            <numerusform>%n cells have no material.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n cells have no material; they are open air.</source>
+        <translation>
+            <numerusform>%n cell has no material; it is open air.</numerusform>
+            <numerusform>%n cells have no material; they are open air.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n cells have a material that the project does not define.</source>
+        <translation>
+            <numerusform>%n cell has a material that the project does not define.</numerusform>
+            <numerusform>%n cells have a material that the project does not define.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Materials lie upon one another in %n cells; the last assigned counts.</source>
+        <translation>
+            <numerusform>Materials lie upon one another in %n cell; the last assigned counts.</numerusform>
+            <numerusform>Materials lie upon one another in %n cells; the last assigned counts.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n faces to open air without interface.</source>
+        <translation>
+            <numerusform>%1: %n face to open air without interface.</numerusform>
+            <numerusform>%1: %n faces to open air without interface.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>HygLayerPanel</name>
+    <message numerus="yes">
+        <source>%n layers, %1 in all</source>
+        <translation>
+            <numerusform>%n layer, %1 in all</numerusform>
+            <numerusform>%n layers, %1 in all</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>

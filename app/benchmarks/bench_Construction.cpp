@@ -8,6 +8,7 @@
 #include <KOR/FileIO.h>
 #include <KOR/MessageHandler.h>
 
+#include <QPixmap>
 #include <QTemporaryDir>
 #include <QUndoStack>
 
@@ -77,7 +78,9 @@ private:
 constexpr QSize WINDOW(1600, 1000);
 
 void paint(HygConstructionView & view) {
-    view.canvas().viewport()->repaint();
+    static QPixmap frame(WINDOW);
+    QCoreApplication::processEvents(); // layouts
+    view.canvas().viewport()->render(&frame);
 }
 
 /// A frame while the drawing is moved: everything is drawn anew.

@@ -25,7 +25,7 @@ constexpr double MARGIN = 24;           ///< pixels around the construction
 constexpr double LARGEST_CELL = 400;    ///< pixels of the narrowest cell at the largest scale
 constexpr double LARGEST_DRAWING = 5e7; ///< pixels; scroll bars count in int
 constexpr double ZOOM_STEP = 1.25;
-constexpr double STACK_HEIGHT = 340; ///< pixels; a stack of layers need not be higher
+constexpr double STACK_HEIGHT = 420; ///< pixels; a stack of layers need not be higher
 
 struct Dragged {
     type_t type;

@@ -30,11 +30,28 @@ std::string freeName(const std::vector<Interface> & list, const std::string & wa
     return name;
 }
 
-/// What sits on a side at the end of the construction moves to the end after cells have been put there.
-void moveEndSide(Assignments & assignments, std::uint32_t from, std::uint32_t to) {
-    for (Assignment & assignment : assignments.m_list)
-        if (assignment.m_location == location_t::Right && assignment.m_range.right == from)
-            assignment.m_range.left = assignment.m_range.right = to;
+/// Takes out what is on the left and on the right end of the construction.
+std::vector<Assignment> takeSurfaces(const Disc & disc, Assignments & assignments) {
+    const auto end = static_cast<std::uint32_t>(disc.nx() - 1);
+    std::vector<Assignment> surfaces;
+    std::erase_if(assignments.m_list, [&](const Assignment & assignment) {
+        const Range cells = edit::effectiveRange(assignment);
+        const bool isSurface = (assignment.m_location == location_t::Left && cells.left == 0) ||
+                               (assignment.m_location == location_t::Right && cells.right == end);
+        if (isSurface)
+            surfaces.push_back(assignment);
+        return isSurface;
+    });
+    return surfaces;
+}
+
+/// Puts it onto the ends that the construction has now.
+void putSurfaces(const Disc & disc, Assignments & assignments, const std::vector<Assignment> & surfaces) {
+    const auto end = static_cast<std::uint32_t>(disc.nx() - 1);
+    for (Assignment surface : surfaces) {
+        surface.m_range.left = surface.m_range.right = surface.m_location == location_t::Left ? 0 : end;
+        assignments.m_list.push_back(std::move(surface));
+    }
 }
 
 } // namespace
@@ -82,11 +99,10 @@ void HygConstructionEditor::insert(unsigned int dir, std::size_t before, std::si
     const int number = static_cast<int>(count);
     changeGrid(dir == Disc::X ? tr("Insert %n columns", nullptr, number) : tr("Insert %n rows", nullptr, number),
                [&](Disc & disc, Assignments & assignments) {
-                   const std::size_t size = std::as_const(disc).steps(dir).size();
+                   const bool isAtEnd = dir == Disc::X && (before == 0 || before == disc.nx());
+                   const auto surfaces = isAtEnd ? takeSurfaces(disc, assignments) : std::vector<Assignment>();
                    edit::insertSteps(disc, assignments, dir, before, count);
-                   if (dir == Disc::X && before == size)
-                       moveEndSide(assignments, static_cast<std::uint32_t>(size - 1),
-                                   static_cast<std::uint32_t>(size + count - 1));
+                   putSurfaces(disc, assignments, surfaces);
                });
 }
 
@@ -120,21 +136,22 @@ void HygConstructionEditor::mirror(unsigned int dir, std::size_t first, std::siz
 
 void HygConstructionEditor::move(unsigned int dir, std::size_t first, std::size_t last, std::size_t before) {
     changeGrid(tr("Move cells"), [&](Disc & disc, Assignments & assignments) {
-        // The surfaces of the construction stay where they are.
-        const auto end = static_cast<std::uint32_t>(std::as_const(disc).steps(dir).size() - 1);
-        std::vector<Assignment> surfaces;
-        if (dir == Disc::X)
-            std::erase_if(assignments.m_list, [&](const Assignment & assignment) {
-                const Range cells = edit::effectiveRange(assignment);
-                const bool isSurface = (assignment.m_location == location_t::Left && cells.left == 0) ||
-                                       (assignment.m_location == location_t::Right && cells.right == end);
-                if (isSurface)
-                    surfaces.push_back(assignment);
-                return isSurface;
-            });
+        const auto surfaces = dir == Disc::X ? takeSurfaces(disc, assignments) : std::vector<Assignment>();
         edit::moveSteps(disc, assignments, dir, first, last, before);
-        assignments.m_list.insert(assignments.m_list.end(), surfaces.begin(), surfaces.end());
+        putSurfaces(disc, assignments, surfaces);
     });
+}
+
+void HygConstructionEditor::removeLayer(std::size_t first, std::size_t last) {
+    std::vector<Assignment> gone;
+    changeGrid(tr("Remove layer"), [&](Disc & disc, Assignments & assignments) {
+        const auto surfaces = takeSurfaces(disc, assignments);
+        gone = edit::removeSteps(disc, assignments, Disc::X, first, last);
+        putSurfaces(disc, assignments, surfaces);
+    });
+    // The layer's own material goes without saying.
+    std::erase_if(gone, [](const Assignment & assignment) { return assignment.m_type == type_t::Material; });
+    tellGone(gone);
 }
 
 void HygConstructionEditor::setWidth(unsigned int dir, std::size_t first, std::size_t last,
@@ -172,10 +189,7 @@ std::vector<double> HygConstructionEditor::cellsOf(double width, const Disc::Lay
 
 void HygConstructionEditor::addLayer(const NewLayer & layer) {
     attempt([&] {
-        const auto & materials = project().m_materials;
-        const bool isKnown = std::any_of(materials.begin(), materials.end(), [&](const MaterialReference & material) {
-            return material.m_name == layer.material.m_name;
-        });
+        const bool isKnown = hasMaterial(layer.material.m_name);
         const bool isBlank = project().m_assignments.empty() && project().m_disc.nx() == 1;
         auto grid = HygEditing::gridCommand(tr("Add layer"), project(), [&](Disc & disc, Assignments & assignments) {
             // Millimetres keep the digits that the user thinks in.
@@ -188,12 +202,11 @@ void HygConstructionEditor::addLayer(const NewLayer & layer) {
                 KOR::UnitList::instance().convert(KOR::Unit("m"), unit, widths);
             }
             const std::size_t before = std::min(layer.before, disc.nx());
-            const std::size_t size = disc.nx();
+            const auto surfaces = takeSurfaces(disc, assignments);
             disc.modifySteps(Disc::X, isBlank ? 0 : before, isBlank ? 1 : 0, widths, assignments);
             const std::size_t first = isBlank ? 0 : before;
             const std::size_t last = first + widths.size() - 1;
-            if (!isBlank && before == size)
-                moveEndSide(assignments, static_cast<std::uint32_t>(size - 1), static_cast<std::uint32_t>(last));
+            putSurfaces(disc, assignments, surfaces);
             edit::assign(project(), assignments,
                          {
                              type_t::Material,
@@ -369,4 +382,21 @@ void HygConstructionEditor::startDetail(int cells, const KOR::Parameter & width)
         for (KOR::UnitVector * list : {&disc.m_xSteps, &disc.m_ySteps})
             *list = {std::vector<double>(static_cast<std::size_t>(cells), width.ioValue()), width.ioUnit()};
     });
+}
+
+void HygConstructionEditor::assignMaterial(const MaterialReference & material, const std::vector<Range> & ranges) {
+    if (hasMaterial(material.m_name))
+        return assign(type_t::Material, material.m_name, ranges, location_t::Element);
+    attempt([&] {
+        stack().beginMacro(tr("Assign '%1'").arg(QString::fromStdString(material.m_name)));
+        stack().push(new HygUndoAddMaterial(tr("Add material"), material));
+        assign(type_t::Material, material.m_name, ranges, location_t::Element);
+        stack().endMacro();
+    });
+}
+
+bool HygConstructionEditor::hasMaterial(const std::string & name) const {
+    const auto & list = project().m_materials;
+    return std::any_of(list.begin(), list.end(),
+                       [&](const MaterialReference & material) { return material.m_name == name; });
 }

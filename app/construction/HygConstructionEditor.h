@@ -43,6 +43,8 @@ public:
     void split(unsigned int dir, std::size_t first, std::size_t last, std::size_t count);
     void merge(unsigned int dir, std::size_t first, std::size_t last);
     void remove(unsigned int dir, std::size_t first, std::size_t last);
+    /// Takes columns out; what was on the construction's ends stays on its ends.
+    void removeLayer(std::size_t first, std::size_t last);
     void mirror(unsigned int dir, std::size_t first, std::size_t last);
     void move(unsigned int dir, std::size_t first, std::size_t last, std::size_t before);
     /// Gives each of the cells a width.
@@ -59,6 +61,8 @@ public:
 
     void assign(HYGRION::Assignment::type_t type, const std::string & name, const std::vector<HYGRION::Range> & ranges,
                 HYGRION::Assignment::location_t location);
+    /// Adds the material to the project first if it has none of that name.
+    void assignMaterial(const HYGRION::MaterialReference & material, const std::vector<HYGRION::Range> & ranges);
     void unassign(HYGRION::Assignment::type_t type, const std::string & name,
                   const std::vector<HYGRION::Range> & ranges, HYGRION::Assignment::location_t location);
     void removeAssignments(std::vector<std::size_t> indices);
@@ -85,6 +89,7 @@ private:
     void attempt(const std::function<void()> & action);
     void tellGone(const std::vector<HYGRION::Assignment> & gone);
 
+    bool hasMaterial(const std::string & name) const;
     QUndoStack & stack() const;
 
     HygProjectHandler & m_projects;

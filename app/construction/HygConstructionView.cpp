@@ -2,8 +2,16 @@
 
 #include "HygIconEngine.h"
 #include "HygSettings.h"
+#include "construction/HygAssignPanel.h"
+#include "construction/HygAssignmentPanel.h"
+#include "construction/HygConstructionHints.h"
 #include "construction/HygConstructionStart.h"
+#include "construction/HygDiscretizationDialog.h"
 #include "construction/HygGridRuler.h"
+#include "construction/HygLayerModel.h"
+#include "construction/HygLayerPanel.h"
+#include "construction/HygMaterialOffer.h"
+#include "construction/HygNewLayerDialog.h"
 #include "document/HygProjectHandler.h"
 #include "undo/HygModification.h"
 #include "views/HygChipButton.h"
@@ -24,8 +32,10 @@
 #include <QSlider>
 #include <QSplitter>
 #include <QTabWidget>
+#include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
+#include <QUndoStack>
 
 namespace {
 
@@ -50,6 +60,11 @@ constexpr const char * SWITCH_TIPS[] = {
     QT_TRANSLATE_NOOP("HygConstructionView", "Outputs: the cells whose values are written")};
 constexpr const char * SWITCH_NAMES[] = {"showNames",  "showInterfaces", "showContacts",
                                          "showFields", "showInitials",   "showOutputs"};
+constexpr const char * SWITCH_ICONS[] = {"show_names",  "show_interfaces", "show_contacts",
+                                         "show_fields", "show_initials",   "outputs"};
+constexpr const char * PANEL_TEXTS[] = {QT_TRANSLATE_NOOP("HygConstructionView", "Layers"),
+                                        QT_TRANSLATE_NOOP("HygConstructionView", "Assign"),
+                                        QT_TRANSLATE_NOOP("HygConstructionView", "Assignments")};
 static_assert(std::size(SWITCH_TEXTS) == HygConstructionScene::NUM_OVERLAYS);
 
 struct GroupRow {
@@ -65,6 +80,7 @@ constexpr GroupRow GROUPS[] = {
     {"mirror", QT_TRANSLATE_NOOP("HygConstructionView", "Mirror"), "cell_mirror"},
 };
 
+constexpr int HINT_MS = 120;
 constexpr int DETAIL_CELLS = 6;
 constexpr double DETAIL_WIDTH = 100; // mm
 
@@ -106,9 +122,9 @@ const HygConstructionView::ActionRow HygConstructionView::ACTIONS[] = {
      [](HygConstructionView & view) { view.deleteCells(Disc::X); }},
     {"deleteRows", QT_TRANSLATE_NOOP("HygConstructionView", "Delete rows"), QT_TRANSLATE_NOOP("HygConstructionView", "Take the selected rows out; the construction becomes lower"), "cell_delete", "Ctrl+Shift+Del", "delete", NeedsSelection, false,
      [](HygConstructionView & view) { view.deleteCells(Disc::Y); }},
-    {"mirrorColumns", QT_TRANSLATE_NOOP("HygConstructionView", "Mirror left and right"), QT_TRANSLATE_NOOP("HygConstructionView", "Reverse the order of the selected columns, of all without a selection"), "cell_mirror", "Ctrl+H", "mirror", NeedsCells, false,
+    {"mirrorColumns", QT_TRANSLATE_NOOP("HygConstructionView", "Mirror left and right"), QT_TRANSLATE_NOOP("HygConstructionView", "Reverse the order of the selected columns, of all without a selection"), "cell_mirror", "Ctrl+I", "mirror", NeedsCells, false,
      [](HygConstructionView & view) { view.mirrorCells(Disc::X); }},
-    {"mirrorRows", QT_TRANSLATE_NOOP("HygConstructionView", "Mirror top and bottom"), QT_TRANSLATE_NOOP("HygConstructionView", "Reverse the order of the selected rows, of all without a selection"), "cell_mirror", "Ctrl+Shift+H", "mirror", NeedsRows, false,
+    {"mirrorRows", QT_TRANSLATE_NOOP("HygConstructionView", "Mirror top and bottom"), QT_TRANSLATE_NOOP("HygConstructionView", "Reverse the order of the selected rows, of all without a selection"), "cell_mirror", "Ctrl+Shift+I", "mirror", NeedsRows, false,
      [](HygConstructionView & view) { view.mirrorCells(Disc::Y); }},
     {"columnWidth", QT_TRANSLATE_NOOP("HygConstructionView", "Column width ..."), QT_TRANSLATE_NOOP("HygConstructionView", "Set the width of the selected columns (usually 0.1 mm to 1 m)"), "width", "F2", "", NeedsSelection, false,
      [](HygConstructionView & view) { const Range range = view.m_canvas->scene().selection.bounds(); view.askWidth(Qt::Horizontal, range.left, range.right); }},
@@ -145,10 +161,13 @@ const HygConstructionView::ActionRow HygConstructionView::ACTIONS[] = {
 
 HygConstructionView::HygConstructionView(HygProjectHandler * projects, QWidget * parent)
     : QWidget(parent), m_projects(*projects), m_editor(new HygConstructionEditor(*projects, this)),
-      m_canvas(new HygConstructionCanvas(this)), m_start(new HygConstructionStart(m_canvas)),
-      m_tools(new QToolBar(this)), m_splitter(new QSplitter(this)), m_panels(new QTabWidget(this)),
-      m_planeSlider(new QSlider(Qt::Horizontal, this)), m_planeLabel(new QLabel(this)), m_summary(new QLabel(this)),
-      m_message(new HygMessageBar(this)) {
+      m_canvas(new HygConstructionCanvas(this)), m_offer(new HygMaterialOffer(this)),
+      m_assignPanel(new HygAssignPanel(*m_editor, *m_canvas, *m_offer, this)),
+      m_layerPanel(new HygLayerPanel(*m_editor, *m_canvas, *m_offer, this)),
+      m_assignmentPanel(new HygAssignmentPanel(*m_editor, *m_canvas, this)), m_hintBar(new HygHintBar(*m_editor, this)),
+      m_hintTimer(new QTimer(this)), m_start(new HygConstructionStart(m_canvas)), m_tools(new QToolBar(this)),
+      m_splitter(new QSplitter(this)), m_panels(new QTabWidget(this)), m_planeSlider(new QSlider(Qt::Horizontal, this)),
+      m_planeLabel(new QLabel(this)), m_summary(new QLabel(this)), m_message(new HygMessageBar(this)) {
     setObjectName(QStringLiteral("constructionView"));
     auto * layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -161,9 +180,14 @@ HygConstructionView::HygConstructionView(HygProjectHandler * projects, QWidget *
     setUpCanvas();
     m_panels->setObjectName(QStringLiteral("constructionPanels"));
     m_panels->setDocumentMode(true);
+    m_panels->addTab(m_layerPanel, QString());
+    m_panels->addTab(m_assignPanel, QString());
+    m_panels->addTab(m_assignmentPanel, QString());
+    m_panels->setMinimumWidth(280);
     m_splitter->addWidget(m_panels);
     m_splitter->setStretchFactor(0, 1);
     m_splitter->setCollapsible(0, false);
+    m_splitter->setSizes({900, 320});
     retranslate();
 
     connect(m_editor, &HygConstructionEditor::refused, m_message, &HygMessageBar::showMessage);
@@ -244,6 +268,7 @@ void HygConstructionView::setUpCanvas() {
     for (std::size_t n = 0; n < m_switches.size(); ++n) {
         auto * chip = new HygChipButton(area);
         chip->setObjectName(QLatin1String(SWITCH_NAMES[n]));
+        chip->setIcon(HygIconEngine::icon(QLatin1String(SWITCH_ICONS[n])));
         chip->setChecked(m_canvas->scene().overlays[n]);
         connect(chip, &HygChipButton::toggled, this, [this, n](bool on) {
             m_canvas->scene().overlays[n] = on;
@@ -261,6 +286,7 @@ void HygConstructionView::setUpCanvas() {
     bar->addWidget(m_planeSlider);
     layout->addLayout(bar);
     layout->addWidget(m_canvas, 1);
+    layout->addWidget(m_hintBar);
     m_summary->setObjectName(QStringLiteral("selectionSummary"));
     m_summary->setContentsMargins(8, 3, 8, 3);
     layout->addWidget(m_summary);
@@ -276,6 +302,15 @@ void HygConstructionView::setUpCanvas() {
     connect(m_canvas, &HygConstructionCanvas::selectionChanged, this, [this] {
         updateActions();
         updateSummary();
+        m_layerPanel->updateSelection();
+    });
+    connect(m_canvas, &HygConstructionCanvas::selectionChanged, m_assignPanel, &HygAssignPanel::updateSelection);
+    connect(m_layerPanel, &HygLayerPanel::layerRequested, this, &HygConstructionView::addLayer);
+    connect(m_canvas, &HygConstructionCanvas::activated, this, [this](const QPoint & position) {
+        QMenu menu(this);
+        menu.setObjectName(QStringLiteral("assignMenu"));
+        m_assignPanel->fillMenu(menu);
+        menu.exec(position);
     });
     connect(m_canvas, &HygConstructionCanvas::widthRequested, this,
             [this](Qt::Orientation orientation, int first, int last) {
@@ -283,8 +318,7 @@ void HygConstructionView::setUpCanvas() {
             });
     connect(m_canvas, &HygConstructionCanvas::dropped, this,
             [this](int type, const QString & name, const HygConstructionCanvas::Target & target) {
-                m_editor->assign(static_cast<HYGRION::Assignment::type_t>(type), name.toStdString(), target.ranges,
-                                 target.side);
+                m_assignPanel->assign(static_cast<HYGRION::Assignment::type_t>(type), name, target.ranges, target.side);
             });
     connect(m_canvas, &HygConstructionCanvas::menuRequested, this, [this](const QPoint & position) {
         QMenu menu(this);
@@ -294,6 +328,19 @@ void HygConstructionView::setUpCanvas() {
                     menu.addAction(&action(row.name));
         menu.exec(position);
     });
+    m_hintTimer->setSingleShot(true);
+    m_hintTimer->setInterval(HINT_MS);
+    connect(m_hintTimer, &QTimer::timeout, this, &HygConstructionView::updateHints);
+    connect(m_hintBar, &HygHintBar::showRequested, this, [this](const HygConstructionHint & hint) {
+        m_canvas->select(hint.ranges);
+        if (!hint.ranges.empty())
+            m_canvas->ensureVisible(hint.ranges.front());
+    });
+    connect(m_hintBar, &HygHintBar::chooseRequested, this, [this](const HygConstructionHint & hint) {
+        m_canvas->select(hint.ranges);
+        m_panels->setCurrentWidget(m_assignPanel);
+    });
+    connect(m_assignmentPanel, &HygAssignmentPanel::planeRequested, m_planeSlider, &QSlider::setValue);
     connect(m_start, &HygConstructionStart::layerRequested, this, &HygConstructionView::addLayer);
     connect(m_start, &HygConstructionStart::detailRequested, this, &HygConstructionView::startDetail);
 }
@@ -316,6 +363,8 @@ void HygConstructionView::retranslate() {
         m_switches[n]->setToolTip(tr(SWITCH_TIPS[n]));
         m_switches[n]->updateGeometry();
     }
+    for (int n = 0; n < m_panels->count(); ++n)
+        m_panels->setTabText(n, tr(PANEL_TEXTS[n]));
     m_canvas->setAccessibleName(tr("Drawing of the construction"));
     m_planeSlider->setAccessibleName(tr("Stack plane"));
     m_planeSlider->setToolTip(tr("The plane that is shown; Page Up and Page Down go to the next ones"));
@@ -362,6 +411,12 @@ void HygConstructionView::updateScene(bool isNewProject) {
     action("equidistant").setChecked(scene.isEquidistant);
     action("gridLines").setChecked(scene.hasGridLines);
     m_canvas->sceneChanged(isNewProject);
+    m_layerPanel->updateLayers();
+    m_assignPanel->updateDefinitions();
+    m_assignmentPanel->updateAssignments();
+    if (isNewProject)
+        m_hintBar->setHints(scene, {}); // those of the project before
+    m_hintTimer->start();
     m_start->setVisible(scene.isBlank());
     const int planes = scene.project == nullptr ? 1 : static_cast<int>(scene.project->m_disc.nz());
     m_planeSlider->setRange(0, std::max(planes - 1, 0));
@@ -388,9 +443,16 @@ void HygConstructionView::updateActions() {
                                                                   : isSelected && range.bottom < range.top;
         action(row.name).setEnabled(isPossible);
     }
-    action("addLayer").setVisible(false); // for want of a dialog
-    action("discretize").setVisible(false);
-    m_start->findChild<QWidget *>(QStringLiteral("startLayer"))->hide();
+    // In a detail nobody wants layers, in a stack nobody wants rows.
+    const bool isStack = !hasProject || scene.isStack();
+    for (const char * name :
+         {"insertAbove", "insertBelow", "splitRows", "mergeRows", "deleteRows", "mirrorRows", "rowHeight"})
+        action(name).setVisible(!isStack);
+    action("addLayer").setVisible(isStack);
+    if (m_panels->isTabVisible(0) != isStack) {
+        m_panels->setTabVisible(0, isStack);
+        m_panels->setCurrentIndex(isStack ? 0 : 1);
+    }
 }
 
 void HygConstructionView::updateSummary() {
@@ -421,6 +483,17 @@ void HygConstructionView::updateSummary() {
     }
     m_summary->setText(text);
     m_planeLabel->setText(tr("Plane %1 of %2").arg(scene.plane + 1).arg(scene.project->m_disc.nz()));
+}
+
+void HygConstructionView::updateHints() {
+    HygConstructionScene & scene = m_canvas->scene();
+    m_hintBar->setHints(scene, HygConstructionHint::find(scene));
+    scene.marks.clear();
+    for (const HygConstructionHint & hint : m_hintBar->hints())
+        if (hint.isWarning)
+            for (const Range & range : hint.ranges)
+                scene.marks.push_back({range, hint.side});
+    m_canvas->viewport()->update();
 }
 
 void HygConstructionView::insertCells(unsigned int dir, bool isAfter) {
@@ -526,9 +599,42 @@ void HygConstructionView::askWidth(Qt::Orientation orientation, std::size_t firs
     connect(m_widthEdit, &QLineEdit::editingFinished, this, close);
 }
 
-void HygConstructionView::addLayer() {}
+void HygConstructionView::addLayer() {
+    HygNewLayerDialog dialog(*m_offer, m_editor->project(), m_canvas->scene().unit, this);
+    const auto updatePlaces = [this, &dialog] {
+        std::vector<HygNewLayerDialog::Place> places;
+        const auto & layers = m_layerPanel->model().layers();
+        for (int n = 0; n < static_cast<int>(layers.size()); ++n) {
+            const QString name = m_layerPanel->model().index(n, HygLayerModel::MaterialColumn).data().toString();
+            places.push_back(
+                {n == 0 ? tr("Outside, on the left of '%1'").arg(name) : tr("On the left of '%1'").arg(name),
+                 layers[static_cast<std::size_t>(n)].first});
+        }
+        places.push_back(
+            {places.empty() ? tr("First layer") : tr("Inside, on the right"), m_canvas->scene().cells.nx()});
+        dialog.setPlaces(places);
+    };
+    updatePlaces();
+    connect(&dialog, &HygNewLayerDialog::layerWanted, this, [&](const HygConstructionEditor::NewLayer & layer) {
+        m_editor->addLayer(layer);
+        m_canvas->fitAll();
+        updatePlaces();
+    });
+    dialog.exec();
+    m_canvas->setFocus();
+}
 
-void HygConstructionView::discretize() {}
+void HygConstructionView::discretize() {
+    HygDiscretizationDialog dialog(m_canvas->scene(), this);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    QUndoStack & stack = m_projects.undoStack();
+    stack.beginMacro(tr("Automatic discretization"));
+    for (const unsigned int dir : {Disc::X, Disc::Y})
+        if (dialog.isChanged(dir))
+            m_editor->discretize(dir, dialog.layers(dir));
+    stack.endMacro();
+}
 
 void HygConstructionView::startDetail() {
     m_editor->startDetail(DETAIL_CELLS, KOR::Parameter("Width", DETAIL_WIDTH, KOR::Unit("mm")));
@@ -556,17 +662,21 @@ void HygConstructionView::setPlane(int plane) {
         return;
     m_canvas->scene().plane = static_cast<std::uint32_t>(plane);
     m_canvas->sceneChanged();
+    m_hintTimer->start();
     updateSummary();
 }
 
 void HygConstructionView::showEvent(QShowEvent * event) {
     QWidget::showEvent(event);
+    m_offer->start();
     if (m_isOutdated)
         updateScene(m_isNewProject);
 }
 
 void HygConstructionView::changeEvent(QEvent * event) {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange)
+    if (event->type() == QEvent::LanguageChange) {
         retranslate();
+        m_hintTimer->start();
+    }
 }

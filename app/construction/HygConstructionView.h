@@ -11,8 +11,13 @@
 namespace QtExt {
 class ValueEdit;
 }
+class HygAssignPanel;
+class HygAssignmentPanel;
 class HygChipButton;
 class HygConstructionStart;
+class HygHintBar;
+class HygLayerPanel;
+class HygMaterialOffer;
 class HygMessageBar;
 class HygProjectHandler;
 class QLabel;
@@ -20,6 +25,7 @@ class QSlider;
 class QSplitter;
 class QTabWidget;
 class QToolBar;
+class QTimer;
 class QToolButton;
 
 /// The view of the construction: drawing, tools, and the panels that change it.
@@ -47,6 +53,7 @@ private:
     void updateScene(bool isNewProject);
     void updateActions();
     void updateSummary();
+    void updateHints();
     void projectModified(int code, void * data);
     QAction & action(const char * name) const;
 
@@ -70,6 +77,12 @@ private:
     HygProjectHandler & m_projects;
     HygConstructionEditor * m_editor;
     HygConstructionCanvas * m_canvas;
+    HygMaterialOffer * m_offer;
+    HygAssignPanel * m_assignPanel;
+    HygLayerPanel * m_layerPanel;
+    HygAssignmentPanel * m_assignmentPanel;
+    HygHintBar * m_hintBar;
+    QTimer * m_hintTimer; ///< several changes in a row are looked through once
     HygConstructionStart * m_start;
     QToolBar * m_tools;
     QSplitter * m_splitter;

@@ -2,24 +2,32 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 void HygGridAxis::setWidths(const KOR::UnitVector & widths, bool isEquidistant) {
-    const std::vector<double> metres = widths.baseValues();
+    std::vector<double> metres = widths.baseValues();
+    if (metres.empty())
+        metres.push_back(1);
     m_positions.assign(1, 0);
     m_edges.assign(1, 0);
-    m_smallest = metres.empty() ? 1 : metres.front();
+    m_smallest = metres.front();
     for (const double width : metres) {
         m_positions.push_back(m_positions.back() + width);
         // A stack plane may have no width; it is drawn all the same.
         m_edges.push_back(isEquidistant || width <= 0 ? m_edges.back() + 1 : m_positions.back());
         m_smallest = std::min(m_smallest, width);
     }
-    if (metres.empty()) {
-        m_positions.push_back(1);
-        m_edges.push_back(1);
-    }
     if (isEquidistant || m_smallest <= 0)
         m_smallest = 1;
+    m_widths = std::move(metres);
+}
+
+double HygGridAxis::width(std::size_t first, std::size_t last) const {
+    const auto begin = m_widths.begin();
+    const double sum =
+        std::accumulate(begin + static_cast<std::ptrdiff_t>(first), begin + static_cast<std::ptrdiff_t>(last + 1), 0.0);
+    constexpr double PER_METRE = 1e10; // finer is only the rounding of the sum
+    return sum > 1e-7 ? std::round(sum * PER_METRE) / PER_METRE : sum;
 }
 
 std::pair<double, double> HygGridAxis::span(std::size_t first, std::size_t last) const {

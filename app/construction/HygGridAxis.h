@@ -21,7 +21,8 @@ public:
     double length() const { return m_edges.back(); }
     /// Border in front of cell \p i [m].
     double position(std::size_t i) const { return m_positions[i]; }
-    double width(std::size_t first, std::size_t last) const { return m_positions[last + 1] - m_positions[first]; }
+    /// Width of cells together [m]; rounded as far as to hide the rounding of the sum.
+    double width(std::size_t first, std::size_t last) const;
     /// The narrowest cell in drawn units.
     double smallest() const { return m_smallest; }
 
@@ -54,6 +55,7 @@ private:
     bool m_isReversed;
     std::vector<double> m_edges{0, 1};
     std::vector<double> m_positions{0, 1};
+    std::vector<double> m_widths{1}; ///< [m]
     double m_smallest = 1;
     double m_scale = 1;
     double m_origin = 0;

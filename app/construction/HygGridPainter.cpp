@@ -9,6 +9,7 @@
 #include <cmath>
 #include <cstring>
 #include <map>
+#include <optional>
 
 namespace {
 
@@ -243,7 +244,12 @@ void HygGridPainter::drawNames(QPainter & painter, const HygConstructionScene & 
 void HygGridPainter::drawSides(QPainter & painter, const HygConstructionScene & scene) const {
     painter.setRenderHint(QPainter::Antialiasing, false);
     const QRectF reach = m_viewport.adjusted(-8, -8, 8, 8);
-    std::map<std::pair<Assignment::type_t, std::string>, QColor> colours;
+    /// A definition is drawn in its colour and named at its longest line.
+    struct Drawn {
+        QColor colour;
+        QRectF longest;
+    };
+    std::map<std::pair<Assignment::type_t, std::string>, Drawn> definitions;
     for (const Assignment & assignment : scene.project->m_assignments.m_list) {
         if (!assignment.isOnSide() || !scene.overlays[HygConstructionScene::overlayOf(assignment.m_type)])
             continue;
@@ -254,9 +260,10 @@ void HygGridPainter::drawSides(QPainter & painter, const HygConstructionScene & 
         const QRectF area = QRectF(line.p1(), line.p2()).normalized();
         if (line.isNull() || !area.adjusted(-1, -1, 1, 1).intersects(reach))
             continue;
-        const auto place = colours.try_emplace({assignment.m_type, assignment.m_reference});
+        const auto place = definitions.try_emplace({assignment.m_type, assignment.m_reference});
+        Drawn & drawn = place.first->second;
         if (place.second)
-            place.first->second = scene.colourOf(assignment.m_type, assignment.m_reference);
+            drawn.colour = scene.colourOf(assignment.m_type, assignment.m_reference);
         const bool isContact = assignment.m_type != Assignment::type_t::Interface;
         const double thick = isContact ? CONTACT_LINE : INTERFACE_LINE;
         // An interface lies outside of the cells that bear it, a contact condition on their border.
@@ -275,11 +282,53 @@ void HygGridPainter::drawSides(QPainter & painter, const HygConstructionScene & 
                 const double part = std::min(DASH, length - at);
                 painter.fillRect(isUpright ? QRectF(bar.left(), bar.top() + at, thick, part)
                                            : QRectF(bar.left() + at, bar.top(), part, thick),
-                                 place.first->second);
+                                 drawn.colour);
             }
         } else {
-            painter.fillRect(bar, place.first->second);
+            painter.fillRect(bar, drawn.colour);
         }
+        const QRectF seen = bar.intersected(m_viewport);
+        if (std::max(seen.width(), seen.height()) > std::max(drawn.longest.width(), drawn.longest.height()))
+            drawn.longest = seen;
+    }
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QFontMetricsF metrics(painter.font(), painter.device());
+    std::vector<QRectF> taken; // by other names
+    for (const auto & [key, drawn] : definitions) {
+        const QString text = QString::fromStdString(key.second);
+        const bool isUpright = drawn.longest.height() > drawn.longest.width();
+        const double wide = metrics.horizontalAdvance(text) + 12;
+        if (wide > std::max(drawn.longest.width(), drawn.longest.height()))
+            continue;
+        // Upright ones near the upper end, where they do not cover the names of layers; further along where another one is.
+        const QSizeF size = isUpright ? QSizeF(metrics.height(), wide) : QSizeF(wide, metrics.height());
+        const double length = std::max(drawn.longest.width(), drawn.longest.height());
+        const double first = isUpright ? std::min(length / 2, wide / 2 + 16) : length / 2;
+        std::optional<QPointF> middle;
+        for (const double at : {first, length / 4, 3 * length / 4, length - wide / 2}) {
+            QRectF place(QPointF(), size);
+            place.moveCenter(isUpright ? QPointF(drawn.longest.center().x(), drawn.longest.top() + at)
+                                       : QPointF(drawn.longest.left() + at, drawn.longest.center().y()));
+            if (std::none_of(taken.begin(), taken.end(),
+                             [&](const QRectF & other) { return other.intersects(place); })) {
+                taken.push_back(place);
+                middle = place.center();
+                break;
+            }
+        }
+        if (!middle)
+            continue;
+        painter.save();
+        painter.translate(*middle);
+        if (isUpright)
+            painter.rotate(-90);
+        const QRectF plate(-wide / 2, -metrics.height() / 2, wide, metrics.height());
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(drawn.colour);
+        painter.drawRoundedRect(plate, plate.height() / 2, plate.height() / 2);
+        painter.setPen(HygHatching::contrast(drawn.colour));
+        painter.drawText(plate, Qt::AlignCenter, text);
+        painter.restore();
     }
 }
 

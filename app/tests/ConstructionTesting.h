@@ -7,6 +7,7 @@
 #include <KOR/MessageHandler.h>
 
 #include <QAction>
+#include <QDir>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QUndoStack>
@@ -55,10 +56,7 @@ protected:
         return p;
     }
 
-    ConstructionViewTest() {
-        KOR::MessageHandlerRegistry::instance().setMessageHandler(&m_quiet);
-        m_settings.setDefaults();
-    }
+    ConstructionViewTest() { KOR::MessageHandlerRegistry::instance().setMessageHandler(&m_quiet); }
     ~ConstructionViewTest() override { KOR::MessageHandlerRegistry::instance().setMessageHandler(nullptr); }
 
     void open(const HYGRION::Project & project) {
@@ -102,7 +100,15 @@ protected:
         void writeConsole(const std::string &, int, bool) override {}
     } m_quiet;
     QTemporaryDir m_directory;
-    HygSettings m_settings{"KOR", "Hygrion construction test"};
+    /// Nothing is read from or written to the directories of whoever runs the tests.
+    struct Settings : HygSettings {
+        explicit Settings(const QString & directory) : HygSettings("KOR", "Hygrion construction test") {
+            setDefaults();
+            setInstallationDirectory(directory);
+            setDirectory("UserData", directory);
+            QDir(directory).mkpath("DB_materials");
+        }
+    } m_settings{m_directory.path()};
     HygProjectHandler m_projects;
     HygConstructionView m_view{&m_projects};
 };

@@ -1,0 +1,209 @@
+#include "ConstructionTesting.h"
+
+#include "construction/HygConstructionHints.h"
+#include "construction/HygDiscretizationDialog.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSlider>
+#include <QTableView>
+#include <QTableWidget>
+#include <QTimer>
+#include <QToolButton>
+
+#include <numeric>
+
+namespace {
+
+using HYGRION::Assignment;
+using HYGRION::Project;
+using HYGRION::Range;
+using testing::Contains;
+using testing::ElementsAre;
+using Hint = HygConstructionHint;
+
+class HygConstructionChecks : public ConstructionViewTest {
+protected:
+    const std::vector<Hint> & hints() {
+        QTest::qWait(200); // they are looked for when the changes have ended
+        return find<HygHintBar>("hintBar").hints();
+    }
+    void follow(std::size_t index, const QString & target) {
+        emit find<QLabel>(qPrintable(QString("hint%1").arg(index)))
+            .linkActivated(QString("%1:%2").arg(target).arg(index));
+    }
+};
+
+TEST_F(HygConstructionChecks, AWholeWallHasNoHints) {
+    open(wall());
+    EXPECT_TRUE(hints().empty());
+    EXPECT_FALSE(find<QWidget>("hintBar").isVisible());
+}
+
+TEST_F(HygConstructionChecks, HintsShowAndMend) {
+    Project broken = wall();
+    auto & list = broken.m_assignments.m_list;
+    std::erase_if(list,
+                  [](const Assignment & a) { return a.m_reference == "Plaster" || a.m_type == type_t::Interface; });
+    list.emplace_back(type_t::Material, location_t::Element, Range{.left = 5, .right = 5}, "Render");
+    list.emplace_back(type_t::Material, location_t::Element, Range{.left = 7, .right = 7}, "Gone");
+    open(broken);
+    std::map<Hint::kind_t, std::size_t> place;
+    for (std::size_t n = 0; n < hints().size(); ++n)
+        place.emplace(hints()[n].kind, n);
+    ASSERT_EQ(place.size(), 4u);
+    EXPECT_THAT(hints()[place[Hint::UnknownMaterial]].ranges, ElementsAre(Range{.left = 7, .right = 7}));
+    EXPECT_THAT(hints()[place[Hint::NoMaterial]].ranges, ElementsAre(Range{.left = 6, .right = 6}));
+    EXPECT_EQ(hints()[place[Hint::Overlap]].count, 1u);
+
+    follow(place[Hint::NoMaterial], "show");
+    EXPECT_THAT(selected(), ElementsAre(Range{.left = 6, .right = 6}));
+    follow(place[Hint::Overlap], "resolve");
+    EXPECT_THAT(project().m_assignments.m_list,
+                Contains(Assignment(type_t::Material, location_t::Element, Range{.left = 2, .right = 4}, "Brick")));
+    const auto & rest = hints();
+    EXPECT_TRUE(std::none_of(rest.begin(), rest.end(), [](const Hint & hint) { return hint.kind == Hint::Overlap; }));
+    // The left surface gets an interface of the project, the right one the standard climate.
+    for (const auto side : {location_t::Left, location_t::Right}) {
+        const auto & now = hints();
+        const auto hint = std::find_if(now.begin(), now.end(), [&](const Hint & h) { return h.side == side; });
+        ASSERT_NE(hint, now.end());
+        if (side == location_t::Left)
+            follow(static_cast<std::size_t>(hint - now.begin()), "assign.0");
+        else
+            m_view.editor().addStandardInterface(false, hint->ranges, hint->side);
+    }
+    EXPECT_THAT(project().m_assignments.m_list,
+                Contains(Assignment(type_t::Interface, location_t::Left, Range{}, "Outside")));
+    EXPECT_EQ(project().m_conditions.m_interfaces.back().m_name, "Inside 2") << "a name of its own";
+    EXPECT_NO_THROW(project().m_conditions.m_interfaces.back().checkParameters());
+    for (const Hint & hint : hints())
+        EXPECT_NE(hint.kind, Hint::NoInterface);
+    while (stack().canUndo())
+        stack().undo();
+    EXPECT_EQ(project().m_assignments, broken.m_assignments);
+}
+
+TEST(HygConstructionHint, SurfacesToOpenAirNeedAnInterface) {
+    // A reveal: the lower right quarter of 4 x 4 cells is open air.
+    Project p;
+    p.m_disc.m_xSteps.m_data.assign(4, 0.1);
+    p.m_disc.m_ySteps.m_data.assign(4, 0.1);
+    p.m_materials.emplace_back().m_name = "A";
+    using enum Assignment::type_t;
+    using enum Assignment::location_t;
+    p.m_assignments.m_list = {
+        {Material, Element, {.right = 1, .top = 3},                         "A"},
+        {Material, Element, {.left = 2, .bottom = 2, .right = 3, .top = 3}, "A"}
+    };
+    HygConstructionScene scene;
+    scene.project = &p;
+    scene.update();
+    const auto open = [&] {
+        std::vector<std::pair<Assignment::location_t, Range>> found;
+        for (const Hint & hint : Hint::find(scene))
+            if (hint.kind == Hint::NoInterface)
+                for (const Range & range : hint.ranges)
+                    found.emplace_back(hint.side, range);
+        return found;
+    };
+    EXPECT_THAT(open(), ElementsAre(std::pair(Right, Range{.left = 1, .right = 1, .top = 1}),
+                                    std::pair(Bottom, Range{.left = 2, .bottom = 2, .right = 3, .top = 2})));
+    // One of them assigned from the side of the air.
+    p.m_assignments.m_list.push_back({
+        Interface, Left, {.left = 2, .right = 2, .top = 1},
+          "S"
+    });
+    p.m_assignments.m_list.push_back({
+        Interface, Bottom, {.left = 2, .bottom = 2, .right = 2, .top = 2},
+          "S"
+    });
+    EXPECT_THAT(open(), ElementsAre(std::pair(Bottom, Range{.left = 3, .bottom = 2, .right = 3, .top = 2})));
+}
+
+TEST_F(HygConstructionChecks, AssignmentsAreFoundChangedAndRemoved) {
+    open(wall());
+    auto & table = find<QTableView>("assignmentTable");
+    find<QLineEdit>("assignmentSearch").setText("interface");
+    ASSERT_EQ(table.model()->rowCount(), 2);
+    table.sortByColumn(1, Qt::AscendingOrder);
+    EXPECT_EQ(table.model()->index(0, 1).data().toString(), "Inside");
+    table.selectRow(0);
+    EXPECT_THAT(scene().highlighted, ElementsAre(Range{.left = 7, .right = 7}));
+    QTest::keyClick(&table, Qt::Key_Return);
+    EXPECT_THAT(selected(), ElementsAre(Range{.left = 7, .right = 7}));
+
+    find<QLineEdit>("assignmentSearch").setText("brick");
+    EXPECT_TRUE(table.model()->setData(table.model()->index(0, 4), 7)); // up to column 7
+    EXPECT_THAT(project().m_assignments.m_list,
+                Contains(Assignment(type_t::Material, location_t::Element, Range{.left = 2, .right = 6}, "Brick")));
+    table.model()->setData(table.model()->index(0, 4), 99);
+    EXPECT_EQ(stack().count(), 1) << "beyond the grid is refused";
+    table.selectRow(0);
+    QTest::keyClick(&table, Qt::Key_Delete);
+    EXPECT_EQ(project().m_assignments.size(), 6u);
+    stack().undo();
+    stack().undo();
+    EXPECT_EQ(project().m_assignments, wall().m_assignments);
+}
+
+TEST_F(HygConstructionChecks, LayersAreDividedAsThePreviewShows) {
+    open(wall());
+    const Project before = project();
+    HygDiscretizationDialog dialog(scene());
+    dialog.show();
+    EXPECT_LE(dialog.height(), 700);
+    const auto field = [&dialog](const char * name) { return dialog.findChild<QWidget *>(name); };
+    auto & table = static_cast<QTableWidget &>(*field("discLayers"));
+    ASSERT_EQ(table.rowCount(), 3);
+    table.selectRow(1);
+    auto & step = static_cast<QLineEdit &>(*field("discMinStep"));
+    step.selectAll();
+    QTest::keyClicks(&step, "20 mm");
+    static_cast<QComboBox *>(field("discMode"))->setCurrentIndex(1);
+    emit static_cast<QComboBox *>(field("discMode"))->activated(1);
+    const auto & layers = dialog.layers(HYGRION::Disc::X);
+    EXPECT_EQ(layers[0].settings->minStep, 0.001) << "of the other layers nothing changed";
+    ASSERT_EQ(layers[1].settings->minStep, 0.02);
+    EXPECT_EQ(layers[1].settings->mode, HYGRION::Disc::MODE_START);
+    step.selectAll();
+    QTest::keyClicks(&step, "-1 mm");
+    EXPECT_FALSE(field("discApply")->isEnabled());
+    step.selectAll();
+    QTest::keyClicks(&step, "20 mm");
+    EXPECT_TRUE(field("discApply")->isEnabled());
+
+    const std::size_t expected = dialog.cellCount();
+    m_view.editor().discretize(HYGRION::Disc::X, layers);
+    EXPECT_EQ(project().m_disc.nx(), expected);
+    EXPECT_EQ(scene().cells.columnBorders().size(), 4u) << "three layers as before";
+    EXPECT_NEAR(scene().x.width(0, expected - 1), 0.27, 1e-9);
+    EXPECT_NO_THROW(project().GUISanityChecks());
+    EXPECT_THAT(project().m_assignments.m_list, testing::SizeIs(before.m_assignments.size()));
+    stack().undo();
+    EXPECT_EQ(project(), before);
+}
+
+TEST_F(HygConstructionChecks, ASliderGoesThroughThePlanes) {
+    Project deep = wall();
+    deep.m_disc.m_zSteps = {
+        {100, 100, 100},
+        KOR::Unit("mm")
+    };
+    for (Assignment & assignment : deep.m_assignments.m_list)
+        assignment.m_range.front = 2;
+    deep.m_assignments.m_list[1].m_range.back = 1; // no brick in the first plane
+    open(deep);
+    auto & slider = find<QSlider>("planeSlider");
+    ASSERT_TRUE(slider.isVisible());
+    EXPECT_EQ(scene().cells.material(3, 0), HygCellPlane::NO_MATERIAL);
+    key(Qt::Key_PageUp);
+    EXPECT_EQ(slider.value(), 1);
+    EXPECT_EQ(scene().cells.material(3, 0), 1);
+    click(3);
+    EXPECT_THAT(selected(), ElementsAre(Range{3, 0, 1, 3, 0, 1})) << "in this plane only";
+}
+
+} // namespace

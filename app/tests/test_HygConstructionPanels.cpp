@@ -1,0 +1,188 @@
+#include "ConstructionTesting.h"
+
+#include "construction/HygAssignPanel.h"
+#include "construction/HygLayerModel.h"
+#include "construction/HygLayerPanel.h"
+#include "construction/HygNewLayerDialog.h"
+
+#include <QAbstractItemModelTester>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMimeData>
+#include <QPushButton>
+#include <QTableView>
+#include <QTimer>
+#include <QToolButton>
+#include <QTreeWidget>
+
+namespace {
+
+using HYGRION::Assignment;
+using HYGRION::Project;
+using HYGRION::Range;
+using testing::Contains;
+using testing::ElementsAre;
+
+class HygConstructionPanels : public ConstructionViewTest {
+protected:
+    QStringList layers() {
+        QStringList texts;
+        const QAbstractItemModel & model = *find<QTableView>("layerTable").model();
+        for (int row = 0; row < model.rowCount(); ++row)
+            texts << model.index(row, 0).data().toString() + ' ' + model.index(row, 1).data(Qt::EditRole).toString();
+        return texts;
+    }
+    QTreeWidgetItem * entry(const char * name) {
+        auto & tree = find<QTreeWidget>("assignTree");
+        for (QTreeWidgetItem * item : tree.findItems(name, Qt::MatchEndsWith | Qt::MatchRecursive))
+            if (item->parent() != nullptr)
+                return item;
+        return nullptr;
+    }
+    const Assignment * assignmentOf(const char * reference) const {
+        for (const Assignment & assignment : project().m_assignments.m_list)
+            if (assignment.m_reference == reference)
+                return &assignment;
+        return nullptr;
+    }
+};
+
+TEST_F(HygConstructionPanels, LayersAreMovedAndTheSurfacesStay) {
+    open(wall());
+    ASSERT_EQ(layers(), (QStringList{"Render 0.015", "Brick 0.24", "Plaster 0.015"}));
+    const Project before = project();
+    auto & table = find<QTableView>("layerTable");
+    auto & model = static_cast<HygLayerModel &>(*table.model());
+    const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
+    std::unique_ptr<QMimeData> dragged(model.mimeData({model.index(2, 0)}));
+    model.dropMimeData(dragged.get(), Qt::MoveAction, 0, 0, {});
+    EXPECT_EQ(layers(), (QStringList{"Plaster 0.015", "Render 0.015", "Brick 0.24"}));
+    EXPECT_EQ(assignmentOf("Outside")->m_range, (Range{}));
+    EXPECT_EQ(assignmentOf("Inside")->m_range, (Range{.left = 7, .right = 7}));
+    EXPECT_THAT(selected(), ElementsAre(Range{.right = 1})) << "the layer stays selected";
+    stack().undo();
+    EXPECT_EQ(project(), before);
+    // What is not one of our layers is refused.
+    QMimeData foreign;
+    foreign.setData(HygLayerModel::MIME_TYPE, "17");
+    EXPECT_FALSE(model.dropMimeData(&foreign, Qt::MoveAction, 0, 0, {}));
+    EXPECT_EQ(project(), before);
+
+    table.setCurrentIndex(model.index(0, 0));
+    QTest::keyClick(&table, Qt::Key_Down, Qt::AltModifier);
+    EXPECT_EQ(layers(), (QStringList{"Brick 0.24", "Render 0.015", "Plaster 0.015"}));
+    QTest::keyClick(&table, Qt::Key_Delete);
+    EXPECT_EQ(layers(), (QStringList{"Brick 0.24", "Plaster 0.015"}));
+    EXPECT_EQ(assignmentOf("Inside")->m_range.right + 1, project().m_disc.nx());
+    while (stack().canUndo())
+        stack().undo();
+    EXPECT_EQ(project(), before);
+}
+
+TEST_F(HygConstructionPanels, ThicknessAndMaterialAreTypedInPlace) {
+    open(wall());
+    auto & table = find<QTableView>("layerTable");
+    m_view.findChild<QTabWidget *>("constructionPanels")->setCurrentWidget(&find<QWidget>("layerPanel"));
+    const auto edit = [&](int row, int column) {
+        table.setCurrentIndex(table.model()->index(row, column));
+        table.edit(table.currentIndex());
+    };
+    edit(1, HygLayerModel::ThicknessColumn);
+    auto & thickness = find<QLineEdit>("thicknessEdit");
+    EXPECT_EQ(thickness.text(), "240 mm");
+    QTest::keyClicks(&thickness, "36,5 cm");
+    QTest::keyClick(&thickness, Qt::Key_Return);
+    QCoreApplication::processEvents();
+    EXPECT_NEAR(scene().x.width(2, 5), 0.365, 1e-12);
+    EXPECT_EQ(stack().count(), 1);
+    edit(1, HygLayerModel::MaterialColumn);
+    auto & material = find<QComboBox>("materialEdit");
+    material.setCurrentText("Plaster");
+    emit material.activated(material.currentIndex());
+    EXPECT_EQ(layers().size(), 2) << "brick became plaster, one layer with its neighbour";
+    EXPECT_EQ(stack().count(), 2);
+}
+
+TEST_F(HygConstructionPanels, EntriesAreAssignedAndTakenOff) {
+    open(wall());
+    click(3);
+    auto & tree = find<QTreeWidget>("assignTree");
+    ASSERT_NE(entry("Brick"), nullptr);
+    EXPECT_EQ(entry("Brick")->text(0), "✓ Brick");
+    EXPECT_EQ(entry("Render")->text(0), "Render");
+    tree.setCurrentItem(entry("Start"));
+    QTest::keyClick(&tree, Qt::Key_Return);
+    ASSERT_NE(assignmentOf("Start"), nullptr);
+    EXPECT_EQ(assignmentOf("Start")->m_range, (Range{.left = 3, .right = 3}));
+    canvas().select({
+        Range{.left = 2, .right = 4}
+    });
+    EXPECT_EQ(entry("Start")->text(0), "– Start") << "on a part of the selection";
+    QTest::keyClick(&tree, Qt::Key_Delete);
+    EXPECT_EQ(assignmentOf("Start"), nullptr);
+
+    // Interfaces need a surface, on the side that lies there.
+    tree.setCurrentItem(entry("Inside"));
+    EXPECT_FALSE(find<QToolButton>("assignButton").isEnabled());
+    click(0);
+    EXPECT_TRUE(find<QToolButton>("sideLeft").isChecked());
+    emit tree.itemDoubleClicked(entry("Inside"), 0);
+    EXPECT_THAT(project().m_assignments.m_list,
+                Contains(Assignment(type_t::Interface, location_t::Left, Range{}, "Inside")));
+    EXPECT_EQ(assignmentOf("Outside"), nullptr) << "one surface has one interface";
+}
+
+TEST_F(HygConstructionPanels, AWallIsDrawnFromNothing) {
+    Project blank;
+    blank.m_projectInfo.m_created = "2026-01-01";
+    for (const char * name : {"Brick", "Wool"})
+        blank.m_materials.push_back({name, {}, name[0] == 'B' ? 5 : 10, KOR::Path("a.m6")});
+    open(blank);
+    EXPECT_TRUE(find<QWidget>("constructionStart").isVisible());
+    bool isDone = false;
+    QTimer::singleShot(0, &m_view, [&] {
+        auto * dialog = m_view.findChild<HygNewLayerDialog *>();
+        ASSERT_NE(dialog, nullptr);
+        EXPECT_LE(dialog->height(), 700);
+        auto & thickness = *dialog->findChild<QLineEdit *>("layerThickness");
+        EXPECT_EQ(thickness.text(), "240 mm") << "as masonry usually is";
+        QTest::mouseClick(dialog->findChild<QPushButton *>("layerAddNext"), Qt::LeftButton);
+        QTest::keyClicks(dialog->findChild<QLineEdit *>("layerSearch"), "wool");
+        EXPECT_EQ(dialog->findChild<QListWidget *>("layerMaterials")->count(), 1);
+        EXPECT_EQ(thickness.text(), "160 mm");
+        thickness.selectAll();
+        QTest::keyClicks(&thickness, "0");
+        EXPECT_FALSE(dialog->findChild<QPushButton *>("layerAdd")->isEnabled());
+        thickness.selectAll();
+        QTest::keyClicks(&thickness, "12 cm");
+        dialog->findChild<QPushButton *>("layerAdd")->click();
+        isDone = true;
+    });
+    QTest::mouseClick(&find<QPushButton>("startLayer"), Qt::LeftButton);
+    ASSERT_TRUE(isDone);
+    EXPECT_FALSE(find<QWidget>("constructionStart").isVisible());
+    EXPECT_EQ(layers(), (QStringList{"Brick 0.24", "Wool 0.12"}));
+    EXPECT_GT(project().m_disc.nx(), 20u) << "divided into cells";
+    EXPECT_NO_THROW(project().GUISanityChecks());
+    EXPECT_EQ(stack().count(), 2) << "a layer is one step of undo";
+}
+
+TEST_F(HygConstructionPanels, ADatabaseMaterialComesIntoTheProjectWithItsLayer) {
+    open(wall());
+    const Project before = project();
+    m_view.editor().addLayer({
+        {"Cork", KOR::Color::fromRgb(0xc09060), 10, KOR::Path("cork.m6")},
+        KOR::Parameter("Thickness", 4, KOR::Unit("cm")),
+        true,
+        8
+    });
+    EXPECT_EQ(project().m_materials.back().m_name, "Cork");
+    EXPECT_EQ(layers().back(), "Cork 0.04");
+    EXPECT_EQ(assignmentOf("Inside")->m_range.left + 1, project().m_disc.nx());
+    EXPECT_EQ(assignmentOf("Plaster")->m_range, (Range{.left = 6, .right = 7}));
+    stack().undo();
+    EXPECT_EQ(project(), before);
+}
+
+} // namespace
