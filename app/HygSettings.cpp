@@ -71,6 +71,7 @@ HygSettings::HygSettings(const QString & organisation, const QString & applicati
     bind("FontPointSize", &m_fontPointSize, 0, 0, 32);
     bind("FrequentlyUsedQuantities", &m_frequentlyUsedQuantities,
          QStringList{"Temperature", "RelativeHumidity", "TotalFluxHeat"});
+    bind("FavouriteMaterials", &m_favouriteMaterials, QStringList());
     bind("WriteCompleteProject", &m_writeCompleteProject, false);
     bind("Sketch2DGridVisible", &m_sketch2DGridVisible, true);
     bind("Sketch2DGridColor", &m_sketch2DGridColor, QColor(0xd0, 0xd4, 0xda));

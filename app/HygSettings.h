@@ -53,6 +53,7 @@ public:
     QColor m_colorHighlightedElements;
     unsigned int m_fontPointSize = 0; ///< 0 keeps the system's
     QStringList m_frequentlyUsedQuantities;
+    QStringList m_favouriteMaterials; ///< file names; those of the user's begin with "user/"
     bool m_writeCompleteProject = false;
     bool m_sketch2DGridVisible = false;
     QColor m_sketch2DGridColor;

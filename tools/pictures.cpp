@@ -1,5 +1,6 @@
 // pictures DIRECTORY: draws the pictures of the documentation, each in English and German, light and dark.
 #include "ConstructionPictures.h"
+#include "MaterialPictures.h"
 #include "ProjectPictures.h"
 
 #include "HygDebugApplication.h"
@@ -88,6 +89,8 @@ void draw(const QString & target, const QString & home, language_t language, con
     window.resize(WINDOW);
     window.show();
     save(window, target + QStringLiteral("/start") + suffix);
+
+    drawMaterialPictures(window, target, suffix);
 
     languages.installTranslator(QStringLiteral("nl")); // not there
     languages.installTranslator(settings.m_langId);

@@ -1678,6 +1678,124 @@
     </message>
 </context>
 <context>
+    <name>HygMaterialChart</name>
+    <message>
+        <source>%1, direction %2</source>
+        <translation>%1, Richtung %2</translation>
+    </message>
+    <message>
+        <source>Without this function: %1</source>
+        <translation>Ohne diese Funktion: %1</translation>
+    </message>
+    <message>
+        <source>Function of the material</source>
+        <translation>Funktion des Materials</translation>
+    </message>
+    <message>
+        <source>Function that the chart shows; grey ones are not given</source>
+        <translation>Funktion, die das Diagramm zeigt; graue sind nicht gegeben</translation>
+    </message>
+    <message>
+        <source>Chart of the function</source>
+        <translation>Diagramm der Funktion</translation>
+    </message>
+</context>
+<context>
+    <name>HygMaterialCurves</name>
+    <message>
+        <source>Moisture storage over relative humidity</source>
+        <translation>Feuchtespeicherung über der relativen Luftfeuchte</translation>
+    </message>
+    <message>
+        <source>Relative humidity</source>
+        <translation>Relative Luftfeuchte</translation>
+    </message>
+    <message>
+        <source>Moisture content</source>
+        <translation>Feuchtegehalt</translation>
+    </message>
+    <message>
+        <source>Moisture storage over capillary pressure</source>
+        <translation>Feuchtespeicherung über dem Kapillardruck</translation>
+    </message>
+    <message>
+        <source>pC = log10(pc / Pa)</source>
+        <translation>pC = log10(pc / Pa)</translation>
+    </message>
+    <message>
+        <source>Liquid conductivity Kl</source>
+        <translation>Flüssigwasserleitfähigkeit Kl</translation>
+    </message>
+    <message>
+        <source>Liquid conductivity</source>
+        <translation>Flüssigwasserleitfähigkeit</translation>
+    </message>
+    <message>
+        <source>Liquid diffusivity Dl</source>
+        <translation>Flüssigwasserdiffusivität Dl</translation>
+    </message>
+    <message>
+        <source>Liquid diffusivity</source>
+        <translation>Flüssigwasserdiffusivität</translation>
+    </message>
+    <message>
+        <source>Vapour permeability Kv</source>
+        <translation>Dampfdurchlässigkeit Kv</translation>
+    </message>
+    <message>
+        <source>Vapour permeability</source>
+        <translation>Dampfdurchlässigkeit</translation>
+    </message>
+    <message>
+        <source>Vapour diffusion resistance µ</source>
+        <translation>Dampfdiffusionswiderstand µ</translation>
+    </message>
+    <message>
+        <source>Resistance factor µ</source>
+        <translation>Widerstandszahl µ</translation>
+    </message>
+    <message>
+        <source>Thermal conductivity over moisture content</source>
+        <translation>Wärmeleitfähigkeit über dem Feuchtegehalt</translation>
+    </message>
+    <message>
+        <source>Thermal conductivity</source>
+        <translation>Wärmeleitfähigkeit</translation>
+    </message>
+    <message>
+        <source>Thermal conductivity over temperature</source>
+        <translation>Wärmeleitfähigkeit über der Temperatur</translation>
+    </message>
+    <message>
+        <source>Temperature</source>
+        <translation>Temperatur</translation>
+    </message>
+    <message>
+        <source>Thermal conductivity over ice content</source>
+        <translation>Wärmeleitfähigkeit über dem Eisgehalt</translation>
+    </message>
+    <message>
+        <source>Ice content</source>
+        <translation>Eisgehalt</translation>
+    </message>
+    <message>
+        <source>Air permeability Kg</source>
+        <translation>Luftdurchlässigkeit Kg</translation>
+    </message>
+    <message>
+        <source>Air permeability</source>
+        <translation>Luftdurchlässigkeit</translation>
+    </message>
+    <message>
+        <source>Thermal storage</source>
+        <translation>Wärmespeicherung</translation>
+    </message>
+    <message>
+        <source>Specific energy</source>
+        <translation>Spezifische Energie</translation>
+    </message>
+</context>
+<context>
     <name>HygMaterialDBTableModel</name>
     <message>
         <source>ID</source>
@@ -1776,6 +1894,790 @@
     <message>
         <source>Favourite</source>
         <translation>Favorit</translation>
+    </message>
+</context>
+<context>
+    <name>HygMaterialDBWidget</name>
+    <message>
+        <source>Favourites</source>
+        <translation>Favoriten</translation>
+    </message>
+    <message>
+        <source>Show only favourites</source>
+        <translation>Nur Favoriten zeigen</translation>
+    </message>
+    <message>
+        <source>My materials</source>
+        <translation>Eigene</translation>
+    </message>
+    <message>
+        <source>Show only the materials of your own directory</source>
+        <translation>Nur die Materialien des eigenen Verzeichnisses zeigen</translation>
+    </message>
+    <message>
+        <source>Problems (%1)</source>
+        <translation>Probleme (%1)</translation>
+    </message>
+    <message>
+        <source>Show only files that cannot be read and files with the same ID</source>
+        <translation>Nur Dateien zeigen, die nicht gelesen werden können oder dieselbe ID haben</translation>
+    </message>
+    <message>
+        <source>&amp;New…</source>
+        <translation>&amp;Neu …</translation>
+    </message>
+    <message>
+        <source>Make a new material in your own database</source>
+        <translation>Ein neues Material in der eigenen Datenbank anlegen</translation>
+    </message>
+    <message>
+        <source>&amp;Edit…</source>
+        <translation>&amp;Bearbeiten …</translation>
+    </message>
+    <message>
+        <source>Open the material in the editor</source>
+        <translation>Das Material im Editor öffnen</translation>
+    </message>
+    <message>
+        <source>&amp;Duplicate</source>
+        <translation>&amp;Duplizieren</translation>
+    </message>
+    <message>
+        <source>Copy the selected materials into your own database</source>
+        <translation>Die gewählten Materialien in die eigene Datenbank kopieren</translation>
+    </message>
+    <message>
+        <source>De&amp;lete</source>
+        <translation>&amp;Löschen</translation>
+    </message>
+    <message>
+        <source>Move the files of the selected materials to the trash; only for materials of your own</source>
+        <translation>Die Dateien der gewählten Materialien in den Papierkorb verschieben; nur für eigene Materialien</translation>
+    </message>
+    <message>
+        <source>&amp;Favourite</source>
+        <translation>&amp;Favorit</translation>
+    </message>
+    <message>
+        <source>Mark the selected materials as favourites, or take the marks away</source>
+        <translation>Die gewählten Materialien als Favoriten kennzeichnen oder die Kennzeichen entfernen</translation>
+    </message>
+    <message>
+        <source>&amp;Compare</source>
+        <translation>&amp;Vergleichen</translation>
+    </message>
+    <message>
+        <source>Keep the selected materials in the chart beside the current one, or take them out</source>
+        <translation>Die gewählten Materialien neben dem aktuellen im Diagramm behalten oder herausnehmen</translation>
+    </message>
+    <message>
+        <source>E&amp;nd comparison</source>
+        <translation>Vergleich be&amp;enden</translation>
+    </message>
+    <message>
+        <source>Show the current material alone</source>
+        <translation>Das aktuelle Material allein zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Read again</source>
+        <translation>Neu &amp;einlesen</translation>
+    </message>
+    <message>
+        <source>Look for files that have changed</source>
+        <translation>Nach geänderten Dateien suchen</translation>
+    </message>
+    <message>
+        <source>%1 materials</source>
+        <translation>%1 Materialien</translation>
+    </message>
+    <message>
+        <source>%1 of %2 materials</source>
+        <translation>%1 von %2 Materialien</translation>
+    </message>
+    <message>
+        <source>Reading materials: %1 of %2</source>
+        <translation>Materialien werden gelesen: %1 von %2</translation>
+    </message>
+    <message>
+        <source>%1 – reading was cancelled</source>
+        <translation>%1 – das Lesen wurde abgebrochen</translation>
+    </message>
+    <message>
+        <source>No material selected</source>
+        <translation>Kein Material gewählt</translation>
+    </message>
+    <message>
+        <source>ID %1</source>
+        <translation>ID %1</translation>
+    </message>
+    <message>
+        <source>your own database</source>
+        <translation>eigene Datenbank</translation>
+    </message>
+    <message>
+        <source>built-in database</source>
+        <translation>mitgelieferte Datenbank</translation>
+    </message>
+    <message>
+        <source>Source: %1</source>
+        <translation>Quelle: %1</translation>
+    </message>
+    <message>
+        <source>New material</source>
+        <translation>Neues Material</translation>
+    </message>
+    <message>
+        <source>Delete materials</source>
+        <translation>Materialien löschen</translation>
+    </message>
+    <message>
+        <source>Move the files of these materials to the trash?
+
+%1</source>
+        <translation>Die Dateien dieser Materialien in den Papierkorb verschieben?
+
+%1</translation>
+    </message>
+    <message>
+        <source>Cannot move &apos;%1&apos; to the trash.</source>
+        <translation>„%1“ kann nicht in den Papierkorb verschoben werden.</translation>
+    </message>
+    <message>
+        <source>At most %1 materials can be compared.</source>
+        <translation>Höchstens %1 Materialien können verglichen werden.</translation>
+    </message>
+    <message>
+        <source>All categories</source>
+        <translation>Alle Kategorien</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>Search name or producer</source>
+        <translation>Name oder Hersteller suchen</translation>
+    </message>
+    <message>
+        <source>Every word must be found; * stands for any characters, ? for one</source>
+        <translation>Jedes Wort muss vorkommen; * steht für beliebige Zeichen, ? für eines</translation>
+    </message>
+    <message>
+        <source>Category</source>
+        <translation>Kategorie</translation>
+    </message>
+    <message>
+        <source>Show the materials of one category</source>
+        <translation>Die Materialien einer Kategorie zeigen</translation>
+    </message>
+    <message>
+        <source>Materials</source>
+        <translation>Materialien</translation>
+    </message>
+    <message>
+        <source>Progress of reading</source>
+        <translation>Fortschritt des Lesens</translation>
+    </message>
+    <message>
+        <source>Stop reading</source>
+        <translation>Lesen abbrechen</translation>
+    </message>
+    <message>
+        <source>No material fits. &lt;a href=&quot;all&quot;&gt;Show all&lt;/a&gt;</source>
+        <translation>Kein Material passt. &lt;a href=&quot;all&quot;&gt;Alle zeigen&lt;/a&gt;</translation>
+    </message>
+</context>
+<context>
+    <name>HygMaterialEditor</name>
+    <message>
+        <source>Built-in material</source>
+        <translation>Mitgeliefertes Material</translation>
+    </message>
+    <message>
+        <source>The material is located in the built-in material database. Would you like to create a copy and edit the duplicated material instead?</source>
+        <translation>Das Material liegt in der mitgelieferten Materialdatenbank. Möchten Sie eine Kopie anlegen und stattdessen die Kopie bearbeiten?</translation>
+    </message>
+    <message>
+        <source>Write-protected material</source>
+        <translation>Schreibgeschütztes Material</translation>
+    </message>
+    <message>
+        <source>The selected material file is write-protected, since it is part of the built-in material database. While you can inspect and even change properties of the material in the dialog, you may not save the changes. If you intend to create a modified version of the material, duplicate the material first!</source>
+        <translation>Die gewählte Materialdatei ist schreibgeschützt, da sie zur mitgelieferten Materialdatenbank gehört. Sie können die Eigenschaften des Materials im Dialog ansehen und auch ändern, die Änderungen aber nicht speichern. Wenn Sie das Material abwandeln möchten, duplizieren Sie es zuerst!</translation>
+    </message>
+    <message>
+        <source>The file has changed</source>
+        <translation>Die Datei hat sich geändert</translation>
+    </message>
+    <message>
+        <source>The file &apos;%1&apos; was changed or removed by another program since it was read. Replace it?</source>
+        <translation>Die Datei „%1“ wurde seit dem Lesen von einem anderen Programm geändert oder entfernt. Soll sie ersetzt werden?</translation>
+    </message>
+    <message>
+        <source>Unsaved changes</source>
+        <translation>Nicht gespeicherte Änderungen</translation>
+    </message>
+    <message>
+        <source>Save the changes of the material?</source>
+        <translation>Sollen die Änderungen am Material gespeichert werden?</translation>
+    </message>
+    <message>
+        <source>Cannot be saved: %1</source>
+        <translation>Kann nicht gespeichert werden: %1</translation>
+    </message>
+    <message>
+        <source>The x values must increase from row to row.</source>
+        <translation>Die x-Werte müssen von Zeile zu Zeile zunehmen.</translation>
+    </message>
+    <message>
+        <source>The check of the material has no findings.</source>
+        <translation>Die Prüfung des Materials hat nichts gefunden.</translation>
+    </message>
+    <message>
+        <source>Findings of the check: %1</source>
+        <translation>Befunde der Prüfung: %1</translation>
+    </message>
+    <message>
+        <source>%1[*] – material %2</source>
+        <translation>%1[*] – Material %2</translation>
+    </message>
+    <message>
+        <source>New material</source>
+        <translation>Neues Material</translation>
+    </message>
+    <message>
+        <source>&amp;General</source>
+        <translation>&amp;Allgemein</translation>
+    </message>
+    <message>
+        <source>&amp;Parameters</source>
+        <translation>&amp;Kennwerte</translation>
+    </message>
+    <message>
+        <source>&amp;Functions</source>
+        <translation>&amp;Funktionen</translation>
+    </message>
+    <message>
+        <source>&amp;Curves</source>
+        <translation>K&amp;urven</translation>
+    </message>
+    <message>
+        <source>The functions as a calculation uses them</source>
+        <translation>Die Funktionen, wie eine Berechnung sie verwendet</translation>
+    </message>
+    <message>
+        <source>Write-protected: duplicate the material to keep changes</source>
+        <translation>Schreibgeschützt: Duplizieren Sie das Material, um Änderungen zu behalten</translation>
+    </message>
+    <message>
+        <source>Findings of the check</source>
+        <translation>Befunde der Prüfung</translation>
+    </message>
+    <message>
+        <source>Click to see the field</source>
+        <translation>Klicken, um das Feld zu sehen</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Wiederholen</translation>
+    </message>
+    <message>
+        <source>Write the material into its file (%1)</source>
+        <translation>Das Material in seine Datei schreiben (%1)</translation>
+    </message>
+</context>
+<context>
+    <name>HygMaterialFunctionPage</name>
+    <message>
+        <source>Insert point</source>
+        <translation>Punkt einfügen</translation>
+    </message>
+    <message>
+        <source>Insert a point behind the current one (Ins)</source>
+        <translation>Einen Punkt hinter dem aktuellen einfügen (Einfg)</translation>
+    </message>
+    <message>
+        <source>Remove points</source>
+        <translation>Punkte entfernen</translation>
+    </message>
+    <message>
+        <source>Remove the selected points (Del)</source>
+        <translation>Die gewählten Punkte entfernen (Entf)</translation>
+    </message>
+    <message>
+        <source>Copy points</source>
+        <translation>Punkte kopieren</translation>
+    </message>
+    <message>
+        <source>Copy all points, for a spreadsheet (Ctrl+C)</source>
+        <translation>Alle Punkte kopieren, für eine Tabellenkalkulation (Strg+C)</translation>
+    </message>
+    <message>
+        <source>Paste points</source>
+        <translation>Punkte einfügen</translation>
+    </message>
+    <message>
+        <source>Replace all points by two columns of numbers out of the clipboard (Ctrl+V)</source>
+        <translation>Alle Punkte durch zwei Zahlenspalten aus der Zwischenablage ersetzen (Strg+V)</translation>
+    </message>
+    <message>
+        <source>Remove function</source>
+        <translation>Funktion entfernen</translation>
+    </message>
+    <message>
+        <source>Remove all points of the function</source>
+        <translation>Alle Punkte der Funktion entfernen</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>Functions</source>
+        <translation>Funktionen</translation>
+    </message>
+    <message>
+        <source>Functions that a material can have; bold ones have points</source>
+        <translation>Funktionen, die ein Material haben kann; fette haben Punkte</translation>
+    </message>
+    <message>
+        <source>Points of the function</source>
+        <translation>Punkte der Funktion</translation>
+    </message>
+    <message>
+        <source>Chart of the function</source>
+        <translation>Diagramm der Funktion</translation>
+    </message>
+    <message>
+        <source>Drag a point to move it</source>
+        <translation>Einen Punkt ziehen, um ihn zu verschieben</translation>
+    </message>
+</context>
+<context>
+    <name>HygMaterialFunctions</name>
+    <message>
+        <source>Sorption isotherm</source>
+        <translation>Sorptionsisotherme</translation>
+    </message>
+    <message>
+        <source>Relative humidity</source>
+        <translation>Relative Luftfeuchte</translation>
+    </message>
+    <message>
+        <source>Moisture content</source>
+        <translation>Feuchtegehalt</translation>
+    </message>
+    <message>
+        <source>Moisture retention, desorption</source>
+        <translation>Feuchteretention, Desorption</translation>
+    </message>
+    <message>
+        <source>pC = log10(pc / Pa)</source>
+        <translation>pC = log10(pc / Pa)</translation>
+    </message>
+    <message>
+        <source>Moisture retention, desorption, inverse</source>
+        <translation>Feuchteretention, Desorption, Umkehrung</translation>
+    </message>
+    <message>
+        <source>Moisture retention, adsorption</source>
+        <translation>Feuchteretention, Adsorption</translation>
+    </message>
+    <message>
+        <source>Moisture retention, adsorption, inverse</source>
+        <translation>Feuchteretention, Adsorption, Umkehrung</translation>
+    </message>
+    <message>
+        <source>mwu over temperature (kept, not used)</source>
+        <translation>mwu über der Temperatur (wird bewahrt, nicht verwendet)</translation>
+    </message>
+    <message>
+        <source>Temperature</source>
+        <translation>Temperatur</translation>
+    </message>
+    <message>
+        <source>DE over pC (kept, not used)</source>
+        <translation>DE über pC (wird bewahrt, nicht verwendet)</translation>
+    </message>
+    <message>
+        <source>Liquid conductivity</source>
+        <translation>Flüssigwasserleitfähigkeit</translation>
+    </message>
+    <message>
+        <source>log10(Kl / s)</source>
+        <translation>log10(Kl / s)</translation>
+    </message>
+    <message>
+        <source>Liquid diffusivity</source>
+        <translation>Flüssigwasserdiffusivität</translation>
+    </message>
+    <message>
+        <source>log10(Dl / (m2/s))</source>
+        <translation>log10(Dl / (m2/s))</translation>
+    </message>
+    <message>
+        <source>Vapour permeability</source>
+        <translation>Dampfdurchlässigkeit</translation>
+    </message>
+    <message>
+        <source>log10(Kv / s)</source>
+        <translation>log10(Kv / s)</translation>
+    </message>
+    <message>
+        <source>Vapour diffusion resistance</source>
+        <translation>Dampfdiffusionswiderstand</translation>
+    </message>
+    <message>
+        <source>Resistance factor µ</source>
+        <translation>Widerstandszahl µ</translation>
+    </message>
+    <message>
+        <source>Thermal conductivity over moisture content</source>
+        <translation>Wärmeleitfähigkeit über dem Feuchtegehalt</translation>
+    </message>
+    <message>
+        <source>Thermal conductivity</source>
+        <translation>Wärmeleitfähigkeit</translation>
+    </message>
+    <message>
+        <source>Thermal conductivity over temperature</source>
+        <translation>Wärmeleitfähigkeit über der Temperatur</translation>
+    </message>
+    <message>
+        <source>Thermal conductivity over ice content</source>
+        <translation>Wärmeleitfähigkeit über dem Eisgehalt</translation>
+    </message>
+    <message>
+        <source>Ice content</source>
+        <translation>Eisgehalt</translation>
+    </message>
+    <message>
+        <source>Air permeability</source>
+        <translation>Luftdurchlässigkeit</translation>
+    </message>
+    <message>
+        <source>Specific energy</source>
+        <translation>Spezifische Energie</translation>
+    </message>
+    <message>
+        <source>Vapour resistance of a foil, positive direction</source>
+        <translation>Dampfwiderstand einer Folie, positive Richtung</translation>
+    </message>
+    <message>
+        <source>Equivalent air layer</source>
+        <translation>Äquivalente Luftschicht</translation>
+    </message>
+    <message>
+        <source>Vapour resistance of a foil, negative direction</source>
+        <translation>Dampfwiderstand einer Folie, negative Richtung</translation>
+    </message>
+    <message>
+        <source>%1, direction %2</source>
+        <translation>%1, Richtung %2</translation>
+    </message>
+</context>
+<context>
+    <name>HygMaterialIdentityForm</name>
+    <message>
+        <source>Name (English)</source>
+        <translation>Name (englisch)</translation>
+    </message>
+    <message>
+        <source>Shown in English and where no other language is given</source>
+        <translation>Wird auf Englisch gezeigt und wo keine andere Sprache gegeben ist</translation>
+    </message>
+    <message>
+        <source>Name (German)</source>
+        <translation>Name (deutsch)</translation>
+    </message>
+    <message>
+        <source>Shown in German</source>
+        <translation>Wird auf Deutsch gezeigt</translation>
+    </message>
+    <message>
+        <source>Producer</source>
+        <translation>Hersteller</translation>
+    </message>
+    <message>
+        <source>Who makes the material; the search finds it</source>
+        <translation>Wer das Material herstellt; die Suche findet ihn</translation>
+    </message>
+    <message>
+        <source>Product number</source>
+        <translation>Produktnummer</translation>
+    </message>
+    <message>
+        <source>Number under which the producer sells the material</source>
+        <translation>Nummer, unter der der Hersteller das Material verkauft</translation>
+    </message>
+    <message>
+        <source>Remarks (English)</source>
+        <translation>Bemerkungen (englisch)</translation>
+    </message>
+    <message>
+        <source>What a user of the material should know</source>
+        <translation>Was Anwender des Materials wissen sollten</translation>
+    </message>
+    <message>
+        <source>Remarks (German)</source>
+        <translation>Bemerkungen (deutsch)</translation>
+    </message>
+    <message>
+        <source>Source of the data</source>
+        <translation>Quelle der Daten</translation>
+    </message>
+    <message>
+        <source>Data sheet, standard or report from which the values are taken</source>
+        <translation>Datenblatt, Norm oder Bericht, woraus die Werte stammen</translation>
+    </message>
+    <message>
+        <source>Laboratory</source>
+        <translation>Labor</translation>
+    </message>
+    <message>
+        <source>Where the material was measured</source>
+        <translation>Wo das Material gemessen wurde</translation>
+    </message>
+    <message>
+        <source>Investigator</source>
+        <translation>Bearbeiter</translation>
+    </message>
+    <message>
+        <source>Who measured the material</source>
+        <translation>Wer das Material gemessen hat</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>When the data were put together, as 31.12.24</source>
+        <translation>Wann die Daten zusammengestellt wurden, als 31.12.24</translation>
+    </message>
+    <message>
+        <source>Country</source>
+        <translation>Land</translation>
+    </message>
+    <message>
+        <source>Where the material comes from</source>
+        <translation>Woher das Material kommt</translation>
+    </message>
+    <message>
+        <source>Rights</source>
+        <translation>Rechte</translation>
+    </message>
+    <message>
+        <source>Who owns the data</source>
+        <translation>Wem die Daten gehören</translation>
+    </message>
+    <message>
+        <source>Change colour</source>
+        <translation>Farbe ändern</translation>
+    </message>
+    <message>
+        <source>Change hatching</source>
+        <translation>Schraffur ändern</translation>
+    </message>
+    <message>
+        <source>Change %1</source>
+        <translation>%1 ändern</translation>
+    </message>
+    <message>
+        <source>Change category</source>
+        <translation>Kategorie ändern</translation>
+    </message>
+    <message>
+        <source>Change flags</source>
+        <translation>Art des Materials ändern</translation>
+    </message>
+    <message>
+        <source>Category</source>
+        <translation>Kategorie</translation>
+    </message>
+    <message>
+        <source>Second category</source>
+        <translation>Zweite Kategorie</translation>
+    </message>
+    <message>
+        <source>Third category</source>
+        <translation>Dritte Kategorie</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keine</translation>
+    </message>
+    <message>
+        <source>Group under which the database lists the material</source>
+        <translation>Gruppe, unter der die Datenbank das Material führt</translation>
+    </message>
+    <message>
+        <source>Colour</source>
+        <translation>Farbe</translation>
+    </message>
+    <message>
+        <source>Colour of the material in drawings</source>
+        <translation>Farbe des Materials in Zeichnungen</translation>
+    </message>
+    <message>
+        <source>Hatching</source>
+        <translation>Schraffur</translation>
+    </message>
+    <message>
+        <source>Hatching of the material in drawings, after ISO 128-50</source>
+        <translation>Schraffur des Materials in Zeichnungen, nach ISO 128-50</translation>
+    </message>
+    <message>
+        <source>Kind of material</source>
+        <translation>Art des Materials</translation>
+    </message>
+</context>
+<context>
+    <name>HygMaterialParameterForm</name>
+    <message>
+        <source>usually 15 to 2500 kg/m3, metals up to 8900 kg/m3</source>
+        <translation>meist 15 bis 2500 kg/m3, Metalle bis 8900 kg/m3</translation>
+    </message>
+    <message>
+        <source>usually 800 to 2500 J/kgK, metals from 380 J/kgK</source>
+        <translation>meist 800 bis 2500 J/kgK, Metalle ab 380 J/kgK</translation>
+    </message>
+    <message>
+        <source>0.01 to 0.99 m3/m3, not below the effective saturation</source>
+        <translation>0.01 bis 0.99 m3/m3, nicht unter der effektiven Sättigung</translation>
+    </message>
+    <message>
+        <source>0.01 to 0.99 m3/m3, not above the porosity</source>
+        <translation>0.01 bis 0.99 m3/m3, nicht über der Porosität</translation>
+    </message>
+    <message>
+        <source>0.01 to 0.9 m3/m3, not above the effective saturation</source>
+        <translation>0.01 bis 0.9 m3/m3, nicht über der effektiven Sättigung</translation>
+    </message>
+    <message>
+        <source>0 to 0.9 m3/m3</source>
+        <translation>0 bis 0.9 m3/m3</translation>
+    </message>
+    <message>
+        <source>usually 0.0005 to 0.15 m3/m3</source>
+        <translation>meist 0.0005 bis 0.15 m3/m3</translation>
+    </message>
+    <message>
+        <source>usually 0.02 to 3 W/mK, metals up to 400 W/mK</source>
+        <translation>meist 0.02 bis 3 W/mK, Metalle bis 400 W/mK</translation>
+    </message>
+    <message>
+        <source>usually 0.001 to 0.5 kg/m2s05</source>
+        <translation>meist 0.001 bis 0.5 kg/m2s05</translation>
+    </message>
+    <message>
+        <source>1 (still air) to 100000 (foils)</source>
+        <translation>1 (ruhende Luft) bis 100000 (Folien)</translation>
+    </message>
+    <message>
+        <source>0.01 to 1500 m, for thin layers</source>
+        <translation>0.01 bis 1500 m, für dünne Schichten</translation>
+    </message>
+    <message>
+        <source>usually 1e-12 to 1e-7 s</source>
+        <translation>meist 1e-12 bis 1e-7 s</translation>
+    </message>
+    <message>
+        <source>usually 1e-10 to 1e-4 m2/s</source>
+        <translation>meist 1e-10 bis 1e-4 m2/s</translation>
+    </message>
+    <message>
+        <source>usually 1e-12 to 1e-3 s</source>
+        <translation>meist 1e-12 bis 1e-3 s</translation>
+    </message>
+    <message>
+        <source>usually 0.003 to 0.2 mm/mK</source>
+        <translation>meist 0.003 bis 0.2 mm/mK</translation>
+    </message>
+    <message>
+        <source>usually 0 to 0.5 m3m/m3m</source>
+        <translation>meist 0 bis 0.5 m3m/m3m</translation>
+    </message>
+    <message>
+        <source>usually 0.1 to 0.25 m3/m3</source>
+        <translation>meist 0.1 bis 0.25 m3/m3</translation>
+    </message>
+    <message>
+        <source>Storage</source>
+        <translation>Speicherung</translation>
+    </message>
+    <message>
+        <source>Transport</source>
+        <translation>Transport</translation>
+    </message>
+    <message>
+        <source>Transport in directions v and w, where it differs</source>
+        <translation>Transport in den Richtungen v und w, wo er abweicht</translation>
+    </message>
+    <message>
+        <source>Mechanics</source>
+        <translation>Mechanik</translation>
+    </message>
+    <message>
+        <source>Change %1</source>
+        <translation>%1 ändern</translation>
+    </message>
+    <message>
+        <source>not given</source>
+        <translation>nicht gegeben</translation>
+    </message>
+</context>
+<context>
+    <name>HygMaterialPointModel</name>
+    <message>
+        <source>Insert point</source>
+        <translation>Punkt einfügen</translation>
+    </message>
+    <message>
+        <source>Remove points</source>
+        <translation>Punkte entfernen</translation>
+    </message>
+    <message>
+        <source>Move point</source>
+        <translation>Punkt verschieben</translation>
+    </message>
+    <message>
+        <source>Line %1 does not hold two numbers: &apos;%2&apos;.</source>
+        <translation>Zeile %1 enthält nicht zwei Zahlen: „%2“.</translation>
+    </message>
+    <message>
+        <source>A function has at most %1 points.</source>
+        <translation>Eine Funktion hat höchstens %1 Punkte.</translation>
+    </message>
+    <message>
+        <source>Paste points</source>
+        <translation>Punkte einfügen</translation>
+    </message>
+    <message>
+        <source>Remove function</source>
+        <translation>Funktion entfernen</translation>
+    </message>
+    <message>
+        <source>The value must be greater than the one above.</source>
+        <translation>Der Wert muss größer sein als der darüber.</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is not a number.</source>
+        <translation>„%1“ ist keine Zahl.</translation>
+    </message>
+    <message>
+        <source>Change point</source>
+        <translation>Punkt ändern</translation>
+    </message>
+</context>
+<context>
+    <name>HygMaterialView</name>
+    <message>
+        <source>Assign material</source>
+        <translation>Material zuweisen</translation>
     </message>
 </context>
 <context>
@@ -2202,6 +3104,14 @@
         <source>Untick a question to be asked again.</source>
         <translation>Das Häkchen entfernen, um wieder gefragt zu werden.</translation>
     </message>
+    <message>
+        <source>Favourite materials</source>
+        <translation>Favorisierte Materialien</translation>
+    </message>
+    <message>
+        <source>Files of the materials that are marked as favourites, one a line.</source>
+        <translation>Dateien der Materialien, die als Favoriten gekennzeichnet sind, eine je Zeile.</translation>
+    </message>
 </context>
 <context>
     <name>HygPreferencesDialog</name>
@@ -2367,6 +3277,157 @@
     <message>
         <source>It is open in another editor, which is just starting.</source>
         <translation>Es ist in einem anderen Editor geöffnet, der gerade startet.</translation>
+    </message>
+</context>
+<context>
+    <name>HygProjectMaterialFiles</name>
+    <message>
+        <source>The path &apos;%1&apos; begins with a placeholder that the project does not define.</source>
+        <translation>Der Pfad „%1“ beginnt mit einem Platzhalter, den das Projekt nicht festlegt.</translation>
+    </message>
+    <message>
+        <source>The file &apos;%1&apos; does not exist.</source>
+        <translation>Die Datei „%1“ gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>The file has changed on the disk since the project was opened. Calculations use it as it is now.</source>
+        <translation>Die Datei hat sich seit dem Öffnen des Projekts auf dem Datenträger geändert. Berechnungen verwenden sie, wie sie jetzt ist.</translation>
+    </message>
+</context>
+<context>
+    <name>HygProjectMaterials</name>
+    <message>
+        <source>Add %1 materials</source>
+        <translation>%1 Materialien hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add material %1</source>
+        <translation>Material %1 hinzufügen</translation>
+    </message>
+    <message>
+        <source>Replace material %1</source>
+        <translation>Material %1 ersetzen</translation>
+    </message>
+    <message>
+        <source>Remove unused materials</source>
+        <translation>Unbenutzte Materialien entfernen</translation>
+    </message>
+    <message>
+        <source>Remove material %1</source>
+        <translation>Material %1 entfernen</translation>
+    </message>
+</context>
+<context>
+    <name>HygProjectMaterialsWidget</name>
+    <message>
+        <source>good</source>
+        <translation>gut</translation>
+    </message>
+    <message>
+        <source>changed</source>
+        <translation>geändert</translation>
+    </message>
+    <message>
+        <source>missing – choose…</source>
+        <translation>fehlt – wählen …</translation>
+    </message>
+    <message>
+        <source>unusable – choose…</source>
+        <translation>unbrauchbar – wählen …</translation>
+    </message>
+    <message>
+        <source>&amp;Add…</source>
+        <translation>&amp;Hinzufügen …</translation>
+    </message>
+    <message>
+        <source>Choose a material of the database for the project</source>
+        <translation>Ein Material der Datenbank für das Projekt wählen</translation>
+    </message>
+    <message>
+        <source>&amp;Replace…</source>
+        <translation>&amp;Ersetzen …</translation>
+    </message>
+    <message>
+        <source>Put another material in the place of this one; what is assigned stays assigned</source>
+        <translation>Ein anderes Material an die Stelle dieses setzen; Zuweisungen bleiben</translation>
+    </message>
+    <message>
+        <source>&amp;Edit…</source>
+        <translation>&amp;Bearbeiten …</translation>
+    </message>
+    <message>
+        <source>Open the material in the editor</source>
+        <translation>Das Material im Editor öffnen</translation>
+    </message>
+    <message>
+        <source>Re&amp;move</source>
+        <translation>Ent&amp;fernen</translation>
+    </message>
+    <message>
+        <source>Take the material and its assignments out of the project</source>
+        <translation>Das Material und seine Zuweisungen aus dem Projekt nehmen</translation>
+    </message>
+    <message>
+        <source>Remove &amp;unused</source>
+        <translation>&amp;Unbenutzte entfernen</translation>
+    </message>
+    <message>
+        <source>Take out the materials that are assigned nowhere</source>
+        <translation>Die Materialien herausnehmen, die nirgends zugewiesen sind</translation>
+    </message>
+    <message>
+        <source>A&amp;ccept change</source>
+        <translation>Änderung &amp;annehmen</translation>
+    </message>
+    <message>
+        <source>The file may be as it is now; the notice goes away</source>
+        <translation>Die Datei darf sein, wie sie jetzt ist; der Hinweis verschwindet</translation>
+    </message>
+    <message>
+        <source>The material file &apos;%1&apos; has changed on the disk.</source>
+        <translation>Die Materialdatei „%1“ hat sich auf dem Datenträger geändert.</translation>
+    </message>
+    <message>
+        <source>unused</source>
+        <translation>unbenutzt</translation>
+    </message>
+    <message>
+        <source>Assigned nowhere</source>
+        <translation>Nirgends zugewiesen</translation>
+    </message>
+    <message>
+        <source>Assigned by:
+%1</source>
+        <translation>Zugewiesen durch:
+%1</translation>
+    </message>
+    <message>
+        <source>Replace &apos;%1&apos; by</source>
+        <translation>„%1“ ersetzen durch</translation>
+    </message>
+    <message>
+        <source>Add material to the project</source>
+        <translation>Material zum Projekt hinzufügen</translation>
+    </message>
+    <message>
+        <source>Materials of the project</source>
+        <translation>Materialien des Projekts</translation>
+    </message>
+    <message>
+        <source>The project has no materials yet. Double click a material of the database to add it.</source>
+        <translation>Das Projekt hat noch keine Materialien. Ein Doppelklick auf ein Material der Datenbank fügt es hinzu.</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Uses</source>
+        <translation>Verwendet</translation>
     </message>
 </context>
 <context>
@@ -2825,6 +3886,258 @@
     <message>
         <source>None</source>
         <translation>Keine</translation>
+    </message>
+    <message>
+        <source>LambdaDry is smaller than 1e-20</source>
+        <translation>LambdaDry ist kleiner als 1e-20</translation>
+    </message>
+    <message>
+        <source>The minimum Theta_l value should be zero!</source>
+        <translation>Der kleinste Wert von Theta_l sollte null sein!</translation>
+    </message>
+    <message>
+        <source>The maximum Thetal value should be equal to THETA_EFF!</source>
+        <translation>Der größte Wert von Thetal sollte gleich THETA_EFF sein!</translation>
+    </message>
+    <message>
+        <source>The lambda-value at zero must match LAMBDA!</source>
+        <translation>Der Wert von Lambda bei null muss LAMBDA entsprechen!</translation>
+    </message>
+    <message>
+        <source>Data for Lambda(ThetaIce) exist but function is not valid.!</source>
+        <translation>Es gibt Daten für Lambda(ThetaIce), die Funktion ist aber ungültig!</translation>
+    </message>
+    <message>
+        <source>No data for thermal storage given (no parameter ce and no U(T) function)!</source>
+        <translation>Keine Daten zur Wärmespeicherung (weder Kennwert ce noch Funktion U(T))!</translation>
+    </message>
+    <message>
+        <source>U(T) function given but no parameter ce!</source>
+        <translation>Funktion U(T) gegeben, aber kein Kennwert ce!</translation>
+    </message>
+    <message>
+        <source>Material is air and Theta_Eff exist.</source>
+        <translation>Das Material ist Luft, Theta_Eff ist aber gegeben.</translation>
+    </message>
+    <message>
+        <source>Material is air and Theta_Por exist.</source>
+        <translation>Das Material ist Luft, Theta_Por ist aber gegeben.</translation>
+    </message>
+    <message>
+        <source>Material is water and vapor tight and Theta_Eff exist.</source>
+        <translation>Das Material ist wasser- und dampfdicht, Theta_Eff ist aber gegeben.</translation>
+    </message>
+    <message>
+        <source>Material is water and vapor tight and Theta_Por exist.</source>
+        <translation>Das Material ist wasser- und dampfdicht, Theta_Por ist aber gegeben.</translation>
+    </message>
+    <message>
+        <source>Theta_Eff not given! It is necessary for moisture storage</source>
+        <translation>Theta_Eff fehlt! Es wird für die Feuchtespeicherung gebraucht</translation>
+    </message>
+    <message>
+        <source>Theta_Por is smaller than Theta_Eff!</source>
+        <translation>Theta_Por ist kleiner als Theta_Eff!</translation>
+    </message>
+    <message>
+        <source>Theta_Por not given!</source>
+        <translation>Theta_Por fehlt!</translation>
+    </message>
+    <message>
+        <source>Material is water and vapor tight and moisture retention exist.</source>
+        <translation>Das Material ist wasser- und dampfdicht, eine Feuchteretention ist aber gegeben.</translation>
+    </message>
+    <message>
+        <source>Material is water and vapor tight and sorption isotherm exist.</source>
+        <translation>Das Material ist wasser- und dampfdicht, eine Sorptionsisotherme ist aber gegeben.</translation>
+    </message>
+    <message>
+        <source>Cannot create reverse function of Thetal(RH) function</source>
+        <translation>Die Umkehrfunktion zu Thetal(RH) lässt sich nicht bilden</translation>
+    </message>
+    <message>
+        <source>First value of Thetal(pc) is not Theta_Eff.</source>
+        <translation>Der erste Wert von Thetal(pc) ist nicht Theta_Eff.</translation>
+    </message>
+    <message>
+        <source>Thetal(pc) exist but not Theta_Eff.</source>
+        <translation>Thetal(pc) ist gegeben, Theta_Eff aber nicht.</translation>
+    </message>
+    <message>
+        <source>Last value of Thetal(pc) is not 0.</source>
+        <translation>Der letzte Wert von Thetal(pc) ist nicht 0.</translation>
+    </message>
+    <message>
+        <source>First x value of Thetal(pc) is not 0.</source>
+        <translation>Der erste x-Wert von Thetal(pc) ist nicht 0.</translation>
+    </message>
+    <message>
+        <source>Last x value of pc(Thetal) is not Theta_Eff.</source>
+        <translation>Der letzte x-Wert von pc(Thetal) ist nicht Theta_Eff.</translation>
+    </message>
+    <message>
+        <source>pc(Thetal) exist but not Theta_Eff.</source>
+        <translation>pc(Thetal) ist gegeben, Theta_Eff aber nicht.</translation>
+    </message>
+    <message>
+        <source>First x value of pc(Thetal) is not 0.</source>
+        <translation>Der erste x-Wert von pc(Thetal) ist nicht 0.</translation>
+    </message>
+    <message>
+        <source>Last value of pc(Thetal) is not 0.</source>
+        <translation>Der letzte Wert von pc(Thetal) ist nicht 0.</translation>
+    </message>
+    <message>
+        <source>Current moisture storage function doesn&apos;t allow to create a correct mwu(T) function.</source>
+        <translation>Mit der Feuchtespeicherfunktion lässt sich keine richtige Funktion mwu(T) bilden.</translation>
+    </message>
+    <message>
+        <source>No moisture storage function or model given</source>
+        <translation>Weder Funktion noch Modell der Feuchtespeicherung gegeben</translation>
+    </message>
+    <message>
+        <source>More than one model for moisture storage given</source>
+        <translation>Mehr als ein Modell der Feuchtespeicherung gegeben</translation>
+    </message>
+    <message>
+        <source>Unknown model for moisture storage given</source>
+        <translation>Unbekanntes Modell der Feuchtespeicherung</translation>
+    </message>
+    <message>
+        <source>Only GAUSS model for moisture storage is currently supported</source>
+        <translation>Als Modell der Feuchtespeicherung wird nur GAUSS unterstützt</translation>
+    </message>
+    <message>
+        <source>Moisture storage function is created from GAUSS model</source>
+        <translation>Die Feuchtespeicherfunktion wird aus dem Modell GAUSS gebildet</translation>
+    </message>
+    <message>
+        <source>Material is water tight and Kl_Eff exist.</source>
+        <translation>Das Material ist wasserdicht, Kl_Eff ist aber gegeben.</translation>
+    </message>
+    <message>
+        <source>Material is water tight and Dl_Eff exist.</source>
+        <translation>Das Material ist wasserdicht, Dl_Eff ist aber gegeben.</translation>
+    </message>
+    <message>
+        <source>Material is water tight and Aw exist.</source>
+        <translation>Das Material ist wasserdicht, Aw ist aber gegeben.</translation>
+    </message>
+    <message>
+        <source>Material is water atight and Kl(Thetal) function exist.</source>
+        <translation>Das Material ist wasserdicht, die Funktion Kl(Thetal) ist aber gegeben.</translation>
+    </message>
+    <message>
+        <source>Material is water tight and Dl(Thetal) function exist.</source>
+        <translation>Das Material ist wasserdicht, die Funktion Dl(Thetal) ist aber gegeben.</translation>
+    </message>
+    <message>
+        <source>Material is not water tight and no liquid transport function exist.</source>
+        <translation>Das Material ist nicht wasserdicht und hat keine Funktion des Flüssigwassertransports.</translation>
+    </message>
+    <message>
+        <source>Kl_eff exist but Aw doesn&apos;t exist. Scaling of Kl(Thetal) by using Aw not possible.</source>
+        <translation>Kl_eff ist gegeben, Aw aber nicht. Kl(Thetal) kann nicht über Aw skaliert werden.</translation>
+    </message>
+    <message>
+        <source>Dl_eff exist but Aw doesn&apos;t exist. Scaling of Dl(Thetal) by using Aw not possible.</source>
+        <translation>Dl_eff ist gegeben, Aw aber nicht. Dl(Thetal) kann nicht über Aw skaliert werden.</translation>
+    </message>
+    <message>
+        <source>Kl(Thetal) exist but Kleff not given!</source>
+        <translation>Kl(Thetal) ist gegeben, Kleff aber nicht!</translation>
+    </message>
+    <message>
+        <source>Dl(Thetal) exist but Kleff not given!</source>
+        <translation>Dl(Thetal) ist gegeben, Kleff aber nicht!</translation>
+    </message>
+    <message>
+        <source>First Thetal value in Kl(Thetal) must be 0.</source>
+        <translation>Der erste Wert von Thetal in Kl(Thetal) muss 0 sein.</translation>
+    </message>
+    <message>
+        <source>Last Thetal value in Kl(Thetal) must be ThetaEff.</source>
+        <translation>Der letzte Wert von Thetal in Kl(Thetal) muss ThetaEff sein.</translation>
+    </message>
+    <message>
+        <source>Last Kl value in Kl(Thetal) must be KlEff.</source>
+        <translation>Der letzte Wert von Kl in Kl(Thetal) muss KlEff sein.</translation>
+    </message>
+    <message>
+        <source>Kl(Thetal) function must be monotonic increasing.</source>
+        <translation>Die Funktion Kl(Thetal) muss monoton steigen.</translation>
+    </message>
+    <message>
+        <source>Dl(Thetal) and Kl(Thetal) exist! Only Kl(Thetal) will be used.</source>
+        <translation>Dl(Thetal) und Kl(Thetal) sind gegeben! Nur Kl(Thetal) wird verwendet.</translation>
+    </message>
+    <message>
+        <source>First Thetal value in Dl(Thetal) must be 0.</source>
+        <translation>Der erste Wert von Thetal in Dl(Thetal) muss 0 sein.</translation>
+    </message>
+    <message>
+        <source>Last Dl value in Dl(Thetal) must be DlEff.</source>
+        <translation>Der letzte Wert von Dl in Dl(Thetal) muss DlEff sein.</translation>
+    </message>
+    <message>
+        <source>Dl(Thetal) function must be monotonic increasing.</source>
+        <translation>Die Funktion Dl(Thetal) muss monoton steigen.</translation>
+    </message>
+    <message>
+        <source>Material is vapor tight and myDry exist.</source>
+        <translation>Das Material ist dampfdicht, myDry ist aber gegeben.</translation>
+    </message>
+    <message>
+        <source>Material is not vapor tight and Theta_Por doesn&apos;t exist.</source>
+        <translation>Das Material ist nicht dampfdicht, Theta_Por ist aber nicht gegeben.</translation>
+    </message>
+    <message>
+        <source>Material is not vapor tight and no vapor transport model exist (no myDry and no Kv(Thetal)).</source>
+        <translation>Das Material ist nicht dampfdicht und hat kein Modell des Dampftransports (weder myDry noch Kv(Thetal)).</translation>
+    </message>
+    <message>
+        <source>First Thetal value in Kv(Thetal) must be 0.</source>
+        <translation>Der erste Wert von Thetal in Kv(Thetal) muss 0 sein.</translation>
+    </message>
+    <message>
+        <source>Last Thetal value in Kv(Thetal) must be ThetaPor.</source>
+        <translation>Der letzte Wert von Thetal in Kv(Thetal) muss ThetaPor sein.</translation>
+    </message>
+    <message>
+        <source>Thirst Kv value in Kv(Thetal) must correspond to myDry.</source>
+        <translation>Der erste Wert von Kv in Kv(Thetal) muss myDry entsprechen.</translation>
+    </message>
+    <message>
+        <source>Material is air tight and Kg exist.</source>
+        <translation>Das Material ist luftdicht, Kg ist aber gegeben.</translation>
+    </message>
+    <message>
+        <source>Material is not air tight and Kg is smaller than 1e-20s.</source>
+        <translation>Das Material ist nicht luftdicht, Kg ist aber kleiner als 1e-20 s.</translation>
+    </message>
+    <message>
+        <source>Material is not air tight and Kg doesn&apos;t exist.</source>
+        <translation>Das Material ist nicht luftdicht, Kg ist aber nicht gegeben.</translation>
+    </message>
+    <message>
+        <source>Material is not air tight and transport function is given (no Kg(Thetal) and no Para Kg).</source>
+        <translation>Das Material ist nicht luftdicht und hat keine Transportfunktion (weder Kg(Thetal) noch Kennwert Kg).</translation>
+    </message>
+    <message>
+        <source>First Thetal value in Kg(Thetal) must be 0.</source>
+        <translation>Der erste Wert von Thetal in Kg(Thetal) muss 0 sein.</translation>
+    </message>
+    <message>
+        <source>Last Thetal value in Kg(Thetal) must be ThetaPor.</source>
+        <translation>Der letzte Wert von Thetal in Kg(Thetal) muss ThetaPor sein.</translation>
+    </message>
+    <message>
+        <source>First y value in Kg(Thetal) must be Kg_dry.</source>
+        <translation>Der erste y-Wert in Kg(Thetal) muss Kg_dry sein.</translation>
+    </message>
+    <message>
+        <source>All y values in Kg(Thetal) must be greater than 0.</source>
+        <translation>Alle y-Werte in Kg(Thetal) müssen größer als 0 sein.</translation>
     </message>
 </context>
 <context>

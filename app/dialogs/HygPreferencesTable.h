@@ -94,6 +94,8 @@ inline constexpr Row ROWS[] = {
      QT_TR_NOOP("Writes values that equal their defaults too.")},
     {"NPWizardLastUsedClimateLocation", GROUP_PROJECTS, KIND_TEXT, QT_TR_NOOP("Climate location of new projects"),
      QT_TR_NOOP("The location that the wizard for new projects offers first.")},
+    {"FavouriteMaterials", GROUP_PROJECTS, KIND_LINES, QT_TR_NOOP("Favourite materials"),
+     QT_TR_NOOP("Files of the materials that are marked as favourites, one a line.")},
 
     {"ConstructionViewGridLinesVisible", GROUP_CONSTRUCTION, KIND_FLAG, QT_TR_NOOP("Show grid lines"),
      QT_TR_NOOP("Draws the lines of the grid in the construction view.")},

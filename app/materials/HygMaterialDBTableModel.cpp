@@ -169,7 +169,7 @@ void HygMaterialDBTableModel::setFavourites(const QStringList & fileNames) {
         if (isFavourite == row.isFavourite)
             continue;
         row.isFavourite = isFavourite;
-        emit dataChanged(index(i, 0), index(i, NUM_COLUMNS - 1));
+        emit dataChanged(index(i, 0), index(i, NUM_COLUMNS - 1), {FavouriteRole, SortRole, Qt::DecorationRole});
     }
 }
 
@@ -181,7 +181,8 @@ void HygMaterialDBTableModel::setCompared(const QStringList & paths) {
         if (isCompared == row.isCompared)
             continue;
         row.isCompared = isCompared;
-        emit dataChanged(index(i, 0), index(i, NUM_COLUMNS - 1));
+        emit dataChanged(index(i, 0), index(i, NUM_COLUMNS - 1),
+                         {ComparedRole, Qt::BackgroundRole, Qt::ForegroundRole});
     }
 }
 

@@ -2,6 +2,9 @@
 
 #include <MM/Material.h>
 
+#include <QtExt/LanguageHandler.h>
+#include <QtExt/Settings.h>
+
 #include <QCoreApplication>
 
 #include <cmath>
@@ -99,6 +102,11 @@ static_assert(std::size(HATCHINGS) == MM::indexOf(MM::MaterialIdentification::Ha
               "hatching table and enumeration disagree");
 
 } // namespace
+
+QString HygMaterialTexts::language() {
+    const QString langId = QtExt::Settings::instance().langId();
+    return langId.isEmpty() ? QtExt::LanguageHandler::systemLanguage() : langId;
+}
 
 QString HygMaterialTexts::translated(std::string_view english) {
     return QCoreApplication::translate("MM", std::string(english).c_str());

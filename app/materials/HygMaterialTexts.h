@@ -7,6 +7,8 @@
 /// What the material library says in English, in the user's language.
 namespace HygMaterialTexts {
 
+/// The language of names and comments: that of the settings, else that of the system ("de").
+QString language();
 /// A description of the keyword list or a finding of the check.
 QString translated(std::string_view english);
 /// \param id MM::MaterialCategory::CategoryID

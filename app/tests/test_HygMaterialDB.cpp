@@ -273,37 +273,4 @@ TEST_F(HygMaterialDBTest, CategoryWordsAndMarksNarrowTheRows) {
     EXPECT_EQ(proxy.index(5, 0).data().toString(), "6") << "what has no value stands at the end";
 }
 
-/// Files appear, change and vanish while they are read; the scan ends well, and the last one tells what is there.
-TEST_F(HygMaterialDBTest, FilesMayComeAndGoDuringTheScan) {
-    constexpr int FILES = 60;
-    const auto name = [](int i) { return QString("built in/m_%1.m6").arg(i); };
-    for (int i = 0; i < FILES; ++i)
-        write(name(i), material("Brick", "BRICK"));
-    HygThreadMaterialDBUpdater updater({path("built in"), path("data/user"), path("cache")}, "1");
-    Model model;
-    int updates = 0;
-    QObject::connect(&updater, &HygThreadMaterialDBUpdater::updated, &model, [&] {
-        model.setScan(updater.result());
-        ++updates;
-    });
-    QObject::connect(&updater, &HygThreadMaterialDBUpdater::progressed, &model,
-                     [&] { EXPECT_LE(updater.done(), updater.total()); });
-    for (int round = 0; round < 20; ++round) {
-        updater.update();
-        for (int i = round % 3; i < FILES; i += 3) {
-            if (round % 2 == 0)
-                QFile::remove(path(name(i)));
-            else
-                QFile::remove(path(name(i))), write(name(i), i % 2 ? "broken" : material("Brick", "BRICK"));
-        }
-        if (round == 10)
-            updater.cancel();
-        QTest::qWait(5);
-    }
-    updater.update();
-    QTRY_VERIFY_WITH_TIMEOUT(!updater.isRunning() && updates > 0 && updater.result()->isComplete, 20000);
-    QTest::qWait(50);
-    EXPECT_EQ(model.rowCount(), QDir(path("built in")).entryList(QDir::Files).size());
-}
-
 } // namespace

@@ -1,6 +1,7 @@
 #include "views/HygViewTable.h"
 
 #include "construction/HygConstructionView.h"
+#include "materials/HygMaterialView.h"
 
 #include <QtGlobal>
 
@@ -9,7 +10,7 @@ using namespace HygViewTable;
 namespace {
 
 /// Makes a view that is constructed with the project handler.
-template <typename View> [[maybe_unused]] QWidget * make(HygProjectHandler * projects) {
+template <typename View> QWidget * make(HygProjectHandler * projects) {
     return new View(projects);
 }
 
@@ -20,7 +21,7 @@ constexpr Row ROWS[] = {
     {Construction, "construction",  QT_TRANSLATE_NOOP("HygMainWindow", "Construction"), "construction",  true,  make<HygConstructionView>},
     {Conditions,   "conditions",    QT_TRANSLATE_NOOP("HygMainWindow", "Conditions"),   "conditions",    true,  nullptr},
     {Outputs,      "outputs",       QT_TRANSLATE_NOOP("HygMainWindow", "Outputs"),      "outputs",       true,  nullptr},
-    {Materials,    "materials",     QT_TRANSLATE_NOOP("HygMainWindow", "Materials"),    "materials",     false, nullptr},
+    {Materials,    "materials",     QT_TRANSLATE_NOOP("HygMainWindow", "Materials"),    "materials",     false, make<HygMaterialView>},
     {Climate,      "climate",       QT_TRANSLATE_NOOP("HygMainWindow", "Climate"),      "climate",       false, nullptr},
     {Simulation,   "simulation",    QT_TRANSLATE_NOOP("HygMainWindow", "Simulation"),   "simulation",    true,  nullptr},
     {Results,      "results",       QT_TRANSLATE_NOOP("HygMainWindow", "Results"),      "results",       true,  nullptr},

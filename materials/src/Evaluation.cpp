@@ -44,6 +44,8 @@ constexpr Evaluation EVALUATIONS[] = {
     {"Kg",          "m3/m3", "s",     [](M m, int d, double x) { return m.airTransport(d).Kg(x); }},
     {"lambda",      "m3/m3", "W/mK",  [](M m, int d, double x) { return m.thermalTransport(d).lambda(x, T_LAMBDA); }},
     {"lambda(T)",   "K",     "W/mK",  [](M m, int d, double x) { return m.thermalTransport(d).lambda(0, x); }},
+    {"lambda(Theta_ice)", "m3/m3", "W/mK",
+     [](M m, int d, double x) { return m.thermalTransport(d).lambda(0, T_LAMBDA, x); }},
     {"u(T)",        "K",     "J/kg",  [](M m, int, double x) { return m.m_thermalStorage.u(x); }},
     {"T(u)",        "J/kg",  "K",     [](M m, int, double x) { return m.m_thermalStorage.T(x); }},
     {"sd+(rh)",     "-",     "m",     [](M m, int, double x) { return contactResistance(m, true, x); }},

@@ -112,6 +112,12 @@ public:
     void saveCsv();
     void print();
 
+    /// The area in which the series are drawn; for event filters.
+    QWidget & canvas() const;
+    /// Where values, in the data units of two axes, lie on the canvas [px], and back.
+    QPointF toCanvas(QPointF values, axis_t xAxis = X_BOTTOM, axis_t yAxis = Y_LEFT) const;
+    QPointF fromCanvas(QPointF place, axis_t xAxis = X_BOTTOM, axis_t yAxis = Y_LEFT) const;
+
     QSize sizeHint() const override;
 
 signals:

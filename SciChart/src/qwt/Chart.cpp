@@ -274,6 +274,32 @@ std::vector<Table> Chart::tables() const {
     return tables;
 }
 
+QWidget & Chart::canvas() const {
+    return *m->plot->canvas();
+}
+
+QPointF Chart::toCanvas(QPointF values, axis_t xAxis, axis_t yAxis) const {
+    const QwtScaleMap x = m->plot->canvasMap(xAxis);
+    const QwtScaleMap y = m->plot->canvasMap(yAxis);
+    return {
+        PixelScale{m->plot->state(xAxis).unit, x}
+        .pixel(values.x()),
+        PixelScale{m->plot->state(yAxis).unit, y}
+        .pixel(values.y())
+    };
+}
+
+QPointF Chart::fromCanvas(QPointF place, axis_t xAxis, axis_t yAxis) const {
+    const QwtScaleMap x = m->plot->canvasMap(xAxis);
+    const QwtScaleMap y = m->plot->canvasMap(yAxis);
+    return {
+        PixelScale{m->plot->state(xAxis).unit, x}
+        .value(place.x()),
+        PixelScale{m->plot->state(yAxis).unit, y}
+        .value(place.y())
+    };
+}
+
 QSize Chart::sizeHint() const {
     return {640, 400};
 }

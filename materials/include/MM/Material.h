@@ -118,6 +118,7 @@ public:
     }
     void clearParameter(ParaStorage which) { m_paraStorage[indexOf(which)].clear(); }
     void clearParameter(ParaTransport which) { m_paraTransport[indexOf(which)].clear(); }
+    void clearParameter(ParaMechanical which) { m_paraMechanical[indexOf(which)].clear(); }
 
     bool hasFlag(MaterialIdentification::Flags flag) const { return m_identification.hasFlag(flag); }
     /// The name in a language, else the file's name.

@@ -1,0 +1,152 @@
+#include "materials/HygMaterialParameterForm.h"
+
+#include "materials/HygMaterialDocument.h"
+#include "materials/HygMaterialTexts.h"
+
+#include <QtExt/ValueEdit.h>
+
+#include <QEvent>
+
+namespace {
+
+using MM::Material;
+
+/// Calls \p action with the enumerator of a field.
+template <typename Kind, typename Action> auto withEnumerator(Kind kind, int index, const Action & action) {
+    switch (static_cast<int>(kind)) {
+    case 0:
+        return action(static_cast<Material::ParaStorage>(index));
+    case 1:
+        return action(static_cast<Material::ParaTransport>(index));
+    default:
+        return action(static_cast<Material::ParaMechanical>(index));
+    }
+}
+
+struct RangeRow {
+    const char * keyword;
+    const char * range;
+};
+// What is usual; directions v and w are as u.
+// clang-format off
+constexpr RangeRow RANGES[] = {
+    {"RHO",           QT_TRANSLATE_NOOP("HygMaterialParameterForm", "usually 15 to 2500 kg/m3, metals up to 8900 kg/m3")},
+    {"CE",            QT_TRANSLATE_NOOP("HygMaterialParameterForm", "usually 800 to 2500 J/kgK, metals from 380 J/kgK")},
+    {"THETA_POR",     QT_TRANSLATE_NOOP("HygMaterialParameterForm", "0.01 to 0.99 m3/m3, not below the effective saturation")},
+    {"THETA_EFF",     QT_TRANSLATE_NOOP("HygMaterialParameterForm", "0.01 to 0.99 m3/m3, not above the porosity")},
+    {"THETA_CAP",     QT_TRANSLATE_NOOP("HygMaterialParameterForm", "0.01 to 0.9 m3/m3, not above the effective saturation")},
+    {"THETA_LIM_HYG", QT_TRANSLATE_NOOP("HygMaterialParameterForm", "0 to 0.9 m3/m3")},
+    {"THETA_80",      QT_TRANSLATE_NOOP("HygMaterialParameterForm", "usually 0.0005 to 0.15 m3/m3")},
+    {"LAMBDA",        QT_TRANSLATE_NOOP("HygMaterialParameterForm", "usually 0.02 to 3 W/mK, metals up to 400 W/mK")},
+    {"LAMBDA_DESIGN", QT_TRANSLATE_NOOP("HygMaterialParameterForm", "usually 0.02 to 3 W/mK, metals up to 400 W/mK")},
+    {"AW",            QT_TRANSLATE_NOOP("HygMaterialParameterForm", "usually 0.001 to 0.5 kg/m2s05")},
+    {"MEW",           QT_TRANSLATE_NOOP("HygMaterialParameterForm", "1 (still air) to 100000 (foils)")},
+    {"SD",            QT_TRANSLATE_NOOP("HygMaterialParameterForm", "0.01 to 1500 m, for thin layers")},
+    {"KLEFF",         QT_TRANSLATE_NOOP("HygMaterialParameterForm", "usually 1e-12 to 1e-7 s")},
+    {"DLEFF",         QT_TRANSLATE_NOOP("HygMaterialParameterForm", "usually 1e-10 to 1e-4 m2/s")},
+    {"KG",            QT_TRANSLATE_NOOP("HygMaterialParameterForm", "usually 1e-12 to 1e-3 s")},
+    {"ALPHA",         QT_TRANSLATE_NOOP("HygMaterialParameterForm", "usually 0.003 to 0.2 mm/mK")},
+    {"BETA_THETA_L",  QT_TRANSLATE_NOOP("HygMaterialParameterForm", "usually 0 to 0.5 m3m/m3m")},
+    {"BETA_THETA_L2", QT_TRANSLATE_NOOP("HygMaterialParameterForm", "usually 0.1 to 0.25 m3/m3")},
+};
+// clang-format on
+
+} // namespace
+
+HygMaterialParameterForm::HygMaterialParameterForm(HygMaterialDocument & document, QWidget * parent)
+    : HygMaterialForm(parent), m_document(document) {
+    const auto all = [](Field::kind_t kind, std::size_t first, std::size_t last) {
+        std::vector<Field> fields;
+        for (std::size_t i = first; i < last; ++i)
+            fields.push_back({kind, static_cast<int>(i)});
+        return fields;
+    };
+    using Transport = Material::ParaTransport;
+    constexpr std::size_t V = MM::indexOf(Transport::LAMBDA_V);
+    constexpr std::size_t DESIGN = MM::indexOf(Transport::LAMBDA_DESIGN);
+    std::vector<Field> transport = all(Field::Transport, 0, V);
+    transport.push_back({Field::Transport, static_cast<int>(DESIGN)});
+    addGroup(QT_TR_NOOP("Storage"), all(Field::Storage, 0, Material::NUM_STORAGE));
+    addGroup(QT_TR_NOOP("Transport"), transport);
+    addGroup(QT_TR_NOOP("Transport in directions v and w, where it differs"), all(Field::Transport, V, DESIGN));
+    addGroup(QT_TR_NOOP("Mechanics"), all(Field::Mechanical, 0, Material::NUM_MECHANICAL));
+    connect(&m_document, &HygMaterialDocument::changed, this, &HygMaterialParameterForm::update);
+    retranslate();
+    update();
+}
+
+void HygMaterialParameterForm::addGroup(const char * title, const std::vector<Field> & fields) {
+    m_titles.emplace_back(&addHeading(), title);
+    for (Field field : fields) {
+        const auto [keyword, unit] = withEnumerator(field.kind, field.index, [](auto which) {
+            return std::pair(MM::KeywordList::Keyword(which),
+                             MM::KeywordList::Unit(KOR::enumerationName<decltype(which)>(), static_cast<int>(which)));
+        });
+        field.edit = new QtExt::ValueEdit(KOR::Parameter(keyword, 0, KOR::Unit(unit)), widget());
+        field.edit->setEmptyAllowed(true);
+        field.edit->setMinimum(0, KOR::Unit(unit));
+        field.label = &addField(QString::fromStdString(keyword), field.edit);
+        connect(field.edit, &QtExt::ValueEdit::valueChanged, this, [this, field] { take(field); });
+        m_parameters.push_back(field);
+    }
+}
+
+void HygMaterialParameterForm::take(const Field & field) {
+    const KOR::Parameter given = field.edit->parameter();
+    withEnumerator(field.kind, field.index, [&](auto which) {
+        const std::string keyword = MM::KeywordList::Keyword(which);
+        m_document.change(tr("Change %1").arg(QString::fromStdString(keyword)), [&](Material & material) {
+            if (given.empty())
+                material.clearParameter(which);
+            else // by the reader, which keeps the unit
+                material.readASCIIParameterFromLine(keyword + " = " + given.valueText());
+        });
+    });
+}
+
+void HygMaterialParameterForm::update() {
+    for (const Field & field : m_parameters)
+        withEnumerator(field.kind, field.index, [&](auto which) {
+            const KOR::Parameter & held = m_document.material().parameter(which);
+            if (field.edit->parameter() == held)
+                return;
+            if (!held.empty()) {
+                field.edit->setParameter(held);
+                return;
+            }
+            field.edit->setParameter(KOR::Parameter(MM::KeywordList::Keyword(which), 0, field.edit->unit()));
+            field.edit->clear();
+        });
+}
+
+void HygMaterialParameterForm::setReadOnly(bool isReadOnly) {
+    for (const Field & field : m_parameters)
+        field.edit->setReadOnly(isReadOnly);
+}
+
+void HygMaterialParameterForm::retranslate() {
+    for (const auto & [label, title] : m_titles)
+        label->setText(tr(title));
+    for (const Field & field : m_parameters)
+        withEnumerator(field.kind, field.index, [&](auto which) {
+            const QString keyword = QString::fromStdString(MM::KeywordList::Keyword(which));
+            const QString description = HygMaterialTexts::translated(MM::KeywordList::Description(which));
+            QString toolTip = QStringLiteral("%1: %2").arg(keyword, description);
+            QString stem = keyword;
+            if (stem.endsWith(QStringLiteral("_V")) || stem.endsWith(QStringLiteral("_W")))
+                stem.chop(2);
+            for (const RangeRow & row : RANGES)
+                if (stem == QLatin1String(row.keyword))
+                    toolTip += QStringLiteral("; ") + tr(row.range);
+            field.label->setText(description);
+            field.edit->setToolTip(toolTip);
+            field.edit->setAccessibleName(description);
+            field.edit->setPlaceholderText(tr("not given"));
+        });
+}
+
+void HygMaterialParameterForm::changeEvent(QEvent * event) {
+    HygMaterialForm::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+}

@@ -1,0 +1,214 @@
+#include "materials/HygMaterialPointModel.h"
+
+#include "materials/HygMaterialDocument.h"
+
+#include <QtExt/Palette.h>
+
+#include <KOR/Exception.h>
+#include <KOR/Numbers.h>
+
+#include <QRegularExpression>
+
+#include <cmath>
+
+namespace {
+
+constexpr double KEPT_DISTANCE = 1e-3; ///< of a point to its neighbour when it is dragged, in parts of their distance
+
+QString shown(double value) {
+    return QString::fromStdString(KOR::toString(value));
+}
+
+/// A number with point or comma.
+std::optional<double> number(QString text) {
+    return KOR::parseDouble(text.trimmed().replace(QLatin1Char(','), QLatin1Char('.')).toStdString());
+}
+
+} // namespace
+
+HygMaterialPointModel::HygMaterialPointModel(HygMaterialDocument & document, QObject * parent)
+    : QAbstractTableModel(parent), m_document(document) {
+    connect(&m_document, &HygMaterialDocument::changed, this, &HygMaterialPointModel::takeOver);
+    m_rows = static_cast<int>(spline().size());
+}
+
+const KOR::LinearSpline & HygMaterialPointModel::spline() const {
+    return HygMaterialFunctions::spline(m_document.material(), m_place);
+}
+
+void HygMaterialPointModel::setPlace(const HygMaterialFunctions::Place & place) {
+    beginResetModel();
+    m_place = place;
+    m_rows = static_cast<int>(spline().size());
+    endResetModel();
+    retranslate();
+}
+
+void HygMaterialPointModel::retranslate() {
+    emit headerDataChanged(Qt::Horizontal, 0, NUM_COLUMNS - 1);
+}
+
+void HygMaterialPointModel::takeOver() {
+    const int rows = static_cast<int>(spline().size());
+    if (rows == m_rows) {
+        if (rows > 0)
+            emit dataChanged(index(0, 0), index(rows - 1, NUM_COLUMNS - 1));
+        return;
+    }
+    beginResetModel();
+    m_rows = rows;
+    endResetModel();
+}
+
+void HygMaterialPointModel::change(const QString & text, std::vector<double> x, std::vector<double> y,
+                                   const QString & field) {
+    m_document.change(
+        text,
+        [&](MM::Material & material) {
+            HygMaterialFunctions::setPoints(material, m_place, std::move(x), std::move(y));
+        },
+        field);
+}
+
+void HygMaterialPointModel::insertAfter(int row) {
+    std::vector<double> x = spline().x();
+    std::vector<double> y = spline().y();
+    const int last = static_cast<int>(x.size()) - 1;
+    if (x.empty()) {
+        x = {0};
+        y = {0};
+    } else {
+        const auto at = static_cast<std::size_t>(std::clamp(row, 0, last));
+        const bool isLast = at + 1 == x.size();
+        const double step = x.size() > 1 ? x[at] - x[at - 1] : 1;
+        const double newX = isLast ? x[at] + step : (x[at] + x[at + 1]) / 2;
+        const double newY = isLast ? y[at] : (y[at] + y[at + 1]) / 2;
+        x.insert(x.begin() + static_cast<std::ptrdiff_t>(at) + 1, newX);
+        y.insert(y.begin() + static_cast<std::ptrdiff_t>(at) + 1, newY);
+    }
+    change(tr("Insert point"), std::move(x), std::move(y));
+}
+
+void HygMaterialPointModel::removePoints(const std::vector<int> & rows) {
+    std::vector<double> x;
+    std::vector<double> y;
+    for (int i = 0; i < m_rows; ++i) {
+        if (std::find(rows.begin(), rows.end(), i) != rows.end())
+            continue;
+        x.push_back(spline().x()[static_cast<std::size_t>(i)]);
+        y.push_back(spline().y()[static_cast<std::size_t>(i)]);
+    }
+    change(tr("Remove points"), std::move(x), std::move(y));
+}
+
+void HygMaterialPointModel::movePoint(int row, double newX, double newY, const QString & field) {
+    std::vector<double> x = spline().x();
+    std::vector<double> y = spline().y();
+    const auto at = static_cast<std::size_t>(row);
+    if (at >= x.size() || !std::isfinite(newX) || !std::isfinite(newY))
+        return;
+    if (at > 0)
+        newX = std::max(newX, x[at - 1] + KEPT_DISTANCE * (x[at] - x[at - 1]));
+    if (at + 1 < x.size())
+        newX = std::min(newX, x[at + 1] - KEPT_DISTANCE * (x[at + 1] - x[at]));
+    x[at] = newX;
+    y[at] = newY;
+    change(tr("Move point"), std::move(x), std::move(y), field);
+}
+
+void HygMaterialPointModel::setText(const QString & text) {
+    std::vector<double> x;
+    std::vector<double> y;
+    static const QRegularExpression SEPARATORS(QStringLiteral("[\\t; ]+"));
+    const QStringList lines = text.split(QLatin1Char('\n'));
+    for (int i = 0; i < lines.size(); ++i) {
+        const QStringList parts = lines[i].trimmed().split(SEPARATORS, Qt::SkipEmptyParts);
+        if (parts.isEmpty())
+            continue;
+        const auto first = number(parts[0]);
+        const auto second = parts.size() == 2 ? number(parts[1]) : std::nullopt;
+        if (!first || !second)
+            throw KOR::Exception(
+                tr("Line %1 does not hold two numbers: '%2'.").arg(i + 1).arg(lines[i].left(80)).toStdString(),
+                "[HygMaterialPointModel::setText]");
+        x.push_back(*first);
+        y.push_back(*second);
+        if (x.size() > MM::MaterialFunctionBase::MAX_POINTS)
+            throw KOR::Exception(
+                tr("A function has at most %1 points.").arg(MM::MaterialFunctionBase::MAX_POINTS).toStdString(),
+                "[HygMaterialPointModel::setText]");
+    }
+    change(tr("Paste points"), std::move(x), std::move(y));
+}
+
+QString HygMaterialPointModel::text() const {
+    QString lines;
+    for (std::size_t i = 0; i < spline().size(); ++i)
+        lines += shown(spline().x()[i]) + QLatin1Char('\t') + shown(spline().y()[i]) + QLatin1Char('\n');
+    return lines;
+}
+
+void HygMaterialPointModel::clearPoints() {
+    change(tr("Remove function"), {}, {});
+}
+
+int HygMaterialPointModel::rowCount(const QModelIndex & parent) const {
+    return parent.isValid() ? 0 : m_rows;
+}
+
+int HygMaterialPointModel::columnCount(const QModelIndex & parent) const {
+    return parent.isValid() ? 0 : NUM_COLUMNS;
+}
+
+QVariant HygMaterialPointModel::data(const QModelIndex & index, int role) const {
+    if (!index.isValid() || index.row() >= static_cast<int>(spline().size()))
+        return {};
+    const auto i = static_cast<std::size_t>(index.row());
+    const std::vector<double> & x = spline().x();
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::EditRole:
+        return shown(index.column() == XColumn ? x[i] : spline().y()[i]);
+    case Qt::TextAlignmentRole:
+        return static_cast<int>(Qt::AlignRight | Qt::AlignVCenter);
+    default:
+        break;
+    }
+    const bool isWrong = index.column() == XColumn && i > 0 && !(x[i] > x[i - 1]);
+    if (isWrong && role == Qt::BackgroundRole)
+        return QtExt::Palette::color(QtExt::Palette::ERROR_BASE);
+    if (isWrong && role == Qt::ToolTipRole)
+        return tr("The value must be greater than the one above.");
+    return {};
+}
+
+QVariant HygMaterialPointModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (role != Qt::DisplayRole)
+        return {};
+    if (orientation == Qt::Vertical)
+        return section + 1;
+    const HygMaterialFunctions::Row & row = HygMaterialFunctions::row(m_place.row);
+    return section == XColumn
+               ? QStringLiteral("%1 [%2]").arg(HygMaterialFunctions::xTitle(m_place), QLatin1String(row.xUnit))
+               : QStringLiteral("%1 [%2]").arg(HygMaterialFunctions::yTitle(m_place), QLatin1String(row.yUnit));
+}
+
+Qt::ItemFlags HygMaterialPointModel::flags(const QModelIndex & index) const {
+    const Qt::ItemFlags flags = QAbstractTableModel::flags(index);
+    return m_isReadOnly ? flags : flags | Qt::ItemIsEditable;
+}
+
+bool HygMaterialPointModel::setData(const QModelIndex & index, const QVariant & value, int role) {
+    if (!index.isValid() || role != Qt::EditRole)
+        return false;
+    const auto given = number(value.toString());
+    if (!given || !std::isfinite(*given)) {
+        emit refused(tr("'%1' is not a number.").arg(value.toString()));
+        return false;
+    }
+    std::vector<double> x = spline().x();
+    std::vector<double> y = spline().y();
+    (index.column() == XColumn ? x : y)[static_cast<std::size_t>(index.row())] = *given;
+    change(tr("Change point"), std::move(x), std::move(y));
+    return true;
+}

@@ -1,0 +1,67 @@
+#include "materials/HygMaterialView.h"
+
+#include "construction/HygConstructionView.h"
+#include "document/HygProjectHandler.h"
+#include "materials/HygMaterialDBWidget.h"
+#include "materials/HygProjectMaterials.h"
+#include "materials/HygProjectMaterialsWidget.h"
+
+#include <QAction>
+#include <QBoxLayout>
+#include <QSplitter>
+#include <QUndoStack>
+
+HygMaterialView::HygMaterialView(HygProjectHandler * projects, QWidget * parent)
+    : QWidget(parent), m_projects(*projects) {}
+
+void HygMaterialView::showEvent(QShowEvent * event) {
+    if (m_database == nullptr)
+        setUp();
+    QWidget::showEvent(event);
+}
+
+void HygMaterialView::setUp() {
+    const std::shared_ptr<HygMaterialDB> database = HygMaterialDB::shared();
+    auto * splitter = new QSplitter(this);
+    m_project = new HygProjectMaterialsWidget(m_projects, *database, splitter);
+    m_database = new HygMaterialDBWidget(database, splitter);
+    splitter->addWidget(m_project);
+    splitter->addWidget(m_database);
+    splitter->setStretchFactor(1, 1);
+    splitter->setSizes({300, 900});
+    splitter->setChildrenCollapsible(false);
+    auto * layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(splitter);
+    for (QAction * action : m_database->actions())
+        addAction(action);
+
+    connect(m_database, &HygMaterialDBWidget::activated, this, &HygMaterialView::activate);
+    connect(m_project, &HygProjectMaterialsWidget::currentChanged, m_database, &HygMaterialDBWidget::setCurrentPath);
+    connect(m_project, &HygProjectMaterialsWidget::problem, m_database, &HygMaterialDBWidget::showProblem);
+    const auto update = [this] { m_project->setVisible(m_projects.hasProject()); };
+    connect(&m_projects, &HygProjectHandler::modified, m_project, update);
+    update();
+}
+
+void HygMaterialView::activate(const QString & path) {
+    if (!m_projects.hasProject()) {
+        m_database->edit();
+        return;
+    }
+    auto * construction = window()->findChild<HygConstructionView *>();
+    if (construction == nullptr || construction->canvas().scene().selection.empty()) {
+        m_project->add({path});
+        return;
+    }
+    // The selected cells get the material, in one step of undo.
+    const std::vector<HYGRION::Range> cells = construction->canvas().scene().selection.blocks();
+    m_projects.undoStack().beginMacro(tr("Assign material"));
+    m_project->add({path});
+    const int index = HygProjectMaterials::find(m_projects.project(), path);
+    if (index >= 0)
+        construction->editor().assign(HYGRION::Assignment::type_t::Material,
+                                      m_projects.project().m_materials[static_cast<std::size_t>(index)].m_name, cells,
+                                      HYGRION::Assignment::location_t::Element);
+    m_projects.undoStack().endMacro();
+}

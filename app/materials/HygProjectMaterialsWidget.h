@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QWidget>
+
+#include <functional>
+#include <map>
+
+class HygMaterialDB;
+class HygProjectHandler;
+class HygProjectMaterialFiles;
+class QAction;
+class QLabel;
+class QTreeWidget;
+class QTreeWidgetItem;
+namespace KOR {
+class Exception;
+}
+
+/// The materials of the project: what they are called, where they are used, and what is wrong with their files.
+class HygProjectMaterialsWidget : public QWidget {
+    Q_OBJECT
+public:
+    HygProjectMaterialsWidget(HygProjectHandler & projects, HygMaterialDB & database, QWidget * parent = nullptr);
+
+    /// Adds materials of the database.
+    void add(const QStringList & paths);
+
+signals:
+    /// The file of the material that was chosen.
+    void currentChanged(const QString & path);
+    void problem(const QString & text);
+
+protected:
+    void changeEvent(QEvent * event) override;
+
+private:
+    struct ActionRow;
+    static const ActionRow ACTIONS[];
+
+    void retranslate();
+    void update();
+    void updateActions();
+    int current() const;
+    void attempt(const std::function<void()> & action);
+    void chooseOther(int index);
+    void itemClicked(QTreeWidgetItem * item, int column);
+
+    void addMaterial();
+    void replaceMaterial();
+    void editMaterial();
+    void removeMaterial();
+    void removeUnused();
+    void acceptChange();
+
+    HygProjectHandler & m_projects;
+    HygMaterialDB & m_database;
+    HygProjectMaterialFiles & m_files;
+    QLabel * m_title;
+    QLabel * m_empty;
+    QTreeWidget * m_list;
+    std::map<QString, QAction *> m_actions;
+};
