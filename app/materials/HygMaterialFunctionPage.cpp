@@ -95,7 +95,7 @@ HygMaterialFunctionPage::HygMaterialFunctionPage(HygMaterialDocument & document,
     splitter->addWidget(m_list);
     splitter->addWidget(middle);
     splitter->addWidget(m_chart);
-    splitter->setSizes({270, 230, 400});
+    splitter->setSizes({250, 270, 380});
     splitter->setStretchFactor(2, 1);
     splitter->setChildrenCollapsible(false);
     auto * layout = new QVBoxLayout(this);
