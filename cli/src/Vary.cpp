@@ -233,6 +233,7 @@ private:
             words.push_back("--duration=" + *m_study.duration());
         words.push_back(variant.project);
         std::vector<char *> argv;
+        argv.reserve(words.size() + 1);
         for (std::string & word : words)
             argv.push_back(word.data());
         argv.push_back(nullptr);
