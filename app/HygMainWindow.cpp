@@ -267,6 +267,9 @@ void HygMainWindow::addView(const HygViewTable::Row & row, QWidget * widget) {
     auto * action = new QAction(HygIconEngine::icon(QLatin1String(row.icon)), QString(), this);
     connect(action, &QAction::triggered, this, [this, id = row.view] { showView(id); });
     m_views[row.view] = {&row, widget, &button, action};
+    // A view that can lead to a definition in another one says so by this signal.
+    if (widget->metaObject()->indexOfSignal("placeRequested(QString)") >= 0)
+        connect(widget, SIGNAL(placeRequested(QString)), this, SLOT(showPlace(QString)));
 
     QAction * before = m_ui->menuView->actions().constFirst();
     int number = 0;
@@ -274,6 +277,10 @@ void HygMainWindow::addView(const HygViewTable::Row & row, QWidget * widget) {
         m_ui->menuView->insertAction(before, view.action);
         view.action->setShortcut(QKeySequence(QStringLiteral("Ctrl+%1").arg(++number)));
     }
+}
+
+void HygMainWindow::showPlace(const QString & place) {
+    showView(HygViewTable::viewOfPlace(place));
 }
 
 void HygMainWindow::updateViewMenu() {

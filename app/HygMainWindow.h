@@ -51,6 +51,10 @@ public:
     /// A page of the user guide, by its name without suffix.
     void showHelp(const QString & page);
 
+public slots:
+    /// Shows the view where a definition is edited, see HygViewTable::viewOfPlace.
+    void showPlace(const QString & place);
+
 protected:
     void changeEvent(QEvent * event) override;
     void closeEvent(QCloseEvent * event) override;

@@ -2,6 +2,7 @@
 #include "ConstructionPictures.h"
 #include "MaterialPictures.h"
 #include "ProjectPictures.h"
+#include "SimulationPictures.h"
 
 #include "HygDebugApplication.h"
 #include "HygMainWindow.h"
@@ -106,6 +107,7 @@ void draw(const QString & target, const QString & home, language_t language, con
     preferences.close();
     drawProjectPictures(window, projectPath(home, 0, language), target, suffix);
     drawConstructionPictures(target, suffix);
+    drawSimulationPictures(target, suffix);
     KOR::MessageHandlerRegistry::instance().setMessageHandler(nullptr);
 }
 

@@ -25,6 +25,21 @@
     </message>
 </context>
 <context>
+    <name>HygAnimation</name>
+    <message>
+        <source>There are no time points.</source>
+        <translation>Es gibt keine Zeitpunkte.</translation>
+    </message>
+    <message>
+        <source>Cannot write the picture &apos;%1&apos;.</source>
+        <translation>Das Bild „%1“ kann nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>The film could not be made: %1</source>
+        <translation>Der Film konnte nicht erzeugt werden: %1</translation>
+    </message>
+</context>
+<context>
     <name>HygAssignPanel</name>
     <message>
         <source>Materials</source>
@@ -1162,6 +1177,600 @@
     <message>
         <source>standard indoor climate</source>
         <translation>genormtes Innenklima</translation>
+    </message>
+</context>
+<context>
+    <name>HygInitForm</name>
+    <message>
+        <source>Change of &apos;%1&apos;</source>
+        <translation>Änderung von „%1“</translation>
+    </message>
+    <message>
+        <source>Default: %1</source>
+        <translation>Vorgabe: %1</translation>
+    </message>
+    <message>
+        <source>more than 0</source>
+        <translation>mehr als 0</translation>
+    </message>
+    <message>
+        <source>Allowed: %1 to %2</source>
+        <translation>Erlaubt: %1 bis %2</translation>
+    </message>
+    <message>
+        <source>Allowed: from %1</source>
+        <translation>Erlaubt: ab %1</translation>
+    </message>
+    <message>
+        <source>Choose a file</source>
+        <translation>Datei auswählen</translation>
+    </message>
+</context>
+<context>
+    <name>HygInitTexts</name>
+    <message>
+        <source>Balances</source>
+        <translation>Bilanzen</translation>
+    </message>
+    <message>
+        <source>Balance equations:</source>
+        <translation>Bilanzgleichungen:</translation>
+    </message>
+    <message>
+        <source>Which balances are solved. Air, pollutants and salt can be stored in projects; the solver calculates heat and moisture.</source>
+        <translation>Welche Bilanzen gelöst werden. Luft, Schadstoffe und Salz können in Projekten stehen; der Löser rechnet Wärme und Feuchte.</translation>
+    </message>
+    <message>
+        <source>Thermal conductivity:</source>
+        <translation>Wärmeleitfähigkeit:</translation>
+    </message>
+    <message>
+        <source>The conductivity of the materials that counts: of the dry material, the design value, or growing with the water in it.</source>
+        <translation>Welche Leitfähigkeit der Materialien gilt: die des trockenen Materials, der Bemessungswert, oder mit dem Wasser darin wachsend.</translation>
+    </message>
+    <message>
+        <source>Temperature of isothermal runs:</source>
+        <translation>Temperatur isothermer Läufe:</translation>
+    </message>
+    <message>
+        <source>Temperature of the whole construction when moisture alone is calculated, usually 20 °C to 25 °C.</source>
+        <translation>Temperatur der ganzen Konstruktion, wenn nur Feuchte gerechnet wird, meist 20 °C bis 25 °C.</translation>
+    </message>
+    <message>
+        <source>Flux modules:</source>
+        <translation>Strommodule:</translation>
+    </message>
+    <message>
+        <source>Modules of transport, separated by commas; &quot;name = other&quot; stands in for another module. Usually empty.</source>
+        <translation>Module des Transports, durch Kommas getrennt; „Name = anderes“ ersetzt ein anderes Modul. Meist leer.</translation>
+    </message>
+    <message>
+        <source>Source modules:</source>
+        <translation>Quellmodule:</translation>
+    </message>
+    <message>
+        <source>Modules of sources, separated by commas; &quot;name = other&quot; stands in for another module. Usually empty.</source>
+        <translation>Module der Quellen, durch Kommas getrennt; „Name = anderes“ ersetzt ein anderes Modul. Meist leer.</translation>
+    </message>
+    <message>
+        <source>Simulated time</source>
+        <translation>Simulierte Zeit</translation>
+    </message>
+    <message>
+        <source>Start:</source>
+        <translation>Beginn:</translation>
+    </message>
+    <message>
+        <source>Time since 1 January of the start year at which the simulation begins; empty for 0. With 273 d it begins on 1 October.</source>
+        <translation>Zeit seit dem 1. Januar des Startjahrs, zu der die Simulation beginnt; leer für 0. Mit 273 d beginnt sie am 1. Oktober.</translation>
+    </message>
+    <message>
+        <source>Duration:</source>
+        <translation>Dauer:</translation>
+    </message>
+    <message>
+        <source>How long is simulated, usually 1 to 10 years (&quot;3 a&quot;). Give either this or the end.</source>
+        <translation>Wie lange simuliert wird, meist 1 bis 10 Jahre („3 a“). Geben Sie dies oder das Ende an.</translation>
+    </message>
+    <message>
+        <source>End:</source>
+        <translation>Ende:</translation>
+    </message>
+    <message>
+        <source>Time since 1 January of the start year at which the simulation ends. Give either this or the duration.</source>
+        <translation>Zeit seit dem 1. Januar des Startjahrs, zu der die Simulation endet. Geben Sie dies oder die Dauer an.</translation>
+    </message>
+    <message>
+        <source>Start year:</source>
+        <translation>Startjahr:</translation>
+    </message>
+    <message>
+        <source>Year of the calendar in which the simulation starts. Climates that repeat every year fit to any.</source>
+        <translation>Kalenderjahr, in dem die Simulation beginnt. Klimata, die sich jährlich wiederholen, passen zu jedem.</translation>
+    </message>
+    <message>
+        <source>Initial state</source>
+        <translation>Anfangszustand</translation>
+    </message>
+    <message>
+        <source>Initial temperature:</source>
+        <translation>Anfangstemperatur:</translation>
+    </message>
+    <message>
+        <source>Where no initial condition is assigned; usually 10 °C to 20 °C.</source>
+        <translation>Wo keine Anfangsbedingung zugewiesen ist; meist 10 °C bis 20 °C.</translation>
+    </message>
+    <message>
+        <source>Initial relative humidity:</source>
+        <translation>Relative Anfangsfeuchte:</translation>
+    </message>
+    <message>
+        <source>Where no initial condition is assigned; usually 50 % to 80 %, more in wet masonry.</source>
+        <translation>Wo keine Anfangsbedingung zugewiesen ist; meist 50 % bis 80 %, mehr in nassem Mauerwerk.</translation>
+    </message>
+    <message>
+        <source>Climate and place</source>
+        <translation>Klima und Ort</translation>
+    </message>
+    <message>
+        <source>Climate data file:</source>
+        <translation>Klimadatei:</translation>
+    </message>
+    <message>
+        <source>The weather of the place (c6b, epw, wac, dat), from which all climate conditions of the kind CCM are taken.</source>
+        <translation>Das Wetter des Orts (c6b, epw, wac, dat), aus dem alle Klimabedingungen der Art CCM genommen werden.</translation>
+    </message>
+    <message>
+        <source>Use a place of its own instead of the climate file&apos;s</source>
+        <translation>Eigenen Ort statt des Orts der Klimadatei verwenden</translation>
+    </message>
+    <message>
+        <source>The sun is calculated for the place given below.</source>
+        <translation>Die Sonne wird für den unten angegebenen Ort gerechnet.</translation>
+    </message>
+    <message>
+        <source>Latitude:</source>
+        <translation>Breitengrad:</translation>
+    </message>
+    <message>
+        <source>Latitude of the place, north is positive. Counts only with a place of its own.</source>
+        <translation>Breite des Orts, Norden ist positiv. Zählt nur bei eigenem Ort.</translation>
+    </message>
+    <message>
+        <source>Longitude:</source>
+        <translation>Längengrad:</translation>
+    </message>
+    <message>
+        <source>Longitude of the place, east is positive. Counts only with a place of its own.</source>
+        <translation>Länge des Orts, Osten ist positiv. Zählt nur bei eigenem Ort.</translation>
+    </message>
+    <message>
+        <source>Height above sea level:</source>
+        <translation>Höhe über dem Meer:</translation>
+    </message>
+    <message>
+        <source>Height of the place. Counts only with a place of its own.</source>
+        <translation>Höhe des Orts. Zählt nur bei eigenem Ort.</translation>
+    </message>
+    <message>
+        <source>Time zone:</source>
+        <translation>Zeitzone:</translation>
+    </message>
+    <message>
+        <source>Hours before Greenwich, 1 for Central Europe. Counts only with a place of its own.</source>
+        <translation>Stunden vor Greenwich, 1 für Mitteleuropa. Zählt nur bei eigenem Ort.</translation>
+    </message>
+    <message>
+        <source>Albedo of the ground:</source>
+        <translation>Albedo des Bodens:</translation>
+    </message>
+    <message>
+        <source>Share of the sun that the surroundings reflect: about 0.2 for grass, 0.7 for fresh snow.</source>
+        <translation>Anteil der Sonne, den die Umgebung zurückwirft: etwa 0.2 bei Gras, 0.7 bei frischem Schnee.</translation>
+    </message>
+    <message>
+        <source>Physics</source>
+        <translation>Physik</translation>
+    </message>
+    <message>
+        <source>Water may freeze</source>
+        <translation>Wasser kann gefrieren</translation>
+    </message>
+    <message>
+        <source>Ice in equilibrium with the water of the pores. Needed for frost questions; makes runs slower.</source>
+        <translation>Eis im Gleichgewicht mit dem Wasser der Poren. Nötig bei Frostfragen; macht Läufe langsamer.</translation>
+    </message>
+    <message>
+        <source>Pores cannot be overfilled</source>
+        <translation>Poren können nicht überfüllt werden</translation>
+    </message>
+    <message>
+        <source>Keeps states that the equations alone would allow within the volume of the pores.</source>
+        <translation>Hält Zustände, die die Gleichungen allein zuließen, innerhalb des Porenvolumens.</translation>
+    </message>
+    <message>
+        <source>Stop at 100 °C</source>
+        <translation>Bei 100 °C aufhören</translation>
+    </message>
+    <message>
+        <source>A run that heats a part above 100 °C ends with an error, since boiling is outside of the model.</source>
+        <translation>Ein Lauf, der ein Teil über 100 °C erwärmt, endet mit einem Fehler, denn Sieden liegt außerhalb des Modells.</translation>
+    </message>
+    <message>
+        <source>Gravity acts on water</source>
+        <translation>Schwerkraft wirkt auf Wasser</translation>
+    </message>
+    <message>
+        <source>Matters in coarse pores and tall parts only.</source>
+        <translation>Zählt nur in groben Poren und hohen Bauteilen.</translation>
+    </message>
+    <message>
+        <source>Gravity acts on air</source>
+        <translation>Schwerkraft wirkt auf Luft</translation>
+    </message>
+    <message>
+        <source>Matters for air flow in cavities only.</source>
+        <translation>Zählt nur bei Luftströmung in Hohlräumen.</translation>
+    </message>
+    <message>
+        <source>Use the Kirchhoff potential</source>
+        <translation>Kirchhoff-Potential verwenden</translation>
+    </message>
+    <message>
+        <source>Liquid transport by the integral of the conductivity; helps where it changes by powers of ten within a cell.</source>
+        <translation>Flüssigtransport über das Integral der Leitfähigkeit; hilft, wo sie sich in einer Zelle um Zehnerpotenzen ändert.</translation>
+    </message>
+    <message>
+        <source>Strict checks of materials</source>
+        <translation>Strenge Prüfung der Materialien</translation>
+    </message>
+    <message>
+        <source>Transport functions that are not strictly monotone are refused. Measured ones seldom are.</source>
+        <translation>Transportfunktionen, die nicht streng monoton sind, werden abgelehnt. Gemessene sind es selten.</translation>
+    </message>
+    <message>
+        <source>Salt</source>
+        <translation>Salz</translation>
+    </message>
+    <message>
+        <source>Salt database:</source>
+        <translation>Salzdatenbank:</translation>
+    </message>
+    <message>
+        <source>File with the data of the salts.</source>
+        <translation>Datei mit den Daten der Salze.</translation>
+    </message>
+    <message>
+        <source>Salts:</source>
+        <translation>Salze:</translation>
+    </message>
+    <message>
+        <source>Identifiers of the salts in the database, separated by blanks.</source>
+        <translation>Kennungen der Salze in der Datenbank, durch Leerzeichen getrennt.</translation>
+    </message>
+    <message>
+        <source>Pollutant (VOC)</source>
+        <translation>Schadstoff (VOC)</translation>
+    </message>
+    <message>
+        <source>VOC database:</source>
+        <translation>VOC-Datenbank:</translation>
+    </message>
+    <message>
+        <source>File with the data of the pollutants.</source>
+        <translation>Datei mit den Daten der Schadstoffe.</translation>
+    </message>
+    <message>
+        <source>Pollutant:</source>
+        <translation>Schadstoff:</translation>
+    </message>
+    <message>
+        <source>Identifier of the pollutant in the database.</source>
+        <translation>Kennung des Schadstoffs in der Datenbank.</translation>
+    </message>
+    <message>
+        <source>Pollutant data of materials:</source>
+        <translation>Schadstoffdaten der Materialien:</translation>
+    </message>
+    <message>
+        <source>Pairs &quot;material==data&quot;, separated by commas: the name of a material and the identifier of its data.</source>
+        <translation>Paare „Material==Daten“, durch Kommas getrennt: der Name eines Materials und die Kennung seiner Daten.</translation>
+    </message>
+    <message>
+        <source>Method</source>
+        <translation>Verfahren</translation>
+    </message>
+    <message>
+        <source>Integrator:</source>
+        <translation>Integrator:</translation>
+    </message>
+    <message>
+        <source>How the equations are carried through time. &quot;Automatic&quot; is right unless methods are to be compared.</source>
+        <translation>Wie die Gleichungen durch die Zeit geführt werden. „Automatisch“ ist richtig, solange nicht Verfahren verglichen werden sollen.</translation>
+    </message>
+    <message>
+        <source>Highest order:</source>
+        <translation>Höchste Ordnung:</translation>
+    </message>
+    <message>
+        <source>Of the multi-step method (CVODE). Lower orders are more robust and need more steps.</source>
+        <translation>Des Mehrschrittverfahrens (CVODE). Niedrigere Ordnungen sind robuster und brauchen mehr Schritte.</translation>
+    </message>
+    <message>
+        <source>Detect limits of stability</source>
+        <translation>Stabilitätsgrenzen erkennen</translation>
+    </message>
+    <message>
+        <source>Lowers the order where the multi-step method might swing. Rarely of use.</source>
+        <translation>Senkt die Ordnung, wo das Mehrschrittverfahren schwingen könnte. Selten nützlich.</translation>
+    </message>
+    <message>
+        <source>Time steps</source>
+        <translation>Zeitschritte</translation>
+    </message>
+    <message>
+        <source>Longest step:</source>
+        <translation>Längster Schritt:</translation>
+    </message>
+    <message>
+        <source>So that no shower is stepped over; 30 min to 1 h with hourly climate data, more in steady climates.</source>
+        <translation>Damit kein Schauer übersprungen wird; 30 min bis 1 h bei stündlichen Klimadaten, mehr bei stetigem Klima.</translation>
+    </message>
+    <message>
+        <source>First step:</source>
+        <translation>Erster Schritt:</translation>
+    </message>
+    <message>
+        <source>Also after jumps of the climate. Grows by itself.</source>
+        <translation>Auch nach Sprüngen des Klimas. Wächst von selbst.</translation>
+    </message>
+    <message>
+        <source>Shortest step:</source>
+        <translation>Kürzester Schritt:</translation>
+    </message>
+    <message>
+        <source>A run that needs shorter steps ends with an error.</source>
+        <translation>Ein Lauf, der kürzere Schritte braucht, endet mit einem Fehler.</translation>
+    </message>
+    <message>
+        <source>Accuracy</source>
+        <translation>Genauigkeit</translation>
+    </message>
+    <message>
+        <source>Relative tolerance:</source>
+        <translation>Relative Toleranz:</translation>
+    </message>
+    <message>
+        <source>Error of a step relative to the content of a cell; usually 1e-4 (fast) to 1e-7 (exact).</source>
+        <translation>Fehler eines Schritts bezogen auf den Inhalt einer Zelle; meist 1e-4 (schnell) bis 1e-7 (genau).</translation>
+    </message>
+    <message>
+        <source>Tolerance of energy:</source>
+        <translation>Toleranz der Energie:</translation>
+    </message>
+    <message>
+        <source>Error of a step in a cubic metre that does not matter however small the content.</source>
+        <translation>Fehler eines Schritts in einem Kubikmeter, der nicht zählt, wie klein der Inhalt auch ist.</translation>
+    </message>
+    <message>
+        <source>Tolerance of moisture:</source>
+        <translation>Toleranz der Feuchte:</translation>
+    </message>
+    <message>
+        <source>Error of a step in a cubic metre that does not matter however small the content; usually 1e-7 kg to 1e-4 kg.</source>
+        <translation>Fehler eines Schritts in einem Kubikmeter, der nicht zählt, wie klein der Inhalt auch ist; meist 1e-7 kg bis 1e-4 kg.</translation>
+    </message>
+    <message>
+        <source>Tolerance of air:</source>
+        <translation>Toleranz der Luft:</translation>
+    </message>
+    <message>
+        <source>Counts only where air is balanced.</source>
+        <translation>Zählt nur, wo Luft bilanziert wird.</translation>
+    </message>
+    <message>
+        <source>Tolerance of salt:</source>
+        <translation>Toleranz des Salzes:</translation>
+    </message>
+    <message>
+        <source>Counts only where salt is balanced.</source>
+        <translation>Zählt nur, wo Salz bilanziert wird.</translation>
+    </message>
+    <message>
+        <source>Tolerance of the pollutant:</source>
+        <translation>Toleranz des Schadstoffs:</translation>
+    </message>
+    <message>
+        <source>Counts only where a pollutant is balanced.</source>
+        <translation>Zählt nur, wo ein Schadstoff bilanziert wird.</translation>
+    </message>
+    <message>
+        <source>Iterations within a step</source>
+        <translation>Iterationen innerhalb eines Schritts</translation>
+    </message>
+    <message>
+        <source>Most iterations:</source>
+        <translation>Höchste Zahl:</translation>
+    </message>
+    <message>
+        <source>A step that needs more is taken again, shorter.</source>
+        <translation>Ein Schritt, der mehr braucht, wird kürzer wiederholt.</translation>
+    </message>
+    <message>
+        <source>Convergence limit:</source>
+        <translation>Konvergenzgrenze:</translation>
+    </message>
+    <message>
+        <source>Share of the tolerance that the iterations may leave.</source>
+        <translation>Anteil der Toleranz, den die Iterationen übrig lassen dürfen.</translation>
+    </message>
+    <message>
+        <source>Linear equations</source>
+        <translation>Lineare Gleichungen</translation>
+    </message>
+    <message>
+        <source>Solver of the linear equations:</source>
+        <translation>Löser der linearen Gleichungen:</translation>
+    </message>
+    <message>
+        <source>&quot;Automatic&quot; knows the size of the problem: block-tridiagonal in one dimension, sparse in two, iterative for the largest.</source>
+        <translation>„Automatisch“ kennt die Größe des Problems: blocktridiagonal in einer Dimension, dünn besetzt in zweien, iterativ bei den größten.</translation>
+    </message>
+    <message>
+        <source>Width of the band:</source>
+        <translation>Breite des Bands:</translation>
+    </message>
+    <message>
+        <source>Of the band solver; 0 takes what the grid needs.</source>
+        <translation>Des Bandlösers; 0 nimmt, was das Gitter braucht.</translation>
+    </message>
+    <message>
+        <source>Iterative solvers</source>
+        <translation>Iterative Löser</translation>
+    </message>
+    <message>
+        <source>Preconditioner:</source>
+        <translation>Vorkonditionierer:</translation>
+    </message>
+    <message>
+        <source>What makes the iterative solvers converge. Counts only with GMRES and BiCGStab.</source>
+        <translation>Was die iterativen Löser konvergieren lässt. Zählt nur bei GMRES und BiCGStab.</translation>
+    </message>
+    <message>
+        <source>Most iterations (Krylov dimension):</source>
+        <translation>Höchste Zahl der Iterationen (Krylov-Dimension):</translation>
+    </message>
+    <message>
+        <source>Usually 20 to 100; more takes memory.</source>
+        <translation>Meist 20 bis 100; mehr kostet Speicher.</translation>
+    </message>
+    <message>
+        <source>Convergence limit (linear):</source>
+        <translation>Konvergenzgrenze (linear):</translation>
+    </message>
+    <message>
+        <source>Share of the nonlinear tolerance that the linear iterations may leave.</source>
+        <translation>Anteil der nichtlinearen Toleranz, den die linearen Iterationen übrig lassen dürfen.</translation>
+    </message>
+    <message>
+        <source>Width of the band preconditioner:</source>
+        <translation>Breite des Band-Vorkonditionierers:</translation>
+    </message>
+    <message>
+        <source>To either side of the diagonal; wider ones converge in fewer iterations that take longer.</source>
+        <translation>Nach jeder Seite der Diagonale; breitere konvergieren in weniger Iterationen, die länger dauern.</translation>
+    </message>
+    <message>
+        <source>Fill-in of the incomplete factors:</source>
+        <translation>Auffüllung der unvollständigen Faktoren:</translation>
+    </message>
+    <message>
+        <source>Levels of fill-in of the ILU preconditioner; usually 0 to 2.</source>
+        <translation>Stufen der Auffüllung des ILU-Vorkonditionierers; meist 0 bis 2.</translation>
+    </message>
+    <message>
+        <source>Heat</source>
+        <translation>Wärme</translation>
+    </message>
+    <message>
+        <source>Moisture at constant temperature</source>
+        <translation>Feuchte bei fester Temperatur</translation>
+    </message>
+    <message>
+        <source>Heat and moisture</source>
+        <translation>Wärme und Feuchte</translation>
+    </message>
+    <message>
+        <source>Heat, air and moisture</source>
+        <translation>Wärme, Luft und Feuchte</translation>
+    </message>
+    <message>
+        <source>Heat, moisture and a pollutant</source>
+        <translation>Wärme, Feuchte und ein Schadstoff</translation>
+    </message>
+    <message>
+        <source>Heat, moisture and salt</source>
+        <translation>Wärme, Feuchte und Salz</translation>
+    </message>
+    <message>
+        <source>Of the dry material</source>
+        <translation>Des trockenen Materials</translation>
+    </message>
+    <message>
+        <source>Design value</source>
+        <translation>Bemessungswert</translation>
+    </message>
+    <message>
+        <source>Growing with moisture</source>
+        <translation>Mit der Feuchte wachsend</translation>
+    </message>
+    <message>
+        <source>Multi-step method (CVODE)</source>
+        <translation>Mehrschrittverfahren (CVODE)</translation>
+    </message>
+    <message>
+        <source>Explicit Euler</source>
+        <translation>Explizites Eulerverfahren</translation>
+    </message>
+    <message>
+        <source>Implicit Euler</source>
+        <translation>Implizites Eulerverfahren</translation>
+    </message>
+    <message>
+        <source>Alternating directions (ADI)</source>
+        <translation>Wechselnde Richtungen (ADI)</translation>
+    </message>
+    <message>
+        <source>Runge-Kutta</source>
+        <translation>Runge-Kutta</translation>
+    </message>
+    <message>
+        <source>Automatic</source>
+        <translation>Automatisch</translation>
+    </message>
+    <message>
+        <source>Block-tridiagonal</source>
+        <translation>Blocktridiagonal</translation>
+    </message>
+    <message>
+        <source>Band</source>
+        <translation>Band</translation>
+    </message>
+    <message>
+        <source>Dense</source>
+        <translation>Voll besetzt</translation>
+    </message>
+    <message>
+        <source>Sparse (KLU)</source>
+        <translation>Dünn besetzt (KLU)</translation>
+    </message>
+    <message>
+        <source>Iterative (GMRES)</source>
+        <translation>Iterativ (GMRES)</translation>
+    </message>
+    <message>
+        <source>Iterative (BiCGStab)</source>
+        <translation>Iterativ (BiCGStab)</translation>
+    </message>
+    <message>
+        <source>Incomplete factors (ILU)</source>
+        <translation>Unvollständige Faktoren (ILU)</translation>
+    </message>
+    <message>
+        <source>Alternating directions, from both sides</source>
+        <translation>Wechselnde Richtungen, von beiden Seiten</translation>
+    </message>
+    <message>
+        <source>Alternating directions, without reordering</source>
+        <translation>Wechselnde Richtungen, ohne Umordnung</translation>
+    </message>
+    <message>
+        <source>None, without matrix</source>
+        <translation>Keiner, ohne Matrix</translation>
+    </message>
+    <message>
+        <source>None, with sparse matrix</source>
+        <translation>Keiner, mit dünn besetzter Matrix</translation>
     </message>
 </context>
 <context>
@@ -3531,6 +4140,960 @@
     </message>
 </context>
 <context>
+    <name>HygResultChart</name>
+    <message>
+        <source>%1 is not shown: a chart has room for two kinds of units.</source>
+        <translation>%1 wird nicht gezeigt: Ein Diagramm hat Platz für zwei Arten von Einheiten.</translation>
+    </message>
+    <message>
+        <source>Dew point of %1</source>
+        <translation>Taupunkt von %1</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>%1: no humidity of the same places, so the dew point is unknown.</source>
+        <translation>%1: keine Feuchte derselben Stellen, daher ist der Taupunkt unbekannt.</translation>
+    </message>
+    <message>
+        <source>%1 is not shown: its values do not lie along the same line.</source>
+        <translation>%1 wird nicht gezeigt: Die Werte liegen nicht auf derselben Linie.</translation>
+    </message>
+    <message>
+        <source>%1 is not shown: a chart holds one field and the arrows of one flux.</source>
+        <translation>%1 wird nicht gezeigt: Ein Diagramm fasst ein Feld und die Pfeile eines Stroms.</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Schnitt</translation>
+    </message>
+    <message>
+        <source>%1 (measured)</source>
+        <translation>%1 (gemessen)</translation>
+    </message>
+    <message>
+        <source>The measured column &apos;%1&apos; has the unit &apos;%2&apos;, which fits to no axis.</source>
+        <translation>Die gemessene Spalte „%1“ hat die Einheit „%2“, die zu keiner Achse passt.</translation>
+    </message>
+    <message>
+        <source>The file holds no complete record yet.</source>
+        <translation>Die Datei enthält noch keinen vollständigen Datensatz.</translation>
+    </message>
+    <message>
+        <source>%1: %2 to %3 %4, mean %5</source>
+        <translation>%1: %2 bis %3 %4, Mittel %5</translation>
+    </message>
+    <message>
+        <source>, above %1: %2 %</source>
+        <translation>, über %1: %2 %</translation>
+    </message>
+</context>
+<context>
+    <name>HygResultFile</name>
+    <message>
+        <source>The file names no geometry file.</source>
+        <translation>Die Datei nennt keine Geometriedatei.</translation>
+    </message>
+    <message>
+        <source>The geometry file &apos;%1&apos; is missing; places are unknown.</source>
+        <translation>Die Geometriedatei „%1“ fehlt; die Orte sind unbekannt.</translation>
+    </message>
+    <message>
+        <source>The geometry file &apos;%1&apos; is not the one that these results were calculated with (hash %2 instead of %3); places may be wrong.</source>
+        <translation>Die Geometriedatei „%1“ ist nicht die, mit der diese Ergebnisse gerechnet wurden (Prüfsumme %2 statt %3); die Orte können falsch sein.</translation>
+    </message>
+</context>
+<context>
+    <name>HygResultTree</name>
+    <message>
+        <source>no results yet</source>
+        <translation>noch keine Ergebnisse</translation>
+    </message>
+    <message>
+        <source>This project</source>
+        <translation>Dieses Projekt</translation>
+    </message>
+    <message>
+        <source>Results</source>
+        <translation>Ergebnisse</translation>
+    </message>
+    <message>
+        <source>Quantity</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>Result files</source>
+        <translation>Ergebnisdateien</translation>
+    </message>
+    <message>
+        <source>Choose a file to show it; tick several to show them in one chart.</source>
+        <translation>Wählen Sie eine Datei, um sie zu zeigen; haken Sie mehrere an, um sie in einem Diagramm zu zeigen.</translation>
+    </message>
+</context>
+<context>
+    <name>HygResultsView</name>
+    <message>
+        <source>Dates</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>Times as days and months of a year without leap day</source>
+        <translation>Zeiten als Tage und Monate eines Jahrs ohne Schalttag</translation>
+    </message>
+    <message>
+        <source>Dew point</source>
+        <translation>Taupunkt</translation>
+    </message>
+    <message>
+        <source>To temperatures the temperature at which the air in the pores would give off water; needs the relative humidity of the same places</source>
+        <translation>Zu Temperaturen die Temperatur, bei der die Luft in den Poren Wasser abgäbe; braucht die relative Feuchte derselben Stellen</translation>
+    </message>
+    <message>
+        <source>80 %</source>
+        <translation>80 %</translation>
+    </message>
+    <message>
+        <source>Line at 80 % relative humidity, above which mould can grow on surfaces</source>
+        <translation>Linie bei 80 % relativer Feuchte, über der auf Oberflächen Schimmel wachsen kann</translation>
+    </message>
+    <message>
+        <source>Smooth</source>
+        <translation>Geglättet</translation>
+    </message>
+    <message>
+        <source>Colours between the centres of the cells are interpolated</source>
+        <translation>Farben zwischen den Mitten der Zellen werden interpoliert</translation>
+    </message>
+    <message>
+        <source>Isolines</source>
+        <translation>Isolinien</translation>
+    </message>
+    <message>
+        <source>Lines of equal value at the ticks of the colour bar</source>
+        <translation>Linien gleichen Werts an den Teilstrichen der Farbskala</translation>
+    </message>
+    <message>
+        <source>Arrows</source>
+        <translation>Pfeile</translation>
+    </message>
+    <message>
+        <source>Direction and strength of a flux that is ticked beside the field</source>
+        <translation>Richtung und Stärke eines Stroms, der neben dem Feld angehakt ist</translation>
+    </message>
+    <message>
+        <source>Measured values</source>
+        <translation>Messwerte</translation>
+    </message>
+    <message>
+        <source>Tables (*.csv *.txt *.tsv);;All files (*)</source>
+        <translation>Tabellen (*.csv *.txt *.tsv);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Results of a directory</source>
+        <translation>Ergebnisse eines Verzeichnisses</translation>
+    </message>
+    <message>
+        <source>Results of a project</source>
+        <translation>Ergebnisse eines Projekts</translation>
+    </message>
+    <message>
+        <source>Hygrion projects (*.h6p)</source>
+        <translation>Hygrion-Projekte (*.h6p)</translation>
+    </message>
+    <message>
+        <source>The table &apos;%1&apos; cannot be read:
+%2</source>
+        <translation>Die Tabelle „%1“ kann nicht gelesen werden:
+%2</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Export</translation>
+    </message>
+    <message>
+        <source>Writing the pictures…</source>
+        <translation>Die Bilder werden geschrieben…</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Beenden</translation>
+    </message>
+    <message>
+        <source>Picture…</source>
+        <translation>Bild…</translation>
+    </message>
+    <message>
+        <source>Export picture</source>
+        <translation>Bild exportieren</translation>
+    </message>
+    <message>
+        <source>Pictures (*.png *.svg *.pdf)</source>
+        <translation>Bilder (*.png *.svg *.pdf)</translation>
+    </message>
+    <message>
+        <source>Table…</source>
+        <translation>Tabelle…</translation>
+    </message>
+    <message>
+        <source>Export table</source>
+        <translation>Tabelle exportieren</translation>
+    </message>
+    <message>
+        <source>Tables (*.csv)</source>
+        <translation>Tabellen (*.csv)</translation>
+    </message>
+    <message>
+        <source>Animation…</source>
+        <translation>Animation…</translation>
+    </message>
+    <message>
+        <source>Pictures and films (%1)</source>
+        <translation>Bilder und Filme (%1)</translation>
+    </message>
+    <message>
+        <source>Export animation</source>
+        <translation>Animation exportieren</translation>
+    </message>
+    <message>
+        <source>Copy picture</source>
+        <translation>Bild kopieren</translation>
+    </message>
+    <message>
+        <source>Copy table</source>
+        <translation>Tabelle kopieren</translation>
+    </message>
+    <message>
+        <source>Chart layouts</source>
+        <translation>Diagrammansichten</translation>
+    </message>
+    <message>
+        <source>Save as…</source>
+        <translation>Sichern als…</translation>
+    </message>
+    <message>
+        <source>Name:</source>
+        <translation>Name:</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Directory…</source>
+        <translation>Verzeichnis…</translation>
+    </message>
+    <message>
+        <source>Project…</source>
+        <translation>Projekt…</translation>
+    </message>
+    <message>
+        <source>Measured values…</source>
+        <translation>Messwerte…</translation>
+    </message>
+    <message>
+        <source>Layouts</source>
+        <translation>Ansichten</translation>
+    </message>
+    <message>
+        <source>at a time</source>
+        <translation>zu einer Zeit</translation>
+    </message>
+    <message>
+        <source>over time</source>
+        <translation>über die Zeit</translation>
+    </message>
+    <message>
+        <source>Place </source>
+        <translation>Stelle </translation>
+    </message>
+    <message>
+        <source>no cut</source>
+        <translation>kein Schnitt</translation>
+    </message>
+    <message>
+        <source>horizontal cut</source>
+        <translation>waagerechter Schnitt</translation>
+    </message>
+    <message>
+        <source>vertical cut</source>
+        <translation>senkrechter Schnitt</translation>
+    </message>
+    <message>
+        <source>Threshold</source>
+        <translation>Schwelle</translation>
+    </message>
+    <message>
+        <source>Shows the results of any directory beside those of the project</source>
+        <translation>Zeigt die Ergebnisse eines beliebigen Verzeichnisses neben denen des Projekts</translation>
+    </message>
+    <message>
+        <source>Shows the results of another project for comparison</source>
+        <translation>Zeigt die Ergebnisse eines anderen Projekts zum Vergleich</translation>
+    </message>
+    <message>
+        <source>Takes the selected directory out of the tree; its files stay</source>
+        <translation>Nimmt das gewählte Verzeichnis aus dem Baum; seine Dateien bleiben</translation>
+    </message>
+    <message>
+        <source>Lays the columns of a table over the courses; the first column is the time in h</source>
+        <translation>Legt die Spalten einer Tabelle über die Verläufe; die erste Spalte ist die Zeit in h</translation>
+    </message>
+    <message>
+        <source>Picture, table or animation of the chart</source>
+        <translation>Bild, Tabelle oder Animation des Diagramms</translation>
+    </message>
+    <message>
+        <source>What charts show, kept by name with the project</source>
+        <translation>Was Diagramme zeigen, unter einem Namen beim Projekt aufbewahrt</translation>
+    </message>
+    <message>
+        <source>Whether the values at a time or the course at a place is shown</source>
+        <translation>Ob die Werte zu einer Zeit oder der Verlauf an einer Stelle gezeigt werden</translation>
+    </message>
+    <message>
+        <source>Unit of the values</source>
+        <translation>Einheit der Werte</translation>
+    </message>
+    <message>
+        <source>Number of the cell or side whose course is shown</source>
+        <translation>Nummer der Zelle oder Seite, deren Verlauf gezeigt wird</translation>
+    </message>
+    <message>
+        <source>Values along a line through the field</source>
+        <translation>Werte auf einer Linie durch das Feld</translation>
+    </message>
+    <message>
+        <source>Where the cut lies</source>
+        <translation>Wo der Schnitt liegt</translation>
+    </message>
+    <message>
+        <source>A value in the unit shown; a line is drawn there and the share above it is told</source>
+        <translation>Ein Wert in der gezeigten Einheit; dort wird eine Linie gezogen und der Anteil darüber genannt</translation>
+    </message>
+</context>
+<context>
+    <name>HygRunList</name>
+    <message>
+        <source>starting</source>
+        <translation>startet</translation>
+    </message>
+    <message>
+        <source>running</source>
+        <translation>läuft</translation>
+    </message>
+    <message>
+        <source>paused</source>
+        <translation>angehalten</translation>
+    </message>
+    <message>
+        <source>finished</source>
+        <translation>fertig</translation>
+    </message>
+    <message>
+        <source>interrupted</source>
+        <translation>unterbrochen</translation>
+    </message>
+    <message>
+        <source>failed</source>
+        <translation>gescheitert</translation>
+    </message>
+    <message>
+        <source>lost</source>
+        <translation>verloren</translation>
+    </message>
+    <message>
+        <source>Project</source>
+        <translation>Projekt</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Fortschritt</translation>
+    </message>
+    <message>
+        <source>Simulated</source>
+        <translation>Simuliert</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Tempo</translation>
+    </message>
+    <message>
+        <source>Ends at</source>
+        <translation>Endet um</translation>
+    </message>
+    <message>
+        <source>%1 (test)</source>
+        <translation>%1 (Test)</translation>
+    </message>
+    <message>
+        <source>stopping</source>
+        <translation>wird beendet</translation>
+    </message>
+    <message>
+        <source>running, no step for %1 s</source>
+        <translation>läuft, seit %1 s kein Schritt</translation>
+    </message>
+    <message>
+        <source>%1 per s</source>
+        <translation>%1 je s</translation>
+    </message>
+</context>
+<context>
+    <name>HygRunLive</name>
+    <message>
+        <source>at %1 d</source>
+        <translation>bei %1 d</translation>
+    </message>
+    <message>
+        <source>Shown:</source>
+        <translation>Gezeigt:</translation>
+    </message>
+    <message>
+        <source>Result file of the run that is shown as it grows</source>
+        <translation>Ergebnisdatei des Laufs, die gezeigt wird, während sie wächst</translation>
+    </message>
+    <message>
+        <source>over time</source>
+        <translation>über die Zeit</translation>
+    </message>
+    <message>
+        <source>The course of the first place instead of all places at the newest time</source>
+        <translation>Der Verlauf an der ersten Stelle statt aller Stellen zur neuesten Zeit</translation>
+    </message>
+</context>
+<context>
+    <name>HygRunMonitor</name>
+    <message>
+        <source>The solver ended without a word: it crashed, was ended from outside, or the machine was switched off. If there is a restart file, the run can be continued.</source>
+        <translation>Der Löser endete wortlos: Er ist abgestürzt, wurde von außen beendet, oder der Rechner wurde ausgeschaltet. Gibt es eine Fortsetzungsdatei, kann der Lauf fortgesetzt werden.</translation>
+    </message>
+</context>
+<context>
+    <name>HygRunPanel</name>
+    <message>
+        <source>End the solver</source>
+        <translation>Löser beenden</translation>
+    </message>
+    <message>
+        <source>The solver has been asked to stop and is still busy. End it at once? What it has calculated since the last restart file is lost then.</source>
+        <translation>Der Löser wurde gebeten, aufzuhören, und ist noch beschäftigt. Soll er sofort beendet werden? Was er seit der letzten Fortsetzungsdatei gerechnet hat, geht dann verloren.</translation>
+    </message>
+    <message>
+        <source>Go on</source>
+        <translation>Weiter</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source>End at once…</source>
+        <translation>Sofort beenden…</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Beenden</translation>
+    </message>
+    <message>
+        <source>No run has been started yet.</source>
+        <translation>Noch wurde kein Lauf gestartet.</translation>
+    </message>
+    <message>
+        <source>Stopped after %1 d; &quot;Start Simulation&quot; offers to continue it.</source>
+        <translation>Nach %1 d beendet; „Simulation starten“ bietet an, ihn fortzusetzen.</translation>
+    </message>
+    <message>
+        <source>The solver has read and checked everything; the simulation can be started.</source>
+        <translation>Der Löser hat alles gelesen und geprüft; die Simulation kann gestartet werden.</translation>
+    </message>
+    <message>
+        <source>Runs</source>
+        <translation>Läufe</translation>
+    </message>
+    <message>
+        <source>Holds the solver where it is; it keeps its memory and takes no processor time.</source>
+        <translation>Hält den Löser an, wo er ist; er behält seinen Speicher und braucht keine Rechenzeit.</translation>
+    </message>
+    <message>
+        <source>Lets the solver write a restart file and end; the run can be continued later.</source>
+        <translation>Lässt den Löser eine Fortsetzungsdatei schreiben und enden; der Lauf kann später fortgesetzt werden.</translation>
+    </message>
+    <message>
+        <source>Log</source>
+        <translation>Protokoll</translation>
+    </message>
+    <message>
+        <source>What the solver has to say about this run.</source>
+        <translation>Was der Löser zu diesem Lauf zu sagen hat.</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Takes the run out of this list. Its results stay.</source>
+        <translation>Nimmt den Lauf aus dieser Liste. Seine Ergebnisse bleiben.</translation>
+    </message>
+</context>
+<context>
+    <name>HygScreenLogView</name>
+    <message>
+        <source>Search (Enter: next)</source>
+        <translation>Suchen (Enter: weiter)</translation>
+    </message>
+    <message>
+        <source>Finds a text in the log; Enter goes to the next place.</source>
+        <translation>Findet einen Text im Protokoll; Enter geht zur nächsten Stelle.</translation>
+    </message>
+    <message>
+        <source>The solver has not written anything yet.</source>
+        <translation>Der Löser hat noch nichts geschrieben.</translation>
+    </message>
+    <message>
+        <source>Screen log of the solver</source>
+        <translation>Bildschirmprotokoll des Lösers</translation>
+    </message>
+</context>
+<context>
+    <name>HygSimulationChecks</name>
+    <message>
+        <source>The material file &apos;%1&apos; does not exist.</source>
+        <translation>Die Materialdatei „%1“ gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>There is no climate data file, but conditions take their values from it.</source>
+        <translation>Es gibt keine Klimadatei, aber Bedingungen nehmen ihre Werte daraus.</translation>
+    </message>
+    <message>
+        <source>The climate data file &apos;%1&apos; does not exist.</source>
+        <translation>Die Klimadatei „%1“ gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>No outputs are defined; the run would leave no results.</source>
+        <translation>Es sind keine Ausgaben festgelegt; der Lauf würde keine Ergebnisse hinterlassen.</translation>
+    </message>
+    <message>
+        <source>The output is not assigned to any place.</source>
+        <translation>Die Ausgabe ist keiner Stelle zugewiesen.</translation>
+    </message>
+    <message>
+        <source>The simulation has no end: give a duration or an end.</source>
+        <translation>Die Simulation hat kein Ende: Geben Sie eine Dauer oder ein Ende an.</translation>
+    </message>
+    <message>
+        <source>Click to go to the place.</source>
+        <translation>Ein Klick führt zur Stelle.</translation>
+    </message>
+    <message>
+        <source>No project is open.</source>
+        <translation>Es ist kein Projekt geöffnet.</translation>
+    </message>
+    <message>
+        <source>Checking…</source>
+        <translation>Wird geprüft…</translation>
+    </message>
+    <message>
+        <source>Nothing stands in the way of a run.</source>
+        <translation>Einem Lauf steht nichts im Weg.</translation>
+    </message>
+    <message>
+        <source>Checks</source>
+        <translation>Prüfungen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Checks: %n error(s) would stop the run</source>
+        <translation>
+            <numerusform>Prüfungen: %n Fehler würde den Lauf verhindern</numerusform>
+            <numerusform>Prüfungen: %n Fehler würden den Lauf verhindern</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Checks: %n warning(s)</source>
+        <translation>
+            <numerusform>Prüfungen: %n Warnung</numerusform>
+            <numerusform>Prüfungen: %n Warnungen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>What would stop or spoil the run</source>
+        <translation>Was den Lauf verhindern oder verderben würde</translation>
+    </message>
+</context>
+<context>
+    <name>HygSimulationRunRequestDialog</name>
+    <message>
+        <source>Clear result directory before starting simulation</source>
+        <translation>Ergebnisverzeichnis vor dem Start der Simulation leeren</translation>
+    </message>
+    <message>
+        <source>Start simulation</source>
+        <translation>Simulation starten</translation>
+    </message>
+    <message>
+        <source>For this project exist already some output files.</source>
+        <translation>Für dieses Projekt gibt es bereits Ausgabedateien.</translation>
+    </message>
+    <message>
+        <source>Start Solver</source>
+        <translation>Löser starten</translation>
+    </message>
+    <message>
+        <source>Restart simulation from begin, overwriting existing files.</source>
+        <translation>Simulation von vorn beginnen; vorhandene Dateien werden überschrieben.</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation>Fortsetzen</translation>
+    </message>
+    <message>
+        <source>Continue simulation from last output time point.</source>
+        <translation>Simulation vom letzten Ausgabezeitpunkt an fortsetzen.</translation>
+    </message>
+    <message>
+        <source>The run that wrote these files left no restart file.</source>
+        <translation>Der Lauf, der diese Dateien schrieb, hat keine Fortsetzungsdatei hinterlassen.</translation>
+    </message>
+    <message>
+        <source>Removes the files of all earlier runs, also those that the new run does not write again.</source>
+        <translation>Entfernt die Dateien aller früheren Läufe, auch solche, die der neue Lauf nicht wieder schreibt.</translation>
+    </message>
+</context>
+<context>
+    <name>HygSimulationStartWidget</name>
+    <message>
+        <source>Disable periodic headers</source>
+        <translation>Keine wiederholten Kopfzeilen</translation>
+    </message>
+    <message>
+        <source>The line that names the columns of the progress is written once only.</source>
+        <translation>Die Zeile mit den Namen der Spalten des Fortschritts wird nur einmal geschrieben.</translation>
+    </message>
+    <message>
+        <source>Write statistics for each internal solver step</source>
+        <translation>Statistik für jeden inneren Schritt des Lösers schreiben</translation>
+    </message>
+    <message>
+        <source>One line for each step in log/steps.tsv; tells what makes a run slow. The file may become large.</source>
+        <translation>Eine Zeile für jeden Schritt in log/steps.tsv; zeigt, was einen Lauf langsam macht. Die Datei kann groß werden.</translation>
+    </message>
+    <message>
+        <source>Close solver window on exit</source>
+        <translation>Fenster des Lösers am Ende schließen</translation>
+    </message>
+    <message>
+        <source>The window of the solver closes when the run has ended.</source>
+        <translation>Das Fenster des Lösers schließt sich, wenn der Lauf zu Ende ist.</translation>
+    </message>
+    <message>
+        <source>Disable periodic restart file writing (may improve performance)</source>
+        <translation>Keine regelmäßigen Fortsetzungsdateien (kann schneller sein)</translation>
+    </message>
+    <message>
+        <source>A run that crashes must then start from the beginning; one that is stopped can still be continued.</source>
+        <translation>Ein Lauf, der abstürzt, muss dann von vorn beginnen; einer, der beendet wird, kann trotzdem fortgesetzt werden.</translation>
+    </message>
+    <message>
+        <source>Minimum</source>
+        <translation>Minimum</translation>
+    </message>
+    <message>
+        <source>Normal</source>
+        <translation>Normal</translation>
+    </message>
+    <message>
+        <source>Detailed</source>
+        <translation>Ausführlich</translation>
+    </message>
+    <message>
+        <source>Very Detailed</source>
+        <translation>Sehr ausführlich</translation>
+    </message>
+    <message>
+        <source>A number from 1 to 1024 is needed here; without one the solver chooses itself.</source>
+        <translation>Hier wird eine Zahl von 1 bis 1024 gebraucht; ohne sie wählt der Löser selbst.</translation>
+    </message>
+    <message>
+        <source>Number of parallel threads, should be less or equal to the number of physical CPU cores.</source>
+        <translation>Anzahl paralleler Threads; höchstens so viele, wie der Rechner physische Kerne hat.</translation>
+    </message>
+    <message>
+        <source>Solver error</source>
+        <translation>Fehler des Lösers</translation>
+    </message>
+    <message>
+        <source>There is already a file with the name of the output directory to be created &apos;%1&apos;. Please remove this file or save the project with a new name!</source>
+        <translation>Es gibt bereits eine Datei mit dem Namen des anzulegenden Ausgabeverzeichnisses „%1“. Bitte entfernen Sie diese Datei oder speichern Sie das Projekt unter einem neuen Namen!</translation>
+    </message>
+    <message>
+        <source>The output directory &apos;%1&apos; is in use by another run (process %2). Wait until it has finished or stop it.</source>
+        <translation>Das Ausgabeverzeichnis „%1“ wird von einem anderen Lauf benutzt (Prozess %2). Warten Sie, bis er fertig ist, oder beenden Sie ihn.</translation>
+    </message>
+    <message>
+        <source>Cannot remove result directory &apos;%1&apos;, maybe files are still being used?</source>
+        <translation>Das Ergebnisverzeichnis „%1“ lässt sich nicht entfernen; werden Dateien darin noch benutzt?</translation>
+    </message>
+    <message>
+        <source>Cannot find solver executable &apos;%1&apos;.</source>
+        <translation>Das Programm des Lösers „%1“ wurde nicht gefunden.</translation>
+    </message>
+    <message>
+        <source>Error running solver</source>
+        <translation>Fehler beim Start des Lösers</translation>
+    </message>
+    <message>
+        <source>Could not start solver executable &apos;%1&apos;.</source>
+        <translation>Das Programm des Lösers „%1“ konnte nicht gestartet werden.</translation>
+    </message>
+    <message>
+        <source>Start simulation:</source>
+        <translation>Simulation starten:</translation>
+    </message>
+    <message>
+        <source>Classical console solver</source>
+        <translation>Klassischer Konsolenlöser</translation>
+    </message>
+    <message>
+        <source>The solver runs unseen; its progress is shown here.</source>
+        <translation>Der Löser läuft unsichtbar; sein Fortschritt wird hier gezeigt.</translation>
+    </message>
+    <message>
+        <source>Modern solver (graphical interface)</source>
+        <translation>Moderner Löser (grafische Oberfläche)</translation>
+    </message>
+    <message>
+        <source>The solver opens a window with progress, fields and the work of the integrator.</source>
+        <translation>Der Löser öffnet ein Fenster mit Fortschritt, Feldern und der Arbeit des Integrators.</translation>
+    </message>
+    <message>
+        <source>Solver message detail:</source>
+        <translation>Ausführlichkeit der Meldungen:</translation>
+    </message>
+    <message>
+        <source>How much the solver writes into its log; &quot;Normal&quot; is enough unless a run fails.</source>
+        <translation>Wie viel der Löser in sein Protokoll schreibt; „Normal“ genügt, solange kein Lauf scheitert.</translation>
+    </message>
+    <message>
+        <source>Write restart file period in s</source>
+        <translation>Fortsetzungsdatei schreiben alle (s)</translation>
+    </message>
+    <message>
+        <source>Time period in s for writing restart file. 0 s means writing for each output step.</source>
+        <translation>Zeitabstand in s, in dem Fortsetzungsdateien geschrieben werden. 0 s heißt: bei jeder Ausgabe.</translation>
+    </message>
+    <message>
+        <source>Number of parallel threads:</source>
+        <translation>Anzahl paralleler Threads:</translation>
+    </message>
+    <message>
+        <source>auto (using OMP_NUM_THREADS if set)</source>
+        <translation>automatisch (OMP_NUM_THREADS, falls gesetzt)</translation>
+    </message>
+    <message>
+        <source>Command line:</source>
+        <translation>Befehlszeile:</translation>
+    </message>
+    <message>
+        <source>What is started; to be copied for runs without the editor.</source>
+        <translation>Was gestartet wird; zum Kopieren für Läufe ohne den Editor.</translation>
+    </message>
+    <message>
+        <source>Start Simulation</source>
+        <translation>Simulation starten</translation>
+    </message>
+    <message>
+        <source>Saves the project and starts the solver as a process of its own.</source>
+        <translation>Speichert das Projekt und startet den Löser als eigenen Prozess.</translation>
+    </message>
+    <message>
+        <source>Test simulation setup</source>
+        <translation>Aufbau der Simulation testen</translation>
+    </message>
+    <message>
+        <source>Lets the solver read and check everything without calculating; takes a few seconds.</source>
+        <translation>Lässt den Löser alles lesen und prüfen, ohne zu rechnen; dauert wenige Sekunden.</translation>
+    </message>
+    <message>
+        <source>Show log file...</source>
+        <translation>Protokolldatei zeigen...</translation>
+    </message>
+    <message>
+        <source>What the solver has to say about this project&apos;s run.</source>
+        <translation>Was der Löser zum Lauf dieses Projekts zu sagen hat.</translation>
+    </message>
+</context>
+<context>
+    <name>HygSimulationView</name>
+    <message>
+        <source>Run Simulation</source>
+        <translation>Simulation starten</translation>
+    </message>
+    <message>
+        <source>Model Options</source>
+        <translation>Modelloptionen</translation>
+    </message>
+    <message>
+        <source>Solver Options</source>
+        <translation>Löseroptionen</translation>
+    </message>
+    <message>
+        <source>Performance Options</source>
+        <translation>Leistungsoptionen</translation>
+    </message>
+    <message>
+        <source>Test of the set-up of %1</source>
+        <translation>Test des Aufbaus von %1</translation>
+    </message>
+    <message>
+        <source>Screen log</source>
+        <translation>Bildschirmprotokoll</translation>
+    </message>
+    <message>
+        <source>Start Simulation</source>
+        <translation>Simulation starten</translation>
+    </message>
+    <message>
+        <source>Test simulation setup</source>
+        <translation>Aufbau der Simulation testen</translation>
+    </message>
+</context>
+<context>
+    <name>HygSolverWindow</name>
+    <message>
+        <source>Steps</source>
+        <translation>Schritte</translation>
+    </message>
+    <message>
+        <source>Time steps of the integrator</source>
+        <translation>Zeitschritte des Integrators</translation>
+    </message>
+    <message>
+        <source>Evaluations</source>
+        <translation>Auswertungen</translation>
+    </message>
+    <message>
+        <source>How often the balances of all cells were evaluated</source>
+        <translation>Wie oft die Bilanzen aller Zellen ausgewertet wurden</translation>
+    </message>
+    <message>
+        <source>Matrices</source>
+        <translation>Matrizen</translation>
+    </message>
+    <message>
+        <source>How often the matrix of derivatives was made</source>
+        <translation>Wie oft die Matrix der Ableitungen gebildet wurde</translation>
+    </message>
+    <message>
+        <source>Nonlinear iterations</source>
+        <translation>Nichtlineare Iterationen</translation>
+    </message>
+    <message>
+        <source>Iterations within the steps; two for each step are usual</source>
+        <translation>Iterationen innerhalb der Schritte; zwei je Schritt sind üblich</translation>
+    </message>
+    <message>
+        <source>Linear iterations</source>
+        <translation>Lineare Iterationen</translation>
+    </message>
+    <message>
+        <source>Iterations of the iterative solvers of the linear equations</source>
+        <translation>Iterationen der iterativen Löser der linearen Gleichungen</translation>
+    </message>
+    <message>
+        <source>Steps too inaccurate</source>
+        <translation>Zu ungenaue Schritte</translation>
+    </message>
+    <message>
+        <source>Steps that were taken again because their error was too large</source>
+        <translation>Schritte, die wiederholt wurden, weil ihr Fehler zu groß war</translation>
+    </message>
+    <message>
+        <source>Steps without convergence</source>
+        <translation>Schritte ohne Konvergenz</translation>
+    </message>
+    <message>
+        <source>Steps that were taken again because the iterations did not converge</source>
+        <translation>Schritte, die wiederholt wurden, weil die Iterationen nicht konvergierten</translation>
+    </message>
+    <message>
+        <source>The project is being read…</source>
+        <translation>Das Projekt wird gelesen…</translation>
+    </message>
+    <message>
+        <source>Work of the integrator</source>
+        <translation>Arbeit des Integrators</translation>
+    </message>
+    <message>
+        <source>Last step</source>
+        <translation>Letzter Schritt</translation>
+    </message>
+    <message>
+        <source>Length of the last time step</source>
+        <translation>Länge des letzten Zeitschritts</translation>
+    </message>
+    <message>
+        <source>Limited by</source>
+        <translation>Begrenzt durch</translation>
+    </message>
+    <message>
+        <source>The place whose error limited the last step</source>
+        <translation>Die Stelle, deren Fehler den letzten Schritt begrenzt hat</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Beenden</translation>
+    </message>
+    <message>
+        <source>Writes a restart file and ends; the run can be continued later</source>
+        <translation>Schreibt eine Fortsetzungsdatei und endet; der Lauf kann später fortgesetzt werden</translation>
+    </message>
+    <message>
+        <source>The solver is asked to end…</source>
+        <translation>Der Löser ist gebeten, aufzuhören…</translation>
+    </message>
+    <message>
+        <source>Simulated: %1 of %2 d</source>
+        <translation>Simuliert: %1 von %2 d</translation>
+    </message>
+    <message>
+        <source>Speed: %1 d per s</source>
+        <translation>Tempo: %1 d je s</translation>
+    </message>
+    <message>
+        <source>Ends in %1, at %2</source>
+        <translation>Endet in %1, um %2</translation>
+    </message>
+    <message>
+        <source>The simulation is set up without errors.</source>
+        <translation>Die Simulation ist ohne Fehler aufgebaut.</translation>
+    </message>
+    <message>
+        <source>Finished.</source>
+        <translation>Fertig.</translation>
+    </message>
+    <message>
+        <source>Interrupted; the run can be continued.</source>
+        <translation>Unterbrochen; der Lauf kann fortgesetzt werden.</translation>
+    </message>
+    <message>
+        <source>The run failed.</source>
+        <translation>Der Lauf ist gescheitert.</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Closes the window; the results stay</source>
+        <translation>Schließt das Fenster; die Ergebnisse bleiben</translation>
+    </message>
+</context>
+<context>
     <name>HygStartView</name>
     <message>
         <source>Heat and moisture in building components</source>
@@ -3567,6 +5130,45 @@
     <message>
         <source>No example projects are installed.</source>
         <translation>Es sind keine Beispielprojekte installiert.</translation>
+    </message>
+</context>
+<context>
+    <name>HygTimeBar</name>
+    <message>
+        <source>Earlier time point</source>
+        <translation>Früherer Zeitpunkt</translation>
+    </message>
+    <message>
+        <source>Hold</source>
+        <translation>Halten</translation>
+    </message>
+    <message>
+        <source>Play the results</source>
+        <translation>Ergebnisse abspielen</translation>
+    </message>
+    <message>
+        <source>Later time point</source>
+        <translation>Späterer Zeitpunkt</translation>
+    </message>
+    <message>
+        <source>Time point that is shown</source>
+        <translation>Zeitpunkt, der gezeigt wird</translation>
+    </message>
+    <message>
+        <source>How fast the results are played</source>
+        <translation>Wie schnell die Ergebnisse abgespielt werden</translation>
+    </message>
+    <message>
+        <source>slow</source>
+        <translation>langsam</translation>
+    </message>
+    <message>
+        <source>normal</source>
+        <translation>normal</translation>
+    </message>
+    <message>
+        <source>fast</source>
+        <translation>schnell</translation>
     </message>
 </context>
 <context>

@@ -110,4 +110,21 @@
         </translation>
     </message>
 </context>
+<context>
+    <name>HygSimulationChecks</name>
+    <message numerus="yes">
+        <source>Checks: %n error(s) would stop the run</source>
+        <translation>
+            <numerusform>Checks: %n error would stop the run</numerusform>
+            <numerusform>Checks: %n errors would stop the run</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Checks: %n warning(s)</source>
+        <translation>
+            <numerusform>Checks: %n warning</numerusform>
+            <numerusform>Checks: %n warnings</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>

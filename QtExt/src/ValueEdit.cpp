@@ -207,7 +207,8 @@ QSize ValueEdit::sizeHint() const {
 
 void ValueEdit::showValue(const KOR::Parameter & parameter, int digits) {
     m_current = parameter;
-    m_shownText = formatted(parameter.ioValue(), parameter.ioUnit(), digits);
+    m_shownText =
+        m_isEmptyAllowed && parameter.empty() ? QString() : formatted(parameter.ioValue(), parameter.ioUnit(), digits);
     {
         const QSignalBlocker blocker(this);
         setText(m_shownText);
@@ -222,7 +223,9 @@ void ValueEdit::readText() {
                 throw Unusable{tr("Please enter a value.")};
         } else if (isEdited()) {
             const Reading reading = readValue(text());
-            const KOR::Parameter parameter(m_committed.name(), reading.value, reading.unit);
+            // What is typed into an empty field is a value, even if nobody named it.
+            const KOR::Parameter parameter(m_committed.empty() ? "Value" : m_committed.name(), reading.value,
+                                           reading.unit);
             checkRange(parameter);
             m_current = parameter;
         } else {

@@ -2,8 +2,10 @@
 
 #include "construction/HygConstructionView.h"
 #include "materials/HygMaterialView.h"
+#include "results/HygResultsView.h"
+#include "simulation/HygSimulationView.h"
 
-#include <QtGlobal>
+#include <QString>
 
 using namespace HygViewTable;
 
@@ -23,13 +25,36 @@ constexpr Row ROWS[] = {
     {Outputs,      "outputs",       QT_TRANSLATE_NOOP("HygMainWindow", "Outputs"),      "outputs",       true,  nullptr},
     {Materials,    "materials",     QT_TRANSLATE_NOOP("HygMainWindow", "Materials"),    "materials",     false, make<HygMaterialView>},
     {Climate,      "climate",       QT_TRANSLATE_NOOP("HygMainWindow", "Climate"),      "climate",       false, nullptr},
-    {Simulation,   "simulation",    QT_TRANSLATE_NOOP("HygMainWindow", "Simulation"),   "simulation",    true,  nullptr},
-    {Results,      "results",       QT_TRANSLATE_NOOP("HygMainWindow", "Results"),      "results",       true,  nullptr},
+    {Simulation,   "simulation",    QT_TRANSLATE_NOOP("HygMainWindow", "Simulation"),   "simulation",    true,  make<HygSimulationView>},
+    {Results,      "results",       QT_TRANSLATE_NOOP("HygMainWindow", "Results"),      "results",       true,  make<HygResultsView>},
     {Reports,      "reports",       QT_TRANSLATE_NOOP("HygMainWindow", "Reports"),      "reports",       true,  nullptr},
 };
 // clang-format on
 
+/// How places begin that are not edited in the conditions.
+struct PlaceRow {
+    const char * word;
+    view_t view;
+};
+constexpr PlaceRow PLACES[] = {
+    {"material",       Construction},
+    {"assignment",     Construction},
+    {"Assignments",    Construction},
+    {"Discretization", Construction},
+    {"output",         Outputs     },
+    {"Outputs",        Outputs     },
+    {"Init",           Simulation  },
+    {"assessment",     Reports     },
+};
+
 } // namespace
+
+view_t HygViewTable::viewOfPlace(const QString & place) {
+    for (const PlaceRow & row : PLACES)
+        if (place.startsWith(QLatin1String(row.word)))
+            return row.view;
+    return Conditions;
+}
 
 std::span<const Row> HygViewTable::rows() {
     return ROWS;

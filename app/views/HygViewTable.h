@@ -3,6 +3,7 @@
 #include <span>
 
 class HygProjectHandler;
+class QString;
 class QWidget;
 
 /// The views of the main window, one row a view: a view that is made enters its factory in HygViewTable.cpp, and that is
@@ -25,5 +26,9 @@ struct Row {
 };
 
 std::span<const Row> rows();
+
+/// The view where a definition is edited. \param place its kind and name as checks give them, "interface 'Outside'", or a
+/// section of the project, "Outputs"
+view_t viewOfPlace(const QString & place);
 
 } // namespace HygViewTable

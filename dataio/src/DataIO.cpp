@@ -177,6 +177,32 @@ std::vector<double> DataIO::data(std::size_t timeIndex) {
     }
 }
 
+std::vector<double> DataIO::records(std::size_t first, std::size_t count) {
+    first = std::min(first, m_timeCount);
+    count = std::min(count, m_timeCount - first);
+    const std::size_t width = 1 + m_header.valueCount();
+    std::vector<double> values;
+    try {
+        reopen();
+        if (!m_isBinary) {
+            values.reserve(count * width);
+            for (std::size_t t = first; t < first + count; ++t) {
+                const std::vector<double> one = record(t);
+                values.insert(values.end(), one.begin(), one.end());
+            }
+            return values;
+        }
+        values.resize(count * width);
+        const std::size_t size = values.size() * sizeof(double);
+        if (m_file.readAt(m_dataOffset + first * width * sizeof(double),
+                          {reinterpret_cast<char *>(values.data()), size}) != size)
+            throw Exception("Error on read binary data.", "[DataIO::records]");
+    } catch (const Exception & ex) {
+        throw Exception(ex, text("Error reading records %1 to %2.", first, first + count), "[DataIO::records]");
+    }
+    return values;
+}
+
 std::vector<double> DataIO::column(std::size_t column, std::vector<double> * times) const {
     std::vector<double> values;
     values.reserve(m_timeCount);

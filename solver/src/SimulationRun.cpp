@@ -71,8 +71,9 @@ void tell(const RunSummary & summary) {
 /// The loop of a run, with what is to be left behind.
 class Run {
 public:
-    Run(const SolverOptions & options, const std::atomic<bool> & stop, const RunDirectory & directory, RunLog & log)
-        : m_options(options), m_stop(stop), m_directory(directory), m_log(log) {}
+    Run(const SolverOptions & options, const std::atomic<bool> & stop, const RunDirectory & directory, RunLog & log,
+        const std::function<void(const Simulation &)> & observe)
+        : m_options(options), m_stop(stop), m_directory(directory), m_log(log), m_observe(observe) {}
 
     exit_t perform() {
         try {
@@ -114,6 +115,8 @@ private:
                 return interrupt();
             m_simulation->step();
             m_log.step(*m_simulation);
+            if (m_observe)
+                m_observe(*m_simulation);
             showResults();
             if (m_options.disablePeriodicRestart)
                 continue;
@@ -182,6 +185,7 @@ private:
     const std::atomic<bool> & m_stop;
     const RunDirectory & m_directory;
     RunLog & m_log;
+    const std::function<void(const Simulation &)> & m_observe;
     std::unique_ptr<Simulation> m_simulation;
     std::chrono::steady_clock::time_point m_lastRestart, m_lastShown;
 };
@@ -203,13 +207,14 @@ std::string runDirectory(const SolverOptions & options) {
     return path;
 }
 
-exit_t simulate(const SolverOptions & options, const std::atomic<bool> & stop) {
+exit_t simulate(const SolverOptions & options, const std::atomic<bool> & stop,
+                const std::function<void(const Simulation &)> & observe) {
     if (options.parallelThreads > 0)
         omp_set_num_threads(options.parallelThreads);
     try {
         const RunDirectory directory(runDirectory(options));
         RunLog log(directory, options);
-        return Run(options, stop, directory, log).perform();
+        return Run(options, stop, directory, log, observe).perform();
     } catch (const Exception & ex) {
         ex.report();
     } catch (const std::exception & ex) {

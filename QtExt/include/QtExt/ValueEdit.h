@@ -22,7 +22,7 @@ public:
     explicit ValueEdit(QWidget * parent = nullptr);
     explicit ValueEdit(const KOR::Parameter & parameter, QWidget * parent = nullptr);
 
-    /// Shows a value; its unit decides which units are accepted.
+    /// Shows a value; its unit decides which units are accepted. A field that may be empty is, without a name.
     void setParameter(const KOR::Parameter & parameter);
     /// What the field shows, in the unit the user wrote. The value taken over last while the text is invalid; without
     /// a name when the field is empty and may be.

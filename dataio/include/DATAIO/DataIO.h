@@ -78,6 +78,9 @@ public:
     /// The values of one time point, in the header's value unit; header().valueCount() long.
     /// Throws "Error reading data for this time index." above the cause ("[DataIO::data]").
     std::vector<double> data(std::size_t timeIndex);
+    /// Consecutive records, of each the time point and its values: count x (1 + valueCount()), as many as there are.
+    /// For reading large files in parts. Throws ("[DataIO::records]").
+    std::vector<double> records(std::size_t first, std::size_t count);
     /// The course of one value over all time points. Throws "No data in output file.",
     /// "Time value %1 follows %2, not monotonically increasing time points found." and
     /// "Error retrieving values for time index %1." ("[DataIO::dataVector]").

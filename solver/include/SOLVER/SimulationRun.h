@@ -3,8 +3,11 @@
 #include <SOLVER/SolverOptions.h>
 
 #include <atomic>
+#include <functional>
 
 namespace SOLVER {
+
+class Simulation;
 
 /// How a run ends; the exit codes of the solver programs.
 enum class exit_t { FINISHED = 0, FAILED = 1, USAGE = 2, INTERRUPTED = 3 };
@@ -16,6 +19,8 @@ std::string runDirectory(const SolverOptions & options);
 /// A whole run as the solver programs do it: reads the project, sets up, steps to the end, keeps logs, results and the
 /// restart file. Failures are reported as messages and end with FAILED; nothing is thrown.
 /// \param stop may be set at any time, also by a signal handler: a restart file is written and the run ends
-exit_t simulate(const SolverOptions & options, const std::atomic<bool> & stop);
+/// \param observe called after each step, by the thread that calculates
+exit_t simulate(const SolverOptions & options, const std::atomic<bool> & stop,
+                const std::function<void(const Simulation &)> & observe = {});
 
 } // namespace SOLVER

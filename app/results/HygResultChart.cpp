@@ -1,0 +1,687 @@
+#include "HygResultChart.h"
+
+#include "HygResultStatistics.h"
+
+#include <CCM/ReferenceYear.h>
+
+#include <KOR/Exception.h>
+#include <KOR/Numbers.h>
+#include <KOR/UnitList.h>
+
+#include <QBoxLayout>
+#include <QFileInfo>
+#include <QPainter>
+#include <QPointer>
+#include <QSplitter>
+#include <QThreadPool>
+
+#include <cmath>
+
+using HygResultModels::Arrows;
+using HygResultModels::Field;
+using HygResultModels::Plane;
+
+namespace {
+
+constexpr quint64 READ_AT_ONCE = 1 << 20; ///< [bytes] smaller files are read without another thread
+constexpr quint64 LOOK_FIRST = 32 << 20;  ///< [bytes] of larger ones a quick look is shown first
+constexpr std::size_t RANGE_SAMPLES = 12; ///< records from which the range of a field is guessed
+constexpr QSize MIN_CHART(200, 100);
+constexpr double CUT_SHARE = 0.35;
+constexpr int DIGITS = 5;
+
+double converted(KOR::Unit from, KOR::Unit to, double value) {
+    KOR::UnitList::instance().convert(from, to, value);
+    return value;
+}
+void convertAll(KOR::Unit from, KOR::Unit to, std::vector<double> & values) {
+    if (from != to)
+        KOR::UnitList::instance().convert(from, to, std::span<double>(values));
+}
+QString unitName(KOR::Unit unit) {
+    return QString::fromStdString(unit.name());
+}
+QString number(double value) {
+    return QString::fromStdString(KOR::toString(value, DIGITS));
+}
+bool isTemperature(const HygResultFile & file) {
+    return file.header().quantityKeyword == "Temperature";
+}
+bool isHumidity(const HygResultFile & file) {
+    return file.header().quantityKeyword == "RelativeHumidity";
+}
+/// Direction along which a profile lies.
+int directionOf(const HygResultFile & file) {
+    return static_cast<int>(file.format()) - static_cast<int>(HygResultFile::Format::PROFILE_X);
+}
+
+} // namespace
+
+HygResultChart::HygResultChart(QWidget * parent)
+    : QWidget(parent), m_chart(new SCI::Chart(this)), m_cutChart(new SCI::Chart(this)),
+      m_splitter(new QSplitter(Qt::Vertical, this)) {
+    m_chart->setObjectName(QStringLiteral("resultChart"));
+    m_cutChart->setObjectName(QStringLiteral("cutChart"));
+    m_chart->setMinimumSize(MIN_CHART);
+    m_cutChart->setMinimumSize(MIN_CHART);
+    m_splitter->addWidget(m_chart);
+    m_splitter->addWidget(m_cutChart);
+    m_splitter->setStretchFactor(0, 2);
+    m_splitter->setStretchFactor(1, 1);
+    m_splitter->setChildrenCollapsible(false);
+    m_cutChart->hide();
+    auto * layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_splitter);
+}
+
+HygResultChart::~HygResultChart() {
+    ++*m_generation;
+}
+
+void HygResultChart::setFiles(Files files) {
+    if (files.size() > MAX_FILES)
+        files.resize(MAX_FILES);
+    m_files = std::move(files);
+    m_lowest = std::numeric_limits<double>::infinity();
+    m_highest = -m_lowest;
+    m_timeIndex = 0;
+    rebuild();
+}
+
+void HygResultChart::setOptions(const Options & options) {
+    if (options == m_options)
+        return;
+    m_options = options;
+    rebuild();
+}
+
+void HygResultChart::setMeasured(const HygMeasuredData & measured) {
+    m_measured = measured;
+    rebuild();
+}
+
+bool HygResultChart::isOverTime() const {
+    return m_files.empty() || m_options.isOverTime || m_files[0]->format() == HygResultFile::Format::SERIES;
+}
+
+bool HygResultChart::isField() const {
+    return !isOverTime() && m_files[0]->isField();
+}
+
+std::size_t HygResultChart::timeCount() const {
+    return m_files.empty() ? 0 : m_files[0]->timeCount();
+}
+
+double HygResultChart::time(std::size_t index) const {
+    try {
+        return index < timeCount() ? m_files[0]->time(index) : 0;
+    } catch (const KOR::Exception &) {
+        return 0;
+    }
+}
+
+KOR::Unit HygResultChart::shownUnit() const {
+    if (!m_options.unit.isEmpty()) {
+        try {
+            const KOR::Unit unit(m_options.unit.toStdString());
+            if (unit.base() == m_leftUnit.base())
+                return unit;
+        } catch (const KOR::Exception &) { // of another program or version
+        }
+    }
+    return m_leftUnit;
+}
+
+void HygResultChart::rebuild() {
+    ++*m_generation;
+    m_pending = 0;
+    for (SCI::Chart * chart : {m_chart, m_cutChart})
+        chart->remove(SCI::Chart::ALL);
+    m_drawn.clear();
+    m_measuredLines.clear();
+    m_field.reset();
+    m_arrows.reset();
+    m_arrowFile.reset();
+    m_cutLine.reset();
+    m_limit.reset();
+    m_problems.clear();
+    m_rightUnit = KOR::Unit();
+    m_cutChart->hide();
+    if (m_files.empty()) {
+        m_chart->setTitle({});
+        emit shown();
+        return;
+    }
+    for (const auto & file : m_files)
+        if (!file->geometryProblem().isEmpty())
+            complain(file->name() + ": " + file->geometryProblem());
+    m_leftUnit = m_files[0]->valueUnit();
+    try {
+        if (isOverTime())
+            buildCourses();
+        else if (isField())
+            buildField();
+        else
+            buildProfiles();
+        addLimits();
+        if (isOverTime())
+            addMeasured();
+        else
+            showTime();
+    } catch (const KOR::Exception & ex) {
+        complain(QString::fromUtf8(ex.what()));
+    }
+    m_chart->showAll();
+    showLimit();
+    emit shown();
+}
+
+void HygResultChart::showLimit() {
+    // A limit that nothing comes near to is to be seen all the same.
+    if (!m_limit)
+        return;
+    constexpr double MARGIN = 1.03;
+    const SCI::Range range = m_chart->range(m_limit->first);
+    m_chart->setRange(m_limit->first, {range.from, std::max(range.to, MARGIN * m_limit->second)});
+}
+
+std::optional<SCI::axis_t> HygResultChart::axisFor(const HygResultFile & file) {
+    if (file.valueUnit().base() == m_leftUnit.base())
+        return SCI::Y_LEFT;
+    if (m_rightUnit == KOR::Unit()) {
+        m_rightUnit = file.valueUnit();
+        m_chart->setAxis(SCI::Y_RIGHT, {QString::fromStdString(file.header().quantity), unitName(m_rightUnit), {}});
+    }
+    if (file.valueUnit().base() == m_rightUnit.base())
+        return SCI::Y_RIGHT;
+    complain(tr("%1 is not shown: a chart has room for two kinds of units.").arg(file.name()));
+    return std::nullopt;
+}
+
+HygResultChart::Drawn & HygResultChart::addLine(const std::shared_ptr<HygResultFile> & file, SCI::axis_t axis,
+                                                bool isDewPoint) {
+    Drawn drawn;
+    drawn.file = file;
+    drawn.line = std::make_shared<Line>();
+    drawn.unit = axis == SCI::Y_LEFT ? m_leftUnit : m_rightUnit;
+    drawn.isDewPoint = isDewPoint;
+    if (isDewPoint)
+        drawn.humidity = humidityOf(*file);
+    SCI::LineStyle style;
+    style.yAxis = axis;
+    style.title = isDewPoint ? tr("Dew point of %1").arg(file->name()) : file->name();
+    // Files of the same name from several projects are told apart.
+    const bool isAmbiguous = std::count_if(m_files.begin(), m_files.end(),
+                                           [&file](const auto & other) { return other->name() == file->name(); }) > 1;
+    if (isAmbiguous)
+        style.title += " (" + QFileInfo(file->path()).dir().path().section('/', -2, -2) + ')';
+    if (isDewPoint)
+        style.pen = Qt::DashLine;
+    drawn.id = m_chart->addLine(drawn.line, style);
+    m_drawn.push_back(std::move(drawn));
+    return m_drawn.back();
+}
+
+std::shared_ptr<HygResultFile> HygResultChart::humidityOf(const HygResultFile & temperature) const {
+    const auto fits = [&temperature](const HygResultFile & file) {
+        return isHumidity(file) && file.header().indices == temperature.header().indices &&
+               file.header().spaceType == temperature.header().spaceType &&
+               file.header().type == temperature.header().type && file.timeCount() == temperature.timeCount();
+    };
+    for (const auto & file : m_files)
+        if (fits(*file))
+            return file;
+    const QDir folder = QFileInfo(temperature.path()).dir();
+    for (const QString & name : folder.entryList({QStringLiteral("*.h6b"), QStringLiteral("*.h6o")}, QDir::Files)) {
+        try {
+            auto file = std::make_shared<HygResultFile>(folder.filePath(name));
+            if (fits(*file))
+                return file;
+        } catch (const KOR::Exception &) { // one that cannot be read is no companion
+        }
+    }
+    return nullptr;
+}
+
+void HygResultChart::setTimeAxis() {
+    SCI::Axis axis;
+    axis.title = tr("Time");
+    axis.dataUnit = QStringLiteral("s");
+    axis.shownUnit = QStringLiteral("d");
+    if (m_options.hasDates) {
+        axis.scale = SCI::DATE;
+        axis.startYear = m_files[0]->header().startYear;
+    }
+    m_chart->setAxis(SCI::X_BOTTOM, axis);
+}
+
+void HygResultChart::buildCourses() {
+    setTimeAxis();
+    m_chart->setAxis(SCI::Y_LEFT, {QString::fromStdString(m_files[0]->header().quantity), unitName(m_leftUnit),
+                                   unitName(shownUnit())});
+    const HygResultFile & first = *m_files[0];
+    m_chart->setTitle(first.valueCount() > 1 ? first.placeText(std::min(m_options.place, first.valueCount() - 1))
+                                             : QString());
+    for (const auto & file : m_files)
+        if (const auto axis = axisFor(*file)) {
+            addLine(file, *axis, false);
+            if (m_options.hasDewPoint && isTemperature(*file)) {
+                if (humidityOf(*file) != nullptr)
+                    addLine(file, *axis, true);
+                else
+                    complain(tr("%1: no humidity of the same places, so the dew point is unknown.").arg(file->name()));
+            }
+        }
+    for (std::size_t i = 0; i < m_drawn.size(); ++i)
+        requestCourse(i);
+}
+
+void HygResultChart::requestCourse(std::size_t index) {
+    const Drawn & drawn = m_drawn[index];
+    const std::size_t value = std::min(m_options.place, drawn.file->valueCount() - 1);
+    const QString path = drawn.file->path();
+    const QString humidity = drawn.humidity ? drawn.humidity->path() : QString();
+    const quint64 size = static_cast<quint64>(QFileInfo(path).size());
+    if (size <= READ_AT_ONCE) {
+        ++m_pending;
+        return takeCourse(*m_generation, index, true, HygResultFile::readSeries(path, value, false),
+                          humidity.isEmpty() ? HygResultFile::Series()
+                                             : HygResultFile::readSeries(humidity, value, false));
+    }
+    ++m_pending;
+    const QPointer<HygResultChart> self(this);
+    QThreadPool::globalInstance()->start([self, current = m_generation, generation = m_generation->load(), index, path,
+                                          humidity, value, size] {
+        const auto isStopped = [&current, generation] { return *current != generation; };
+        const auto read = [&](bool sample) {
+            const auto series = HygResultFile::readSeries(path, value, sample, isStopped);
+            const auto second = humidity.isEmpty() ? HygResultFile::Series()
+                                                   : HygResultFile::readSeries(humidity, value, sample, isStopped);
+            QMetaObject::invokeMethod(QCoreApplication::instance(), [self, generation, index, sample, series, second] {
+                if (self != nullptr)
+                    self->takeCourse(generation, index, !sample, series, second);
+            });
+        };
+        if (size > LOOK_FIRST)
+            read(true);
+        if (!isStopped())
+            read(false);
+    });
+}
+
+void HygResultChart::takeCourse(int generation, std::size_t index, bool isLast, const HygResultFile::Series & series,
+                                const HygResultFile::Series & humidity) {
+    if (generation != *m_generation)
+        return;
+    if (isLast)
+        --m_pending;
+    Drawn & drawn = m_drawn[index];
+    if (!series.problem.isEmpty())
+        complain(series.problem);
+    drawn.line->xs = series.times;
+    drawn.line->ys = series.values;
+    try {
+        if (drawn.isDewPoint) {
+            const KOR::Unit celsius("C"), part("%");
+            std::vector<double> phi = humidity.values;
+            convertAll(drawn.humidity->valueUnit(), part, phi);
+            convertAll(drawn.file->valueUnit(), celsius, drawn.line->ys);
+            drawn.line->ys.resize(std::min(phi.size(), drawn.line->ys.size()));
+            for (std::size_t i = 0; i < drawn.line->ys.size(); ++i)
+                drawn.line->ys[i] = CCM::dewPoint(drawn.line->ys[i], phi[i]);
+            convertAll(celsius, drawn.unit, drawn.line->ys);
+        } else {
+            convertAll(drawn.file->valueUnit(), drawn.unit, drawn.line->ys);
+        }
+    } catch (const KOR::Exception & ex) {
+        complain(QString::fromUtf8(ex.what()));
+    }
+    m_chart->dataChanged(drawn.id);
+    m_chart->showAll();
+    showLimit();
+    emit shown();
+}
+
+void HygResultChart::buildProfiles() {
+    const int direction = directionOf(*m_files[0]);
+    constexpr const char * NAMES[] = {"x", "y", "z"};
+    m_chart->setAxis(SCI::X_BOTTOM, {QLatin1String(NAMES[direction]), QStringLiteral("m"), QStringLiteral("mm")});
+    m_chart->setAxis(SCI::Y_LEFT, {QString::fromStdString(m_files[0]->header().quantity), unitName(m_leftUnit),
+                                   unitName(shownUnit())});
+    addLayers();
+    for (const auto & file : m_files) {
+        if (file->format() != m_files[0]->format()) {
+            complain(tr("%1 is not shown: its values do not lie along the same line.").arg(file->name()));
+            continue;
+        }
+        const auto axis = axisFor(*file);
+        if (!axis)
+            continue;
+        addLine(file, *axis, false);
+        if (m_options.hasDewPoint && isTemperature(*file)) {
+            if (humidityOf(*file) != nullptr)
+                addLine(file, *axis, true);
+            else
+                complain(tr("%1: no humidity of the same places, so the dew point is unknown.").arg(file->name()));
+        }
+    }
+    for (const Drawn & drawn : m_drawn) {
+        drawn.line->xs.clear();
+        for (std::size_t i = 0; i < drawn.file->valueCount(); ++i)
+            drawn.line->xs.push_back(drawn.file->place(i)[static_cast<std::size_t>(direction)]);
+    }
+    sampleRange(*m_files[0]);
+}
+
+void HygResultChart::addLayers() {
+    const HygResultFile & file = *m_files[0];
+    const DATAIO::GeoFile & geometry = *file.geometry();
+    const auto direction = static_cast<std::size_t>(directionOf(file));
+    const std::vector<double> & edges = geometry.boundaries(static_cast<int>(direction));
+    // The cells of the line on which the profile lies.
+    const auto start = file.cell(0);
+    std::vector<const DATAIO::GeoFile::Material *> materials(edges.size() - 1, nullptr);
+    for (const auto & element : geometry.m_elements) {
+        const std::array<std::uint32_t, 3> cell{element.i, element.j, element.k};
+        bool isOnLine = cell[direction] < materials.size();
+        for (std::size_t d = 0; d < 3; ++d)
+            isOnLine = isOnLine && (d == direction || cell[d] == start[d]);
+        if (isOnLine)
+            materials[cell[direction]] = geometry.material(element.materialId);
+    }
+    bool isShaded = true;
+    for (std::size_t first = 0; first < materials.size();) {
+        std::size_t last = first;
+        while (last + 1 < materials.size() && materials[last + 1] == materials[first])
+            ++last;
+        if (isShaded && materials[first] != nullptr)
+            m_chart->addBand(SCI::X_BOTTOM, edges[first], edges[last + 1],
+                             QString::fromStdString(materials[first]->name));
+        isShaded = !isShaded;
+        first = last + 1;
+    }
+}
+
+void HygResultChart::buildField() {
+    const auto file = m_files[0];
+    m_field = std::make_shared<Field>(*file);
+    constexpr const char * NAMES[] = {"x", "y", "z"};
+    m_chart->setAxis(SCI::X_BOTTOM,
+                     {QLatin1String(NAMES[m_field->plane.horizontal]), QStringLiteral("m"), QStringLiteral("mm")});
+    m_chart->setAxis(SCI::Y_LEFT,
+                     {QLatin1String(NAMES[m_field->plane.vertical]), QStringLiteral("m"), QStringLiteral("mm")});
+    m_chart->setAxis(SCI::Y_RIGHT,
+                     {QString::fromStdString(file->header().quantity), unitName(m_leftUnit), unitName(shownUnit())});
+    m_field->setValues(file->values(0));
+    SCI::GridStyle style;
+    style.isSmooth = m_options.isSmooth;
+    style.hasIsolines = m_options.hasIsolines;
+    style.map = isTemperature(*file) ? SCI::ColorMap::HEAT
+                : isHumidity(*file)  ? SCI::ColorMap::WATER
+                                     : SCI::ColorMap::SEQUENCE;
+    Drawn drawn;
+    drawn.file = file;
+    drawn.unit = m_leftUnit;
+    drawn.id = m_chart->addGrid(m_field, style);
+    m_drawn.push_back(std::move(drawn));
+
+    for (const auto & other : m_files)
+        if (m_options.hasArrows && !m_arrowFile && other->header().type == DATAIO::DataHeader::FLUX &&
+            other->format() == file->format() && other->valueCount() == other->header().indices.size()) {
+            m_arrowFile = other;
+            m_arrows = std::make_shared<Arrows>(*other);
+            m_arrows->setValues(other->values(0));
+            SCI::VectorStyle arrows;
+            arrows.title = other->name();
+            arrows.unit = unitName(other->valueUnit());
+            Drawn second;
+            second.file = other;
+            second.id = m_chart->addVectors(m_arrows, arrows);
+            m_drawn.push_back(std::move(second));
+        }
+    for (const auto & other : m_files)
+        if (other != file && other != m_arrowFile)
+            complain(tr("%1 is not shown: a chart holds one field and the arrows of one flux.").arg(other->name()));
+    buildCut();
+    sampleRange(*file);
+}
+
+void HygResultChart::buildCut() {
+    if (m_options.cut == NoCut)
+        return;
+    const Plane & plane = m_field->plane;
+    const bool isAlongX = m_options.cut == AlongX;
+    constexpr const char * NAMES[] = {"x", "y", "z"};
+    m_cutLine = std::make_shared<Line>();
+    m_cutLine->xs = isAlongX ? plane.xCentres : plane.yCentres;
+    m_cutChart->setAxis(SCI::X_BOTTOM, {QLatin1String(NAMES[isAlongX ? plane.horizontal : plane.vertical]),
+                                        QStringLiteral("m"), QStringLiteral("mm")});
+    m_cutChart->setAxis(SCI::Y_LEFT, {QString::fromStdString(m_files[0]->header().quantity), unitName(m_leftUnit),
+                                      unitName(shownUnit())});
+    m_cutChart->addLine(m_cutLine, {});
+    m_cutChart->show();
+    const std::vector<double> & across = isAlongX ? plane.yEdges : plane.xEdges;
+    const double position = across.front() + m_options.cutPlace * (across.back() - across.front());
+    m_cutMark = m_chart->addThreshold(isAlongX ? SCI::Y_LEFT : SCI::X_BOTTOM, position, tr("Cut"));
+}
+
+void HygResultChart::addLimits() {
+    const KOR::Unit shown = shownUnit();
+    if (m_options.threshold && !isField())
+        m_chart->addThreshold(SCI::Y_LEFT, converted(shown, m_leftUnit, *m_options.threshold),
+                              number(*m_options.threshold) + ' ' + unitName(shown));
+    if (!m_options.hasMouldLimit || isField())
+        return;
+    for (const auto & file : m_files) {
+        if (!isHumidity(*file))
+            continue;
+        const bool isLeft = file->valueUnit().base() == m_leftUnit.base();
+        const SCI::axis_t axis = isLeft ? SCI::Y_LEFT : SCI::Y_RIGHT;
+        const KOR::Unit part("---");
+        m_chart->addThreshold(axis, converted(part, isLeft ? m_leftUnit : m_rightUnit, MOULD_LIMIT),
+                              QStringLiteral("80 %"));
+        m_limit = {axis, converted(part, isLeft ? shown : m_rightUnit, MOULD_LIMIT)};
+        break;
+    }
+}
+
+void HygResultChart::addMeasured() {
+    for (const HygMeasuredData::Column & column : m_measured.columns) {
+        auto line = std::make_shared<Line>();
+        line->xs = m_measured.times;
+        line->ys = column.values;
+        SCI::LineStyle style;
+        style.title = tr("%1 (measured)").arg(column.name);
+        style.hasPoints = true;
+        style.pen = Qt::DotLine;
+        if (!column.unit.isEmpty()) {
+            const KOR::Unit unit(column.unit.toStdString());
+            if (unit.base() == m_leftUnit.base()) {
+                convertAll(unit, m_leftUnit, line->ys);
+            } else if (m_rightUnit != KOR::Unit() && unit.base() == m_rightUnit.base()) {
+                convertAll(unit, m_rightUnit, line->ys);
+                style.yAxis = SCI::Y_RIGHT;
+            } else {
+                complain(tr("The measured column '%1' has the unit '%2', which fits to no axis.")
+                             .arg(column.name, column.unit));
+                continue;
+            }
+        }
+        m_chart->addLine(line, style);
+        m_measuredLines.push_back(line);
+    }
+}
+
+void HygResultChart::complain(const QString & problem) {
+    if (!m_problems.contains(problem))
+        m_problems << problem;
+}
+
+void HygResultChart::include(double value) {
+    if (!std::isfinite(value))
+        return;
+    m_lowest = std::min(m_lowest, value);
+    m_highest = std::max(m_highest, value);
+}
+
+void HygResultChart::sampleRange(HygResultFile & file) {
+    const std::size_t count = file.timeCount();
+    for (std::size_t s = 0; s < std::min(count, RANGE_SAMPLES); ++s) {
+        const std::size_t index = count <= RANGE_SAMPLES ? s : s * (count - 1) / (RANGE_SAMPLES - 1);
+        for (const double value : file.values(index))
+            include(m_field && m_field->plane.ofCell.empty() ? std::abs(value) : value);
+    }
+}
+
+void HygResultChart::setTime(double seconds) {
+    m_wantedTime = seconds;
+    if (m_files.empty() || isOverTime())
+        return;
+    try {
+        showTime();
+    } catch (const KOR::Exception & ex) {
+        complain(QString::fromUtf8(ex.what()));
+    }
+    emit shown();
+}
+
+void HygResultChart::showTime() {
+    if (timeCount() == 0) {
+        complain(tr("The file holds no complete record yet."));
+        return;
+    }
+    const double wanted = m_wantedTime.value_or(0);
+    m_timeIndex = m_files[0]->indexAt(wanted);
+    const double time = m_files[0]->time(m_timeIndex);
+    const double lowest = m_lowest, highest = m_highest;
+    if (m_field) {
+        m_field->setValues(m_files[0]->values(m_timeIndex));
+        for (const double value : m_field->values)
+            include(value);
+        if (m_arrows)
+            m_arrows->setValues(m_arrowFile->values(m_arrowFile->indexAt(time)));
+        showCut();
+    } else {
+        for (const Drawn & drawn : m_drawn) {
+            drawn.line->ys = drawn.file->values(drawn.file->indexAt(time));
+            if (drawn.isDewPoint) {
+                const KOR::Unit celsius("C"), part("%");
+                std::vector<double> phi = drawn.humidity->values(drawn.humidity->indexAt(time));
+                convertAll(drawn.humidity->valueUnit(), part, phi);
+                convertAll(drawn.file->valueUnit(), celsius, drawn.line->ys);
+                for (std::size_t i = 0; i < drawn.line->ys.size(); ++i)
+                    drawn.line->ys[i] = CCM::dewPoint(drawn.line->ys[i], phi[i]);
+                convertAll(celsius, drawn.unit, drawn.line->ys);
+            } else {
+                convertAll(drawn.file->valueUnit(), drawn.unit, drawn.line->ys);
+            }
+            if (drawn.unit == m_leftUnit)
+                for (const double value : drawn.line->ys)
+                    include(value);
+        }
+    }
+    for (const Drawn & drawn : m_drawn)
+        m_chart->dataChanged(drawn.id);
+    // The same scale at all times, so that playback shows what changes.
+    if (m_lowest < m_highest && (m_lowest != lowest || m_highest != highest || m_field == nullptr)) {
+        const KOR::Unit shown = shownUnit();
+        const double margin = m_field ? 0 : 0.04 * (m_highest - m_lowest);
+        const double from = converted(m_leftUnit, shown, m_lowest - margin);
+        const double to = converted(m_leftUnit, shown, m_highest + margin);
+        m_chart->setRange(m_field ? SCI::Y_RIGHT : SCI::Y_LEFT, {std::min(from, to), std::max(from, to)});
+        if (m_cutLine)
+            m_cutChart->setRange(SCI::Y_LEFT, {std::min(from, to), std::max(from, to)});
+    }
+}
+
+void HygResultChart::showCut() {
+    if (!m_cutLine)
+        return;
+    const Plane & plane = m_field->plane;
+    const bool isAlongX = m_options.cut == AlongX;
+    const std::vector<double> & across = isAlongX ? plane.yEdges : plane.xEdges;
+    const double position = across.front() + m_options.cutPlace * (across.back() - across.front());
+    const auto found = std::upper_bound(across.begin() + 1, across.end() - 1, position);
+    const auto line = static_cast<std::size_t>(found - across.begin()) - 1;
+    m_cutLine->ys.clear();
+    for (std::size_t i = 0; i < m_cutLine->xs.size(); ++i)
+        m_cutLine->ys.push_back(isAlongX ? m_field->value(i, line) : m_field->value(line, i));
+    m_cutChart->dataChanged();
+}
+
+bool HygResultChart::refresh() {
+    bool isMore = false;
+    try {
+        for (const auto & file : m_files)
+            isMore = file->update() || isMore;
+    } catch (const KOR::Exception & ex) {
+        complain(QString::fromUtf8(ex.what()));
+    }
+    if (!isMore)
+        return false;
+    if (!isOverTime()) {
+        setTime(m_wantedTime.value_or(0));
+    } else if (isComplete()) {
+        for (std::size_t i = 0; i < m_drawn.size(); ++i)
+            requestCourse(i);
+    }
+    return true;
+}
+
+QString HygResultChart::statistics() const {
+    if (m_drawn.empty())
+        return {};
+    const KOR::Unit shown = shownUnit();
+    const std::optional<double> threshold =
+        m_options.threshold ? std::optional(converted(shown, m_leftUnit, *m_options.threshold)) : std::nullopt;
+    QStringList lines;
+    for (const Drawn & drawn : m_drawn) {
+        if (drawn.isDewPoint || (m_field && drawn.file != m_files[0]))
+            continue;
+        HygResultStatistics s;
+        if (isOverTime()) {
+            s = HygResultStatistics::ofCourse(drawn.line->xs, drawn.line->ys, threshold);
+        } else {
+            std::vector<double> weights;
+            const std::vector<double> & values = m_field ? m_field->values : drawn.line->ys;
+            if (m_field) {
+                const Plane & plane = m_field->plane;
+                for (std::size_t row = 0; row < plane.rows(); ++row)
+                    for (std::size_t column = 0; column < plane.columns(); ++column)
+                        weights.push_back((plane.xEdges[column + 1] - plane.xEdges[column]) *
+                                          (plane.yEdges[row + 1] - plane.yEdges[row]));
+            } else if (drawn.file->header().type != DATAIO::DataHeader::FLUX) {
+                const auto direction = static_cast<std::size_t>(directionOf(*drawn.file));
+                const auto & widths = drawn.file->geometry()->widths(static_cast<int>(direction));
+                for (std::size_t i = 0; i < values.size(); ++i)
+                    weights.push_back(widths[drawn.file->cell(i)[direction]]);
+            }
+            s = HygResultStatistics::ofPlaces(values, weights, m_field ? std::vector<double>() : drawn.line->xs,
+                                              threshold);
+        }
+        if (s.count == 0)
+            continue;
+        const KOR::Unit unit = drawn.unit == m_leftUnit ? shown : drawn.unit;
+        const auto value = [&](double v) { return number(converted(drawn.unit, unit, v)); };
+        QString line = tr("%1: %2 to %3 %4, mean %5")
+                           .arg(drawn.file->name(), value(s.minimum), value(s.maximum), unitName(unit), value(s.mean));
+        if (threshold && s.weight > 0 && drawn.unit == m_leftUnit)
+            line += tr(", above %1: %2 %").arg(number(*m_options.threshold), number(100 * s.above / s.weight));
+        lines << line;
+    }
+    return lines.join('\n');
+}
+
+QImage HygResultChart::image(const QSize & size, double scale) const {
+    if (!m_cutLine)
+        return m_chart->image(size, scale);
+    const QSize lower(size.width(), static_cast<int>(size.height() * CUT_SHARE));
+    const QSize upper(size.width(), size.height() - lower.height());
+    QImage both(size * scale, QImage::Format_ARGB32_Premultiplied);
+    both.setDevicePixelRatio(scale);
+    QPainter painter(&both);
+    painter.drawImage(QPointF(0, 0), m_chart->image(upper, scale));
+    painter.drawImage(QPointF(0, upper.height()), m_cutChart->image(lower, scale));
+    return both;
+}

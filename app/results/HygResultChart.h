@@ -1,0 +1,135 @@
+#pragma once
+
+#include "results/HygMeasuredData.h"
+#include "results/HygResultFile.h"
+#include "results/HygResultModels.h"
+
+#include <SCI/Chart.h>
+
+#include <QWidget>
+
+#include <atomic>
+#include <optional>
+
+class QSplitter;
+
+/// Charts of result files: courses over time, profiles and fields at a time. What is asked for is read when it is to be
+/// drawn; long series are read by another thread.
+class HygResultChart : public QWidget {
+    Q_OBJECT
+public:
+    using Files = std::vector<std::shared_ptr<HygResultFile>>;
+    enum cut_t { NoCut, AlongX, AlongY };
+    struct Options {
+        bool isOverTime = false; ///< also of profiles and fields: the course at one place
+        std::size_t place = 0;   ///< index of the value whose course is shown
+        QString unit;            ///< of the first file's values; empty: as in the file
+        bool hasDates = false;   ///< times as dates
+        bool isSmooth = false;   ///< of fields
+        bool hasIsolines = false;
+        bool hasArrows = true;
+        cut_t cut = NoCut;
+        double cutPlace = 0.5;           ///< share of the extent across the cut
+        std::optional<double> threshold; ///< in the unit shown
+        bool hasDewPoint = false;        ///< of temperatures, where the humidity is known
+        bool hasMouldLimit = false;      ///< the line at 80 %
+        bool operator==(const Options &) const = default;
+    };
+    /// The 80 % above which mould can grow.
+    static constexpr double MOULD_LIMIT = 0.8;
+    static constexpr std::size_t MAX_FILES = 12;
+
+    explicit HygResultChart(QWidget * parent = nullptr);
+    ~HygResultChart() override;
+
+    /// The first file decides what is shown; others are added where they fit.
+    void setFiles(Files files);
+    const Files & files() const { return m_files; }
+    void setOptions(const Options & options);
+    const Options & options() const { return m_options; }
+    void setMeasured(const HygMeasuredData & measured);
+    /// Of profiles and fields [s].
+    void setTime(double seconds);
+    /// Shows what has been written since. \return whether there was something
+    bool refresh();
+
+    /// Whether courses are shown, for which there is no time to choose.
+    bool isOverTime() const;
+    bool isField() const;
+    /// Whether all that was asked for has been read.
+    bool isComplete() const { return m_pending == 0; }
+    /// Times of the first file's records: their number, and one of them [s].
+    std::size_t timeCount() const;
+    double time(std::size_t index) const;
+    std::size_t timeIndex() const { return m_timeIndex; }
+
+    QString statistics() const;
+    /// What could not be shown, one a line; empty if all is well.
+    QString problems() const { return m_problems.join('\n'); }
+    SCI::Chart & chart() { return *m_chart; }
+    SCI::Chart & cutChart() { return *m_cutChart; }
+    /// The chart and, if there is one, the cut below it.
+    QImage image(const QSize & size, double scale = 1) const;
+
+signals:
+    /// Something new is drawn: statistics and problems may be others.
+    void shown();
+
+private:
+    using Line = HygResultModels::Line;
+    struct Drawn {
+        std::shared_ptr<HygResultFile> file;
+        std::shared_ptr<HygResultFile> humidity; ///< of a dew point
+        std::shared_ptr<Line> line;
+        SCI::Chart::id_t id = 0;
+        KOR::Unit unit; ///< of the axis
+        bool isDewPoint = false;
+    };
+
+    void rebuild();
+    void buildCourses();
+    void buildProfiles();
+    void buildField();
+    void buildCut();
+    void addLimits();
+    void showLimit();
+    void addLayers();
+    void addMeasured();
+    void setTimeAxis();
+    /// The axis on which a file's values fit, and its unit; nothing if both are taken by other kinds.
+    std::optional<SCI::axis_t> axisFor(const HygResultFile & file);
+    Drawn & addLine(const std::shared_ptr<HygResultFile> & file, SCI::axis_t axis, bool isDewPoint);
+    void requestCourse(std::size_t drawn);
+    void takeCourse(int generation, std::size_t drawn, bool isLast, const HygResultFile::Series & series,
+                    const HygResultFile::Series & humidity);
+    void showTime();
+    void showCut();
+    std::shared_ptr<HygResultFile> humidityOf(const HygResultFile & temperature) const;
+    void complain(const QString & problem);
+    void include(double value);
+    void sampleRange(HygResultFile & file);
+    KOR::Unit shownUnit() const;
+
+    SCI::Chart * m_chart;
+    SCI::Chart * m_cutChart;
+    QSplitter * m_splitter;
+    Files m_files;
+    Options m_options;
+    HygMeasuredData m_measured;
+    std::vector<Drawn> m_drawn;
+    std::vector<std::shared_ptr<Line>> m_measuredLines;
+    std::shared_ptr<HygResultModels::Field> m_field;
+    std::shared_ptr<HygResultModels::Arrows> m_arrows;
+    std::shared_ptr<HygResultFile> m_arrowFile;
+    std::shared_ptr<Line> m_cutLine;
+    SCI::Chart::id_t m_cutMark = 0;
+    std::optional<std::pair<SCI::axis_t, double>> m_limit; ///< the line at 80 %, in the unit shown
+    KOR::Unit m_leftUnit, m_rightUnit;
+    std::size_t m_timeIndex = 0;
+    std::optional<double> m_wantedTime; ///< [s]
+    double m_lowest = 0, m_highest = 0; ///< seen so far, of the first file's values
+    /// Answers to earlier questions are dropped. The readers look at it too, whatever has become of the chart.
+    std::shared_ptr<std::atomic<int>> m_generation = std::make_shared<std::atomic<int>>(0);
+    int m_pending = 0;
+    QStringList m_problems;
+};

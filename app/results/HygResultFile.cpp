@@ -1,0 +1,272 @@
+#include "HygResultFile.h"
+
+#include <KOR/Exception.h>
+#include <KOR/UnitList.h>
+
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QDir>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr std::size_t MAX_KEPT = 4;       ///< records
+constexpr std::size_t SAMPLES = 1000;     ///< of a quick look
+constexpr std::size_t CHUNK = (4 << 20);  ///< [bytes] that are read at once
+constexpr quint64 SMALL_FILE = 4 << 20;   ///< [bytes]
+constexpr std::size_t WIDE_RECORD = 4096; ///< [bytes]
+constexpr const char * WHERE = "[HygResultFile]";
+
+/// Geometries that are in use, so that the files of a run share one.
+std::shared_ptr<const DATAIO::GeoFile> sharedGeometry(const QString & path) {
+    struct Entry {
+        QString path;
+        QDateTime changed;
+        std::weak_ptr<const DATAIO::GeoFile> geometry;
+    };
+    static std::vector<Entry> entries; // of the GUI thread
+    const QDateTime changed = QFileInfo(path).lastModified();
+    std::erase_if(entries, [](const Entry & entry) { return entry.geometry.expired(); });
+    for (const Entry & entry : entries)
+        if (entry.path == path && entry.changed == changed)
+            if (auto known = entry.geometry.lock())
+                return known;
+    auto geometry = std::make_shared<DATAIO::GeoFile>();
+    geometry->read(path.toStdString());
+    entries.push_back({path, changed, geometry});
+    return geometry;
+}
+
+double secondsPer(const std::string & unit) {
+    double value = 1;
+    KOR::UnitList::instance().convert(KOR::Unit(unit), KOR::Unit("s"), value);
+    return value;
+}
+
+} // namespace
+
+HygResultFile::HygResultFile(const QString & path) : m_path(path) {
+    open(m_data, path);
+    m_valueUnit = KOR::Unit(header().valueUnit);
+    m_secondsPerUnit = secondsPer(header().timeUnit);
+    findGeometry();
+    if (m_geometry) {
+        try {
+            m_format = m_data.determineDataFormat(m_geometry.get());
+        } catch (const KOR::Exception & ex) {
+            m_geometryProblem = QString::fromStdString(ex.cause());
+            m_geometry.reset();
+        }
+    }
+}
+
+void HygResultFile::open(DATAIO::DataIO & data, const QString & path) {
+    data.openAndReadHeader(path.toStdString());
+    if (data.version().major > KOR::FILE_VERSION.major)
+        throw KOR::Exception(KOR::text("The file has version %1.%2, newer than %3.%4 of this program.",
+                                       int(data.version().major), int(data.version().minor),
+                                       int(KOR::FILE_VERSION.major), int(KOR::FILE_VERSION.minor)),
+                             WHERE);
+}
+
+void HygResultFile::findGeometry() {
+    if (m_data.embeddedGeometry()) {
+        m_geometry = std::make_shared<DATAIO::GeoFile>(*m_data.embeddedGeometry());
+        return;
+    }
+    const QString name = QString::fromStdString(header().geoFile);
+    if (name.isEmpty()) {
+        m_geometryProblem = QCoreApplication::translate("HygResultFile", "The file names no geometry file.");
+        return;
+    }
+    const QDir folder = QFileInfo(m_path).dir();
+    QString found;
+    // The directory may have been moved or copied with its files; outputs of a grid lie one deeper.
+    for (const QString & candidate : {folder.filePath(name), folder.filePath(QFileInfo(name).fileName()),
+                                      folder.filePath("../" + QFileInfo(name).fileName())})
+        if (found.isEmpty() && QFileInfo(candidate).isFile())
+            found = QFileInfo(candidate).canonicalFilePath();
+    if (found.isEmpty()) {
+        m_geometryProblem =
+            QCoreApplication::translate("HygResultFile", "The geometry file '%1' is missing; places are unknown.")
+                .arg(name);
+        return;
+    }
+    try {
+        m_geometry = sharedGeometry(found);
+        if (m_geometry->hash() != header().geoFileHash)
+            m_geometryProblem = QCoreApplication::translate(
+                                    "HygResultFile", "The geometry file '%1' is not the one that these results were "
+                                                     "calculated with (hash %2 instead of %3); places may be wrong.")
+                                    .arg(name)
+                                    .arg(m_geometry->hash())
+                                    .arg(header().geoFileHash);
+    } catch (const KOR::Exception & ex) {
+        m_geometryProblem = QString::fromUtf8(ex.what());
+    }
+}
+
+QString HygResultFile::name() const {
+    return QFileInfo(m_path).completeBaseName();
+}
+
+const std::vector<double> & HygResultFile::record(std::size_t timeIndex) {
+    for (auto kept = m_kept.begin(); kept != m_kept.end(); ++kept)
+        if (kept->timeIndex == timeIndex) {
+            m_kept.splice(m_kept.begin(), m_kept, kept);
+            return m_kept.front().values;
+        }
+    std::vector<double> values = m_data.records(timeIndex, 1);
+    if (values.empty())
+        throw KOR::Exception(KOR::text("The file has no time point %1.", timeIndex), WHERE);
+    const double time = values.front() * m_secondsPerUnit;
+    values.erase(values.begin());
+    if (m_kept.size() == MAX_KEPT)
+        m_kept.pop_back();
+    m_kept.push_front({timeIndex, time, std::move(values)});
+    return m_kept.front().values;
+}
+
+bool HygResultFile::hasTimesAtHand() const {
+    const quint64 size = timeCount() * recordSize();
+    return size <= SMALL_FILE || (m_data.isBinary() && recordSize() > WIDE_RECORD);
+}
+
+double HygResultFile::time(std::size_t timeIndex) {
+    if (hasTimesAtHand() && timeIndex < timeCount())
+        return m_data.timePoints()[timeIndex] * m_secondsPerUnit;
+    record(timeIndex);
+    return m_kept.front().time;
+}
+
+const std::vector<double> & HygResultFile::values(std::size_t timeIndex) {
+    return record(timeIndex);
+}
+
+std::size_t HygResultFile::indexAt(double wanted) {
+    std::size_t low = 0, high = timeCount();
+    while (low < high) { // the first that is not before
+        const std::size_t middle = low + (high - low) / 2;
+        if (time(middle) < wanted)
+            low = middle + 1;
+        else
+            high = middle;
+    }
+    if (low == timeCount())
+        return timeCount() == 0 ? 0 : timeCount() - 1;
+    return low > 0 && wanted - time(low - 1) < time(low) - wanted ? low - 1 : low;
+}
+
+std::array<double, 3> HygResultFile::place(std::size_t valueIndex) const {
+    if (!m_geometry || valueIndex >= header().indices.size())
+        return {};
+    const std::uint32_t index = header().indices[valueIndex];
+    if (header().type == DATAIO::DataHeader::FLUX) {
+        const auto & side = m_geometry->m_sides.at(index);
+        return {side.x, side.y, side.z};
+    }
+    const auto & element = m_geometry->m_elements.at(index);
+    return {element.x, element.y, element.z};
+}
+
+std::array<std::uint32_t, 3> HygResultFile::cell(std::size_t valueIndex) const {
+    if (!m_geometry || valueIndex >= header().indices.size())
+        return {};
+    const std::uint32_t index = header().indices[valueIndex];
+    if (header().type == DATAIO::DataHeader::FLUX) {
+        const auto & side = m_geometry->m_sides.at(index);
+        return {side.i, side.j, side.k};
+    }
+    const auto & element = m_geometry->m_elements.at(index);
+    return {element.i, element.j, element.k};
+}
+
+std::uint32_t HygResultFile::location(std::size_t valueIndex) const {
+    if (!m_geometry || header().type != DATAIO::DataHeader::FLUX || valueIndex >= header().indices.size())
+        return 0;
+    return m_geometry->m_sides.at(header().indices[valueIndex]).location;
+}
+
+QString HygResultFile::placeText(std::size_t valueIndex) const {
+    constexpr double MM = 1000;
+    if (!m_geometry)
+        return QString::number(valueIndex);
+    const auto p = place(valueIndex);
+    QStringList parts;
+    const char * names[] = {"x", "y", "z"};
+    for (int d = 0; d < 3; ++d)
+        if (m_geometry->widths(d).size() > 1)
+            parts << QStringLiteral("%1 = %2 mm")
+                         .arg(QLatin1String(names[d]))
+                         .arg(QString::number(MM * p[static_cast<std::size_t>(d)], 'g', 5));
+    if (header().type != DATAIO::DataHeader::FLUX)
+        if (const auto * material =
+                m_geometry->material(m_geometry->m_elements.at(header().indices[valueIndex]).materialId))
+            parts << QString::fromStdString(material->name);
+    return parts.join(QStringLiteral(", "));
+}
+
+HygResultFile::Series HygResultFile::readSeries(const QString & path, std::size_t valueIndex, bool sample,
+                                                const std::function<bool()> & isStopped) {
+    Series series;
+    try {
+        DATAIO::DataIO data;
+        data.openAndReadHeader(path.toStdString());
+        const std::size_t count = data.timeCount();
+        const std::size_t width = 1 + data.header().valueCount();
+        const double seconds = secondsPer(data.header().timeUnit);
+        if (valueIndex + 1 >= width)
+            throw KOR::Exception(KOR::text("There is no value %1.", valueIndex), WHERE);
+        series.isReduced = count > MAX_POINTS;
+        if (sample && count > SAMPLES) {
+            for (std::size_t s = 0; s < SAMPLES; ++s) {
+                const auto record = data.records(s * (count - 1) / (SAMPLES - 1), 1);
+                series.times.push_back(record[0] * seconds);
+                series.values.push_back(record[1 + valueIndex]);
+            }
+            series.isReduced = true;
+            return series;
+        }
+        if (width * sizeof(double) > WIDE_RECORD) { // value by value: few, and far from each other
+            series.values = data.dataVector(valueIndex);
+            series.times = data.timePoints();
+            for (double & time : series.times)
+                time *= seconds;
+            series.isReduced = false;
+            return series;
+        }
+        // Of as many records as fall into one piece the lowest and the highest, in their order.
+        const std::size_t piece = series.isReduced ? (2 * count + MAX_POINTS - 1) / MAX_POINTS : 1;
+        const std::size_t perChunk = std::max<std::size_t>(1, CHUNK / (width * sizeof(double)) / piece) * piece;
+        for (std::size_t first = 0; first < count; first += perChunk) {
+            if (isStopped && isStopped())
+                break;
+            const std::vector<double> chunk = data.records(first, perChunk);
+            const std::size_t records = chunk.size() / width;
+            for (std::size_t p = 0; p < records; p += piece) {
+                std::size_t low = p, high = p;
+                for (std::size_t r = p; r < std::min(records, p + piece); ++r) {
+                    const double value = chunk[r * width + 1 + valueIndex];
+                    if (value < chunk[low * width + 1 + valueIndex])
+                        low = r;
+                    if (value > chunk[high * width + 1 + valueIndex])
+                        high = r;
+                }
+                for (const std::size_t r : {std::min(low, high), std::max(low, high)}) {
+                    if (piece == 1 && r != p)
+                        continue;
+                    series.times.push_back(chunk[r * width] * seconds);
+                    series.values.push_back(chunk[r * width + 1 + valueIndex]);
+                    if (low == high)
+                        break;
+                }
+            }
+        }
+    } catch (const std::exception & ex) {
+        series.problem = QString::fromUtf8(ex.what());
+    }
+    return series;
+}

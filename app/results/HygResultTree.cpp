@@ -1,0 +1,215 @@
+#include "HygResultTree.h"
+
+#include "HygIconEngine.h"
+#include "results/HygResultFile.h"
+
+#include <DATAIO/DataIO.h>
+#include <QtExt/Palette.h>
+
+#include <KOR/Exception.h>
+
+#include <QDateTime>
+#include <QDir>
+#include <QDirIterator>
+#include <QEvent>
+#include <QFileInfo>
+#include <QHash>
+#include <QHeaderView>
+
+namespace {
+
+constexpr int PATH = Qt::UserRole;
+constexpr int MAX_FILES = 2000;
+
+/// What stands beside a file. A binary file is looked at again when it has changed, a text only while it is unreadable:
+/// its lines would all have to be counted.
+struct Description {
+    QDateTime changed;
+    QString text;
+    bool isBroken = false;
+};
+
+const Description & describe(const QFileInfo & file) {
+    static QHash<QString, Description> known; // of the GUI thread
+    Description & description = known[file.filePath()];
+    const bool isSame =
+        description.changed == file.lastModified() || (!description.isBroken && file.suffix() == QLatin1String("h6o"));
+    if (!description.text.isEmpty() && isSame)
+        return description;
+    description.changed = file.lastModified();
+    try {
+        DATAIO::DataIO data;
+        HygResultFile::open(data, file.filePath());
+        description.text = QString::fromStdString(data.header().quantity + " [" + data.header().valueUnit + ']');
+        description.isBroken = false;
+    } catch (const KOR::Exception & ex) {
+        description.text = QString::fromStdString(ex.cause());
+        description.isBroken = true;
+    }
+    return description;
+}
+
+} // namespace
+
+HygResultTree::HygResultTree(QWidget * parent) : QTreeWidget(parent) {
+    setObjectName(QStringLiteral("resultTree"));
+    setColumnCount(2);
+    setUniformRowHeights(true);
+    header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
+    header()->setStretchLastSection(true);
+    connect(this, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem * item, int column) {
+        if (column == 0 && !m_isFilling && !item->data(0, PATH).toString().isEmpty())
+            setChosen(item, item->checkState(0) == Qt::Checked);
+    });
+    // A click on the line shows this file alone, the box adds it to the others.
+    connect(this, &QTreeWidget::itemActivated, this,
+            [this](const QTreeWidgetItem * item) { choose({item->data(0, PATH).toString()}); });
+    connect(this, &QTreeWidget::currentItemChanged, this, [this](const QTreeWidgetItem * item) {
+        if (item != nullptr && !m_isFilling && m_chosen.size() <= 1 && !item->data(0, PATH).toString().isEmpty())
+            choose({item->data(0, PATH).toString()});
+    });
+    retranslate();
+}
+
+void HygResultTree::setProjectDirectory(const QString & directory) {
+    m_project = directory;
+    refresh();
+}
+
+void HygResultTree::setFurtherDirectories(const QStringList & directories) {
+    m_further = directories;
+    m_further.removeDuplicates();
+    refresh();
+}
+
+void HygResultTree::addDirectory(const QString & directory) {
+    if (directory.isEmpty() || m_further.contains(directory) || directory == m_project)
+        return;
+    m_further << directory;
+    refresh();
+    emit furtherDirectoriesChanged();
+}
+
+void HygResultTree::removeDirectory(const QString & directory) {
+    m_further.removeAll(directory);
+    QStringList kept = m_chosen;
+    kept.erase(std::remove_if(kept.begin(), kept.end(),
+                              [&](const QString & path) { return path.startsWith(directory + '/'); }),
+               kept.end());
+    refresh();
+    choose(kept);
+    emit furtherDirectoriesChanged();
+}
+
+QString HygResultTree::currentFurtherDirectory() const {
+    const QTreeWidgetItem * item = currentItem();
+    while (item != nullptr && item->parent() != nullptr)
+        item = item->parent();
+    const int index = item == nullptr ? -1 : indexOfTopLevelItem(const_cast<QTreeWidgetItem *>(item));
+    return m_further.value(m_project.isEmpty() ? index : index - 1);
+}
+
+void HygResultTree::addRoot(const QString & directory, const QString & title) {
+    auto * root = new QTreeWidgetItem(this, {title});
+    root->setIcon(0, HygIconEngine::icon(QStringLiteral("folder")));
+    root->setToolTip(0, QDir::toNativeSeparators(directory));
+    root->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+    const QString results = QFileInfo(directory + "/results").isDir() ? directory + "/results" : directory;
+    QStringList paths;
+    QDirIterator files(results, {QStringLiteral("*.h6b"), QStringLiteral("*.h6o")}, QDir::Files | QDir::Readable,
+                       QDirIterator::Subdirectories);
+    while (files.hasNext() && paths.size() < MAX_FILES)
+        paths << files.next();
+    paths.sort(Qt::CaseInsensitive);
+    for (const QString & path : paths) {
+        const QFileInfo file(path);
+        const Description & description = describe(file);
+        QString name = QDir(results).relativeFilePath(path);
+        name.chop(file.suffix().size() + 1);
+        auto * item = new QTreeWidgetItem(root, {name, description.text});
+        item->setData(0, PATH, path);
+        item->setToolTip(0, QDir::toNativeSeparators(path));
+        item->setToolTip(1, description.text);
+        if (description.isBroken) {
+            item->setIcon(
+                1, HygIconEngine::icon(QStringLiteral("error"), QtExt::Palette::color(QtExt::Palette::ERROR_TEXT)));
+            item->setFlags(Qt::ItemIsEnabled);
+        } else {
+            item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
+            item->setCheckState(0, m_chosen.contains(path) ? Qt::Checked : Qt::Unchecked);
+        }
+    }
+    if (paths.isEmpty()) {
+        auto * item = new QTreeWidgetItem(root, {tr("no results yet")});
+        item->setFlags(Qt::NoItemFlags);
+    }
+    root->setExpanded(true);
+}
+
+void HygResultTree::refresh() {
+    m_isFilling = true;
+    const QString current = currentItem() == nullptr ? QString() : currentItem()->data(0, PATH).toString();
+    clear();
+    if (!m_project.isEmpty())
+        addRoot(m_project, tr("This project"));
+    for (const QString & directory : m_further)
+        addRoot(directory, QFileInfo(directory).fileName());
+    QStringList there;
+    for (QTreeWidgetItemIterator item(this); *item != nullptr; ++item) {
+        const QString path = (*item)->data(0, PATH).toString();
+        if (!path.isEmpty())
+            there << path;
+        if (!path.isEmpty() && path == current)
+            setCurrentItem(*item);
+    }
+    m_isFilling = false;
+    const auto isGone = [&there](const QString & path) { return !there.contains(path); };
+    const auto gone = std::remove_if(m_chosen.begin(), m_chosen.end(), isGone);
+    if (gone != m_chosen.end()) {
+        m_chosen.erase(gone, m_chosen.end());
+        emit chosenChanged();
+    }
+}
+
+void HygResultTree::setChosen(QTreeWidgetItem * item, bool isChosen) {
+    const QString path = item->data(0, PATH).toString();
+    m_chosen.removeAll(path);
+    if (isChosen)
+        m_chosen << path;
+    emit chosenChanged();
+}
+
+void HygResultTree::choose(const QStringList & paths) {
+    QStringList wanted = paths;
+    wanted.removeAll(QString());
+    if (wanted.isEmpty() && !paths.isEmpty())
+        return; // a directory
+    m_isFilling = true;
+    QStringList there;
+    for (QTreeWidgetItemIterator item(this); *item != nullptr; ++item) {
+        const QString path = (*item)->data(0, PATH).toString();
+        if (path.isEmpty() || !((*item)->flags() & Qt::ItemIsUserCheckable))
+            continue;
+        (*item)->setCheckState(0, wanted.contains(path) ? Qt::Checked : Qt::Unchecked);
+        there << path;
+    }
+    m_isFilling = false;
+    m_chosen.clear();
+    for (const QString & path : wanted)
+        if (there.contains(path))
+            m_chosen << path;
+    emit chosenChanged();
+}
+
+void HygResultTree::changeEvent(QEvent * event) {
+    QTreeWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+}
+
+void HygResultTree::retranslate() {
+    setHeaderLabels({tr("Results"), tr("Quantity")});
+    setAccessibleName(tr("Result files"));
+    setToolTip(tr("Choose a file to show it; tick several to show them in one chart."));
+    refresh();
+}

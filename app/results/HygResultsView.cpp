@@ -1,0 +1,579 @@
+#include "HygResultsView.h"
+
+#include "HygAnimation.h"
+#include "HygIconEngine.h"
+#include "HygResultTree.h"
+#include "HygTimeBar.h"
+#include "document/HygProjectHandler.h"
+#include "simulation/HygOutputDirectory.h"
+
+#include <KOR/Exception.h>
+#include <KOR/Numbers.h>
+#include <KOR/Time.h>
+#include <KOR/UnitList.h>
+
+#include <QBoxLayout>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QInputDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMessageBox>
+#include <QProgressDialog>
+#include <QSlider>
+#include <QSpinBox>
+#include <QSplitter>
+#include <QTimer>
+#include <QToolButton>
+
+#include <QtExt/Palette.h>
+
+namespace {
+
+using Options = HygResultChart::Options;
+
+constexpr int FOLLOW_MS = 1000;
+constexpr int CUT_STEPS = 1000;
+constexpr int MAX_FRAMES = 2000;
+constexpr QSize FRAME_SIZE{960, 640};
+constexpr QSize PICTURE_SIZE{1200, 800};
+
+/// A switch of the chart, and where it counts.
+struct FlagRow {
+    bool Options::*member;
+    const char * objectName;
+    const char * label;
+    const char * toolTip;
+    enum use_t { COURSE, LINES, FIELD } use;
+};
+// clang-format off
+constexpr FlagRow FLAGS[] = {
+    {&Options::hasDates,      "dates",      QT_TRANSLATE_NOOP("HygResultsView", "Dates"),
+     QT_TRANSLATE_NOOP("HygResultsView", "Times as days and months of a year without leap day"), FlagRow::COURSE},
+    {&Options::hasDewPoint,   "dewPoint",   QT_TRANSLATE_NOOP("HygResultsView", "Dew point"),
+     QT_TRANSLATE_NOOP("HygResultsView", "To temperatures the temperature at which the air in the pores would give off water; needs the relative humidity of the same places"), FlagRow::LINES},
+    {&Options::hasMouldLimit, "mouldLimit", QT_TRANSLATE_NOOP("HygResultsView", "80 %"),
+     QT_TRANSLATE_NOOP("HygResultsView", "Line at 80 % relative humidity, above which mould can grow on surfaces"), FlagRow::LINES},
+    {&Options::isSmooth,      "smooth",     QT_TRANSLATE_NOOP("HygResultsView", "Smooth"),
+     QT_TRANSLATE_NOOP("HygResultsView", "Colours between the centres of the cells are interpolated"), FlagRow::FIELD},
+    {&Options::hasIsolines,   "isolines",   QT_TRANSLATE_NOOP("HygResultsView", "Isolines"),
+     QT_TRANSLATE_NOOP("HygResultsView", "Lines of equal value at the ticks of the colour bar"), FlagRow::FIELD},
+    {&Options::hasArrows,     "arrows",     QT_TRANSLATE_NOOP("HygResultsView", "Arrows"),
+     QT_TRANSLATE_NOOP("HygResultsView", "Direction and strength of a flux that is ticked beside the field"), FlagRow::FIELD},
+};
+// clang-format on
+
+} // namespace
+
+HygResultsView::HygResultsView(HygProjectHandler * projects)
+    : m_projects(*projects), m_tree(new HygResultTree(this)), m_chart(new HygResultChart(this)),
+      m_timeBar(new HygTimeBar(this)), m_addFolder(new QToolButton(this)), m_addProject(new QToolButton(this)),
+      m_removeFolder(new QToolButton(this)), m_measured(new QToolButton(this)), m_export(new QToolButton(this)),
+      m_layouts(new QToolButton(this)), m_mode(new QComboBox(this)), m_unit(new QComboBox(this)),
+      m_place(new QSpinBox(this)), m_placeText(new QLabel(this)), m_cut(new QComboBox(this)),
+      m_cutPlace(new QSlider(Qt::Horizontal, this)), m_threshold(new QLineEdit(this)), m_statistics(new QLabel(this)),
+      m_problems(new QLabel(this)), m_timer(new QTimer(this)) {
+    setObjectName(QStringLiteral("HygResultsView"));
+    auto * right = new QWidget(this);
+    auto * column = new QVBoxLayout(right);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(makeOptions());
+    column->addWidget(m_problems);
+    column->addWidget(m_chart, 1);
+    column->addWidget(m_timeBar);
+    column->addWidget(m_statistics);
+    auto * splitter = new QSplitter(Qt::Horizontal, this);
+    splitter->addWidget(makeFiles());
+    splitter->addWidget(right);
+    splitter->setStretchFactor(1, 1);
+    splitter->setChildrenCollapsible(false);
+    splitter->setSizes({320, 900});
+    auto * layout = new QVBoxLayout(this);
+    layout->addWidget(splitter);
+    m_timer->setInterval(FOLLOW_MS);
+
+    connect(m_tree, &HygResultTree::chosenChanged, this, &HygResultsView::openChosen);
+    connect(m_timeBar, &HygTimeBar::indexChanged, this, &HygResultsView::showTime);
+    connect(m_chart, &HygResultChart::shown, this, [this] {
+        m_statistics->setText(m_chart->statistics());
+        m_problems->setText(m_chart->problems());
+        m_problems->setVisible(!m_chart->problems().isEmpty());
+    });
+    connect(m_timer, &QTimer::timeout, this, &HygResultsView::follow);
+    connect(projects, &HygProjectHandler::projectFileChanged, this, &HygResultsView::openProject);
+    showOptions();
+    retranslate();
+    openProject(projects->projectFile());
+}
+
+HygResultsView::~HygResultsView() = default;
+
+QWidget * HygResultsView::makeFiles() {
+    auto * files = new QWidget(this);
+    auto * layout = new QVBoxLayout(files);
+    layout->setContentsMargins(0, 0, 0, 0);
+    auto * buttons = new QHBoxLayout;
+    struct ButtonRow {
+        QToolButton * button;
+        const char * objectName;
+        const char * icon;
+    };
+    const ButtonRow rows[] = {
+        {m_addFolder,    "addFolder",    "folder" },
+        {m_addProject,   "addProject",   "project"},
+        {m_removeFolder, "removeFolder", "remove" },
+    };
+    for (const ButtonRow & row : rows) {
+        row.button->setObjectName(QLatin1String(row.objectName));
+        row.button->setIcon(HygIconEngine::icon(QLatin1String(row.icon)));
+        row.button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+        row.button->setAutoRaise(true);
+        buttons->addWidget(row.button);
+    }
+    buttons->addStretch(1);
+    layout->addWidget(m_tree, 1);
+    layout->addLayout(buttons);
+    connect(m_addFolder, &QToolButton::clicked, this, [this] { chooseFolder(false); });
+    connect(m_addProject, &QToolButton::clicked, this, [this] { chooseFolder(true); });
+    connect(m_removeFolder, &QToolButton::clicked, this,
+            [this] { m_tree->removeDirectory(m_tree->currentFurtherDirectory()); });
+    connect(m_tree, &QTreeWidget::currentItemChanged, this,
+            [this] { m_removeFolder->setEnabled(!m_tree->currentFurtherDirectory().isEmpty()); });
+    return files;
+}
+
+QWidget * HygResultsView::makeOptions() {
+    auto * bar = new QWidget(this);
+    auto * lines = new QVBoxLayout(bar);
+    lines->setContentsMargins(0, 0, 0, 0);
+    auto * first = new QHBoxLayout;
+    auto * second = new QHBoxLayout;
+    lines->addLayout(first);
+    lines->addLayout(second);
+    const std::pair<QWidget *, const char *> names[] = {
+        {m_mode,       "chartMode" },
+        {m_unit,       "unit"      },
+        {m_place,      "place"     },
+        {m_placeText,  "placeText" },
+        {m_cut,        "cut"       },
+        {m_cutPlace,   "cutPlace"  },
+        {m_threshold,  "threshold" },
+        {m_measured,   "measured"  },
+        {m_export,     "export"    },
+        {m_layouts,    "layouts"   },
+        {m_statistics, "statistics"},
+        {m_problems,   "problems"  },
+    };
+    for (const auto & [widget, name] : names)
+        widget->setObjectName(QLatin1String(name));
+    m_mode->addItems({QString(), QString()});
+    m_cut->addItems({QString(), QString(), QString()});
+    m_place->setKeyboardTracking(false);
+    m_cutPlace->setRange(0, CUT_STEPS);
+    m_cutPlace->setMinimumWidth(120);
+    m_threshold->setMaximumWidth(110);
+    m_threshold->setClearButtonEnabled(true);
+    m_statistics->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_statistics->setWordWrap(true);
+    m_problems->setWordWrap(true);
+    m_problems->hide();
+    m_placeText->setForegroundRole(QPalette::PlaceholderText);
+
+    for (QWidget * widget : std::initializer_list<QWidget *>{m_mode, m_unit, m_threshold})
+        first->addWidget(widget);
+    for (const FlagRow & row : FLAGS) {
+        auto * flag = new QCheckBox(this);
+        flag->setObjectName(QLatin1String(row.objectName));
+        m_flags.push_back(flag);
+        first->addWidget(flag);
+        connect(flag, &QCheckBox::toggled, this, &HygResultsView::takeOptions);
+    }
+    first->addStretch(1);
+    for (QWidget * widget : std::initializer_list<QWidget *>{m_place, m_placeText, m_cut, m_cutPlace})
+        second->addWidget(widget);
+    second->addStretch(1);
+    const std::pair<QToolButton *, const char *> tools[] = {
+        {m_measured, "open"   },
+        {m_export,   "save"   },
+        {m_layouts,  "results"},
+    };
+    for (const auto & [button, icon] : tools) {
+        button->setIcon(HygIconEngine::icon(QLatin1String(icon)));
+        button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+        button->setAutoRaise(true);
+        second->addWidget(button);
+    }
+    for (QToolButton * button : {m_export, m_layouts}) {
+        button->setMenu(new QMenu(button));
+        button->setPopupMode(QToolButton::InstantPopup);
+    }
+    connect(m_export->menu(), &QMenu::aboutToShow, this, &HygResultsView::fillExport);
+    connect(m_layouts->menu(), &QMenu::aboutToShow, this, &HygResultsView::fillLayouts);
+    connect(m_measured, &QToolButton::clicked, this, [this] {
+        loadMeasured(QFileDialog::getOpenFileName(this, tr("Measured values"), m_outputDirectory,
+                                                  tr("Tables (*.csv *.txt *.tsv);;All files (*)")));
+    });
+    for (QComboBox * box : {m_mode, m_unit, m_cut})
+        connect(box, qOverload<int>(&QComboBox::currentIndexChanged), this, &HygResultsView::takeOptions);
+    connect(m_place, qOverload<int>(&QSpinBox::valueChanged), this, &HygResultsView::takeOptions);
+    connect(m_cutPlace, &QSlider::valueChanged, this, &HygResultsView::takeOptions);
+    connect(m_threshold, &QLineEdit::textChanged, this, &HygResultsView::takeOptions);
+    return bar;
+}
+
+void HygResultsView::openProject(const QString & projectFile) {
+    m_outputDirectory = projectFile.isEmpty() ? QString() : HygOutputDirectory::ofProject(projectFile).path();
+    m_tree->setProjectDirectory(m_outputDirectory);
+    m_folderChanged = QFileInfo(m_outputDirectory + "/results").lastModified();
+    openChosen();
+}
+
+void HygResultsView::openChosen() {
+    HygResultChart::Files files;
+    QStringList failures;
+    for (const QString & path : m_tree->chosen()) {
+        // What is open stays open, with what has been read.
+        const auto open = std::find_if(m_chart->files().begin(), m_chart->files().end(),
+                                       [&path](const auto & file) { return file->path() == path; });
+        if (open != m_chart->files().end()) {
+            files.push_back(*open);
+            continue;
+        }
+        try {
+            files.push_back(std::make_shared<HygResultFile>(path));
+        } catch (const KOR::Exception & ex) {
+            failures << QString::fromUtf8(ex.what());
+        }
+    }
+    m_chart->setFiles(std::move(files));
+    fillUnits();
+    updateOffers();
+    m_timeBar->setCount(m_chart->timeCount());
+    showTime(m_timeBar->index());
+    if (!failures.isEmpty()) {
+        m_problems->setText(failures.join('\n'));
+        m_problems->show();
+    }
+}
+
+void HygResultsView::fillUnits() {
+    m_isShowing = true;
+    m_unit->clear();
+    if (!m_chart->files().empty()) {
+        const KOR::Unit own = m_chart->files()[0]->valueUnit();
+        const KOR::UnitList & list = KOR::UnitList::instance();
+        for (std::size_t i = 0; i < list.size(); ++i)
+            if (KOR::Unit(i).base() == own.base())
+                m_unit->addItem(QString::fromStdString(KOR::Unit(i).name()));
+        const int chosen = m_unit->findText(m_chart->options().unit);
+        m_unit->setCurrentIndex(chosen >= 0 ? chosen : m_unit->findText(QString::fromStdString(own.name())));
+    }
+    m_isShowing = false;
+}
+
+void HygResultsView::takeOptions() {
+    if (m_isShowing)
+        return;
+    Options options = m_chart->options();
+    options.isOverTime = m_mode->currentIndex() == 1;
+    options.unit = m_unit->currentText();
+    options.place = static_cast<std::size_t>(std::max(1, m_place->value()) - 1);
+    options.cut = static_cast<HygResultChart::cut_t>(m_cut->currentIndex());
+    options.cutPlace = static_cast<double>(m_cutPlace->value()) / CUT_STEPS;
+    options.threshold = KOR::parseDouble(m_threshold->text().replace(',', '.').toStdString());
+    for (std::size_t i = 0; i < m_flags.size(); ++i)
+        options.*FLAGS[i].member = m_flags[i]->isChecked();
+    m_chart->setOptions(options);
+    updateOffers();
+}
+
+void HygResultsView::showOptions() {
+    m_isShowing = true;
+    const Options & options = m_chart->options();
+    m_mode->setCurrentIndex(options.isOverTime ? 1 : 0);
+    m_place->setMaximum(std::max(m_place->maximum(), static_cast<int>(options.place) + 1));
+    m_place->setValue(static_cast<int>(options.place) + 1);
+    m_cut->setCurrentIndex(options.cut);
+    m_cutPlace->setValue(static_cast<int>(options.cutPlace * CUT_STEPS));
+    m_threshold->setText(options.threshold ? QString::fromStdString(KOR::toString(*options.threshold)) : QString());
+    for (std::size_t i = 0; i < m_flags.size(); ++i)
+        m_flags[i]->setChecked(options.*FLAGS[i].member);
+    m_isShowing = false;
+    fillUnits();
+}
+
+void HygResultsView::updateOffers() {
+    const bool hasFiles = !m_chart->files().empty();
+    const bool hasPlaces = hasFiles && m_chart->files()[0]->format() != HygResultFile::Format::SERIES;
+    const bool isOverTime = m_chart->isOverTime();
+    const bool isField = m_chart->isField();
+    m_isShowing = true;
+    m_mode->setVisible(hasPlaces);
+    m_place->setVisible(hasPlaces && isOverTime);
+    m_placeText->setVisible(hasPlaces && isOverTime);
+    if (hasPlaces) {
+        const HygResultFile & file = *m_chart->files()[0];
+        m_place->setRange(1, static_cast<int>(file.valueCount()));
+        m_placeText->setText(file.placeText(static_cast<std::size_t>(m_place->value() - 1)));
+    }
+    m_isShowing = false;
+    m_cut->setVisible(isField);
+    m_cutPlace->setVisible(isField && m_chart->options().cut != HygResultChart::NoCut);
+    m_unit->setEnabled(hasFiles);
+    m_threshold->setEnabled(hasFiles);
+    m_measured->setEnabled(hasFiles && isOverTime);
+    m_export->setEnabled(hasFiles);
+    for (std::size_t i = 0; i < m_flags.size(); ++i)
+        m_flags[i]->setVisible(
+            FLAGS[i].use == FlagRow::FIELD ? isField : !isField && (FLAGS[i].use == FlagRow::LINES || isOverTime));
+    m_timeBar->setVisible(hasFiles && !isOverTime);
+    m_removeFolder->setEnabled(!m_tree->currentFurtherDirectory().isEmpty());
+}
+
+void HygResultsView::showTime(std::size_t index) {
+    if (m_chart->timeCount() == 0)
+        return m_timeBar->setText({});
+    const double seconds = m_chart->time(index);
+    m_chart->setTime(seconds);
+    const KOR::Time time(m_chart->files()[0]->header().startYear + static_cast<int>(seconds / KOR::SECONDS_PER_YEAR),
+                         std::fmod(seconds, KOR::SECONDS_PER_YEAR));
+    m_timeBar->setText(QStringLiteral("%1 d  (%2)")
+                           .arg(seconds / KOR::SECONDS_PER_DAY, 0, 'f', 2)
+                           .arg(QString::fromStdString(time.toString()).section(':', 0, 1)));
+}
+
+void HygResultsView::follow() {
+    const QDateTime changed = QFileInfo(m_outputDirectory + "/results").lastModified();
+    if (changed != m_folderChanged) {
+        m_folderChanged = changed;
+        m_tree->refresh();
+    }
+    const bool wasLast = m_timeBar->index() + 1 >= m_timeBar->count();
+    if (!m_chart->refresh())
+        return;
+    m_timeBar->setCount(m_chart->timeCount());
+    if (wasLast && !m_timeBar->isPlaying())
+        m_timeBar->setIndex(m_chart->timeCount() - 1);
+}
+
+void HygResultsView::chooseFolder(bool isProject) {
+    if (!isProject)
+        return m_tree->addDirectory(
+            QFileDialog::getExistingDirectory(this, tr("Results of a directory"), m_outputDirectory));
+    const QString project = QFileDialog::getOpenFileName(this, tr("Results of a project"), m_outputDirectory,
+                                                         tr("Hygrion projects (*.h6p)"));
+    if (!project.isEmpty())
+        m_tree->addDirectory(HygOutputDirectory::ofProject(project).path());
+}
+
+void HygResultsView::loadMeasured(const QString & path) {
+    if (path.isEmpty())
+        return;
+    try {
+        const int year = m_chart->files().empty() ? 0 : m_chart->files()[0]->header().startYear;
+        m_chart->setMeasured(HygMeasuredData::read(path, year));
+    } catch (const KOR::Exception & ex) {
+        QMessageBox::critical(this, tr("Measured values"),
+                              tr("The table '%1' cannot be read:\n%2").arg(path, QString::fromUtf8(ex.what())));
+    }
+}
+
+bool HygResultsView::exportChart(const QString & path) {
+    try {
+        if (path.endsWith(QLatin1String(".csv"), Qt::CaseInsensitive))
+            m_chart->chart().writeCsv(path);
+        else
+            m_chart->chart().writePicture(path, PICTURE_SIZE, 2);
+        return true;
+    } catch (const KOR::Exception & ex) {
+        QMessageBox::critical(this, tr("Export"), QString::fromUtf8(ex.what()));
+        return false;
+    }
+}
+
+void HygResultsView::exportAnimation(const QString & path) {
+    auto * animation = new HygAnimation(*m_chart, path, FRAME_SIZE, MAX_FRAMES, this);
+    auto * progress = new QProgressDialog(tr("Writing the pictures…"), tr("Stop"), 0, animation->frameCount(), this);
+    progress->setObjectName(QStringLiteral("animationProgress"));
+    progress->setWindowModality(Qt::WindowModal);
+    progress->setAutoReset(false);
+    connect(animation, &HygAnimation::progressed, progress, &QProgressDialog::setValue);
+    const auto end = [animation, progress] {
+        animation->deleteLater();
+        progress->deleteLater();
+    };
+    connect(progress, &QProgressDialog::canceled, this, end);
+    connect(animation, &HygAnimation::finished, this, [this, end](const QString & problem) {
+        end();
+        if (!problem.isEmpty())
+            QMessageBox::critical(this, tr("Export"), problem);
+    });
+}
+
+void HygResultsView::fillExport() {
+    QMenu & menu = *m_export->menu();
+    menu.clear();
+    const auto save = [this](const QString & title, const QString & filter, const QString & suffix) {
+        QFileDialog dialog(this, title, m_outputDirectory, filter);
+        dialog.setAcceptMode(QFileDialog::AcceptSave);
+        dialog.setDefaultSuffix(suffix);
+        return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+    };
+    menu.addAction(tr("Picture…"), this, [this, save] {
+        if (const QString path = save(tr("Export picture"), tr("Pictures (*.png *.svg *.pdf)"), "png"); !path.isEmpty())
+            exportChart(path);
+    });
+    menu.addAction(tr("Table…"), this, [this, save] {
+        if (const QString path = save(tr("Export table"), tr("Tables (*.csv)"), "csv"); !path.isEmpty())
+            exportChart(path);
+    });
+    menu.addAction(tr("Animation…"), this,
+                   [this, save] {
+                       const QString filter = tr("Pictures and films (%1)").arg(HygAnimation::formats().join(' '));
+                       if (const QString path = save(tr("Export animation"), filter, "png"); !path.isEmpty())
+                           exportAnimation(path);
+                   })
+        ->setEnabled(!m_chart->isOverTime());
+    menu.addSeparator();
+    menu.addAction(tr("Copy picture"), this, [this] { m_chart->chart().copyPicture(); });
+    menu.addAction(tr("Copy table"), this, [this] { m_chart->chart().copyCsv(); });
+}
+
+HygResultLayout HygResultsView::layoutOf(const QString & name) const {
+    HygResultLayout layout;
+    layout.name = name;
+    for (const QString & path : m_tree->chosen())
+        layout.files << HygResultLayout::stored(path, m_outputDirectory);
+    layout.directories = m_tree->furtherDirectories();
+    layout.options = m_chart->options();
+    layout.time = m_chart->time(m_timeBar->index());
+    return layout;
+}
+
+void HygResultsView::apply(const HygResultLayout & layout) {
+    if (m_tree->furtherDirectories() != layout.directories)
+        m_tree->setFurtherDirectories(layout.directories);
+    QStringList paths;
+    for (const QString & file : layout.files)
+        paths << HygResultLayout::resolved(file, m_outputDirectory);
+    m_chart->setOptions(layout.options);
+    m_tree->choose(paths);
+    showOptions();
+    updateOffers();
+    if (!m_chart->files().empty())
+        m_timeBar->setIndex(m_chart->files()[0]->indexAt(layout.time));
+}
+
+std::vector<HygResultLayout> HygResultsView::layouts() const {
+    return HygResultLayout::read(m_outputDirectory);
+}
+
+bool HygResultsView::saveLayout(const QString & name) {
+    std::vector<HygResultLayout> all = layouts();
+    std::erase_if(all, [&name](const HygResultLayout & layout) { return layout.name == name; });
+    all.push_back(layoutOf(name));
+    try {
+        HygResultLayout::write(m_outputDirectory, all);
+        return true;
+    } catch (const KOR::Exception & ex) {
+        QMessageBox::critical(this, tr("Chart layouts"), QString::fromUtf8(ex.what()));
+        return false;
+    }
+}
+
+void HygResultsView::fillLayouts() {
+    QMenu & menu = *m_layouts->menu();
+    menu.clear();
+    const std::vector<HygResultLayout> all = layouts();
+    for (const HygResultLayout & layout : all)
+        menu.addAction(layout.name, this, [this, layout] { apply(layout); });
+    menu.addSeparator();
+    menu.addAction(tr("Save as…"), this,
+                   [this] {
+                       const QString name = QInputDialog::getText(this, tr("Chart layouts"), tr("Name:")).trimmed();
+                       if (!name.isEmpty())
+                           saveLayout(name);
+                   })
+        ->setEnabled(!m_outputDirectory.isEmpty() && !m_chart->files().empty());
+    QMenu * removal = menu.addMenu(tr("Remove"));
+    removal->setEnabled(!all.empty());
+    for (const HygResultLayout & layout : all)
+        removal->addAction(layout.name, this, [this, name = layout.name] {
+            std::vector<HygResultLayout> kept = layouts();
+            std::erase_if(kept, [&name](const HygResultLayout & other) { return other.name == name; });
+            try {
+                HygResultLayout::write(m_outputDirectory, kept);
+            } catch (const KOR::Exception & ex) {
+                QMessageBox::critical(this, tr("Chart layouts"), QString::fromUtf8(ex.what()));
+            }
+        });
+}
+
+void HygResultsView::showEvent(QShowEvent * event) {
+    QWidget::showEvent(event);
+    m_tree->refresh();
+    m_timer->start();
+}
+
+void HygResultsView::hideEvent(QHideEvent * event) {
+    m_timer->stop();
+    QWidget::hideEvent(event);
+}
+
+void HygResultsView::changeEvent(QEvent * event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+}
+
+void HygResultsView::retranslate() {
+    struct TextRow {
+        QWidget * widget;
+        QString toolTip;
+    };
+    m_isShowing = true;
+    m_addFolder->setText(tr("Directory…"));
+    m_addProject->setText(tr("Project…"));
+    m_removeFolder->setText(tr("Remove"));
+    m_measured->setText(tr("Measured values…"));
+    m_export->setText(tr("Export"));
+    m_layouts->setText(tr("Layouts"));
+    m_mode->setItemText(0, tr("at a time"));
+    m_mode->setItemText(1, tr("over time"));
+    m_place->setPrefix(tr("Place "));
+    m_cut->setItemText(HygResultChart::NoCut, tr("no cut"));
+    m_cut->setItemText(HygResultChart::AlongX, tr("horizontal cut"));
+    m_cut->setItemText(HygResultChart::AlongY, tr("vertical cut"));
+    m_threshold->setPlaceholderText(tr("Threshold"));
+    const TextRow rows[] = {
+        {m_addFolder,    tr("Shows the results of any directory beside those of the project")                 },
+        {m_addProject,   tr("Shows the results of another project for comparison")                            },
+        {m_removeFolder, tr("Takes the selected directory out of the tree; its files stay")                   },
+        {m_measured,     tr("Lays the columns of a table over the courses; the first column is the time in h")},
+        {m_export,       tr("Picture, table or animation of the chart")                                       },
+        {m_layouts,      tr("What charts show, kept by name with the project")                                },
+        {m_mode,         tr("Whether the values at a time or the course at a place is shown")                 },
+        {m_unit,         tr("Unit of the values")                                                             },
+        {m_place,        tr("Number of the cell or side whose course is shown")                               },
+        {m_cut,          tr("Values along a line through the field")                                          },
+        {m_cutPlace,     tr("Where the cut lies")                                                             },
+        {m_threshold,    tr("A value in the unit shown; a line is drawn there and the share above it is told")},
+    };
+    for (const TextRow & row : rows) {
+        row.widget->setToolTip(row.toolTip);
+        row.widget->setAccessibleName(row.toolTip);
+    }
+    for (std::size_t i = 0; i < m_flags.size(); ++i) {
+        m_flags[i]->setText(tr(FLAGS[i].label));
+        m_flags[i]->setToolTip(tr(FLAGS[i].toolTip));
+    }
+    QPalette colours = m_problems->palette();
+    colours.setColor(QPalette::WindowText, QtExt::Palette::color(QtExt::Palette::WARNING_TEXT));
+    m_problems->setPalette(colours);
+    m_isShowing = false;
+    updateOffers();
+}

@@ -1,0 +1,360 @@
+#include "HygSettings.h"
+#include "document/HygProjectHandler.h"
+#include "results/HygAnimation.h"
+#include "results/HygMeasuredData.h"
+#include "results/HygResultStatistics.h"
+#include "results/HygResultTree.h"
+#include "results/HygResultsView.h"
+#include "results/HygTimeBar.h"
+
+#include <DATAIO/DataWriter.h>
+
+#include <KOR/Exception.h>
+#include <KOR/FileIO.h>
+#include <KOR/MessageHandler.h>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDir>
+#include <QImage>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QSpinBox>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gmock/gmock.h>
+
+#include <cmath>
+
+namespace {
+
+using DATAIO::DataHeader;
+using testing::DoubleNear;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+/// A project with results: a profile of 4 cells, a plane of 3 x 2 cells and fluxes at its sides.
+class HygResultsTest : public testing::Test {
+protected:
+    HygResultsTest() {
+        KOR::MessageHandlerRegistry::instance().setMessageHandler(&m_quiet);
+        EXPECT_TRUE(QDir(m_directory.path()).mkpath("wall/results"));
+        EXPECT_TRUE(m_projects.createProject(m_directory.filePath("wall.h6p")));
+    }
+    ~HygResultsTest() override { KOR::MessageHandlerRegistry::instance().setMessageHandler(nullptr); }
+
+    QString results(const QString & name) const { return m_directory.filePath("wall/results/") + name; }
+
+    /// Writes a geometry of cells of 10, 20, 30... mm and returns it.
+    DATAIO::GeoFile makeGeometry(const char * name, std::size_t nx, std::size_t ny) {
+        DATAIO::GeoFile geometry;
+        geometry.m_materials = {
+            {1, 0xff336699, "Brick"},
+            {2, 0xff999999, "Wool" }
+        };
+        std::vector<double> x, y;
+        for (std::size_t i = 0; i < nx; ++i)
+            x.push_back(0.01 * static_cast<double>(i + 1));
+        for (std::size_t j = 0; j < ny; ++j)
+            y.push_back(0.01 * static_cast<double>(j + 1));
+        geometry.setGrid({x, y, {1.0}});
+        std::vector<std::uint32_t> materials(nx * ny, 1);
+        materials.back() = 2;
+        geometry.makeTables(materials);
+        geometry.write(results(name).toStdString(), true);
+        return geometry;
+    }
+    DataHeader header(const char * geometry, const char * keyword, const char * unit) const {
+        DataHeader h;
+        h.geoFile = geometry;
+        h.geoFileHash = DATAIO::GeoFile::hash(KOR::readFile(results(geometry).toStdString(), 1 << 20));
+        h.quantity = keyword;
+        h.quantityKeyword = keyword;
+        h.valueUnit = unit;
+        h.timeUnit = "h";
+        h.startYear = 2000;
+        h.created = "2026-01-31 12:00:00";
+        return h;
+    }
+    /// Writes records whose values are f(hour, value).
+    template <typename Function>
+    QString write(const char * name, DataHeader h, int hours, const Function & f, bool binary = true) {
+        DATAIO::DataWriter writer(results(name).toStdString(), h, binary);
+        for (int t = 0; t < hours; ++t) {
+            std::vector<double> values;
+            for (std::size_t i = 0; i < h.valueCount(); ++i)
+                values.push_back(f(t, static_cast<double>(i)));
+            writer.append(t, values);
+        }
+        writer.flush();
+        return results(name);
+    }
+    QString writeProfile(const char * name, const char * keyword, const char * unit, double first) {
+        makeGeometry("profile.h6g", 4, 1);
+        DataHeader h = header("profile.h6g", keyword, unit);
+        h.indices = {0, 1, 2, 3};
+        return write(name, h, 10, [first](double t, double i) { return first + t + 0.1 * i; });
+    }
+    QString writeField() {
+        makeGeometry("plane.h6g", 3, 2);
+        DataHeader h = header("plane.h6g", "Temperature", "C");
+        h.indices = {0, 1, 2, 3, 4, 5};
+        return write("Field.h6b", h, 10, [](double t, double i) { return t + i; });
+    }
+
+    struct : KOR::MessageHandler {
+        void writeConsole(const std::string &, int, bool) override {}
+    } m_quiet;
+    QTemporaryDir m_directory;
+    HygSettings m_settings{"KOR", "HygResultsTest"};
+    HygProjectHandler m_projects;
+};
+
+TEST_F(HygResultsTest, TellsWhenTheGeometryIsNotTheirs) {
+    const QString path = writeProfile("Temperature.h6b", "Temperature", "C", 10);
+    EXPECT_TRUE(HygResultFile(path).geometryProblem().isEmpty());
+    EXPECT_EQ(HygResultFile(path).format(), HygResultFile::Format::PROFILE_X);
+    EXPECT_EQ(HygResultFile(path).placeText(3), "x = 80 mm, Wool");
+    makeGeometry("profile.h6g", 5, 1); // another construction in its place
+    EXPECT_THAT(HygResultFile(path).geometryProblem().toStdString(), HasSubstr("is not the one"));
+    QFile::remove(results("profile.h6g"));
+    const HygResultFile lost(path);
+    EXPECT_THAT(lost.geometryProblem().toStdString(), HasSubstr("is missing"));
+    EXPECT_EQ(lost.format(), HygResultFile::Format::SERIES);
+    EXPECT_EQ(lost.valueCount(), 4u);
+}
+
+TEST_F(HygResultsTest, FindsTimesAndFollowsAGrowingFile) {
+    HygResultFile file(writeProfile("Temperature.h6b", "Temperature", "C", 10));
+    EXPECT_EQ(file.indexAt(-5), 0u);
+    EXPECT_EQ(file.indexAt(3600 * 3.4), 3u);
+    EXPECT_EQ(file.indexAt(3600 * 3.6), 4u);
+    EXPECT_EQ(file.indexAt(1e9), 9u);
+    EXPECT_THAT(file.values(2),
+                ElementsAre(12, DoubleNear(12.1, 1e-12), DoubleNear(12.2, 1e-12), DoubleNear(12.3, 1e-12)));
+    auto writer = DATAIO::DataWriter::resume(file.path().toStdString(), file.header(), 9);
+    writer.append(10, std::vector<double>(4, 1.0));
+    writer.flush();
+    EXPECT_TRUE(file.update());
+    EXPECT_EQ(file.timeCount(), 11u);
+    EXPECT_THROW(file.values(11), KOR::Exception);
+}
+
+TEST_F(HygResultsTest, LongSeriesKeepTheirPeaks) {
+    makeGeometry("profile.h6g", 4, 1);
+    DataHeader h = header("profile.h6g", "Temperature", "C");
+    h.indices = {0};
+    constexpr int COUNT = 3 * static_cast<int>(HygResultFile::MAX_POINTS);
+    const auto peaks = [](int t, double) { return t == 12345 ? 99.0 : t == 100000 ? -99.0 : std::sin(t); };
+    for (const bool binary : {true, false}) {
+        const QString path = write(binary ? "Long.h6b" : "Long.h6o", h, COUNT, peaks, binary);
+        const HygResultFile::Series series = HygResultFile::readSeries(path, 0, false);
+        EXPECT_TRUE(series.isReduced);
+        EXPECT_LE(series.values.size(), HygResultFile::MAX_POINTS + 2);
+        EXPECT_TRUE(std::is_sorted(series.times.begin(), series.times.end()));
+        const auto high = std::max_element(series.values.begin(), series.values.end());
+        EXPECT_EQ(*high, 99);
+        EXPECT_EQ(series.times[static_cast<std::size_t>(high - series.values.begin())], 12345 * 3600.0);
+        EXPECT_EQ(*std::min_element(series.values.begin(), series.values.end()), -99);
+        EXPECT_LE(HygResultFile::readSeries(path, 0, true).values.size(), 1000u);
+    }
+    EXPECT_FALSE(HygResultFile::readSeries(results("Long.h6b"), 7, false).problem.isEmpty());
+}
+
+TEST(HygResultStatistics, FiguresOfCoursesAndPlaces) {
+    // A triangle from 0 to 2 and back in 4 s.
+    const std::vector<double> times{0, 2, 4}, values{0, 2, 0};
+    const auto s = HygResultStatistics::ofCourse(times, values, 1.0);
+    EXPECT_EQ(s.count, 3u);
+    EXPECT_DOUBLE_EQ(s.minimum, 0);
+    EXPECT_DOUBLE_EQ(s.maximum, 2);
+    EXPECT_DOUBLE_EQ(s.atMaximum, 2);
+    EXPECT_DOUBLE_EQ(s.mean, 1);
+    EXPECT_DOUBLE_EQ(s.deviation, std::sqrt(4.0 / 3 - 1)); // mean square of a triangle of height 2: 4/3
+    EXPECT_DOUBLE_EQ(s.above, 2);                          // half of the time
+    const auto p =
+        HygResultStatistics::ofPlaces(std::vector{1.0, 3.0, std::nan("")}, std::vector{3.0, 1.0, 5.0}, {}, 2);
+    EXPECT_DOUBLE_EQ(p.mean, 1.5);
+    EXPECT_DOUBLE_EQ(p.above / p.weight, 0.25);
+    EXPECT_EQ(p.count, 2u);
+    EXPECT_EQ(HygResultStatistics::ofCourse({}, {}, {}).count, 0u);
+}
+
+TEST_F(HygResultsTest, MeasuredTablesOfManyKinds) {
+    struct Row {
+        const char * text;
+        std::vector<double> times; ///< [s]
+        double firstValue;
+        const char * unit;
+        const char * failure; ///< part of the message
+    };
+    constexpr double H = 3600, D = 86400;
+    const Row rows[] = {
+        {"Time [h];Inside [C]\n0;20\n1;21\n",                       {0, H},              20,   "C", nullptr                    },
+        {"Time [d];Inside [C]\n0,5;20,5\n1;21\n",                   {D / 2, D},          20.5, "C", nullptr                    },
+        {"# logger 7\n2,5\n3,6\n",                                  {2 * H, 3 * H},      5,    "",  nullptr                    },
+        {"Date\tT [C]\n2000-03-01 12:00\t7\n2001-01-01 00:00\t8\n", {59.5 * D, 365 * D}, 7,    "C", nullptr                    },
+        {"Datum;T\n01.01.2000 01:00;1\n01.01.2000 02:00;\n",        {H, 2 * H},          1,    "",  nullptr                    },
+        {"Time [h];T [C]\n1;20\n0;21\n",                            {},                  0,    "",  "Line 3: time goes back"   },
+        {"Time [h];T [C]\n1;20\nsoon;21\n",                         {},                  0,    "",  "Line 3: 'soon' is no time"},
+        {"Time [h];T [C]\n",                                        {},                  0,    "",  "no values"                },
+        {"1\n2\n",                                                  {},                  0,    "",  "one column"               },
+        {"Time [light years];T\n1;2\n",                             {},                  0,    "",  "light years"              },
+    };
+    for (const Row & row : rows) {
+        SCOPED_TRACE(row.text);
+        KOR::writeFile(results("measured.csv").toStdString(), row.text);
+        try {
+            const HygMeasuredData data = HygMeasuredData::read(results("measured.csv"), 2000);
+            EXPECT_EQ(row.failure, nullptr);
+            EXPECT_EQ(data.times, row.times);
+            EXPECT_EQ(data.columns.at(0).values.at(0), row.firstValue);
+            EXPECT_EQ(data.columns.at(0).unit, row.unit);
+        } catch (const KOR::Exception & ex) {
+            EXPECT_THAT(ex.what(), HasSubstr(row.failure == nullptr ? "nothing" : row.failure));
+        }
+    }
+}
+
+TEST_F(HygResultsTest, FluxesAtSidesBecomeArrowsInCells) {
+    const DATAIO::GeoFile geometry = makeGeometry("plane.h6g", 3, 2);
+    DataHeader h = header("plane.h6g", "TotalFluxHeat", "W/m2");
+    h.type = DataHeader::FLUX;
+    for (std::uint32_t i = 0; i < geometry.m_sides.size(); ++i)
+        if (geometry.m_sides[i].location <= DATAIO::GeoFile::TOP)
+            h.indices.push_back(i);
+    // 3 W/m2 to the right, 4 W/m2 upwards.
+    const QString path = write("Flux.h6b", h, 1, [&](int, double i) {
+        return geometry.m_sides[h.indices[static_cast<std::size_t>(i)]].location <= DATAIO::GeoFile::RIGHT ? 3.0 : 4.0;
+    });
+    HygResultFile file(path);
+    EXPECT_EQ(file.format(), HygResultFile::Format::PLANE_XY);
+    HygResultModels::Arrows arrows(file);
+    arrows.setValues(file.values(0));
+    HygResultModels::Field field(file);
+    field.setValues(file.values(0));
+    ASSERT_EQ(arrows.count(), 6u);
+    for (std::size_t i = 0; i < arrows.count(); ++i) {
+        EXPECT_EQ(arrows.xPart(i), 3);
+        EXPECT_EQ(arrows.yPart(i), 4);
+        EXPECT_EQ(field.values[i], 5);
+    }
+}
+
+TEST_F(HygResultsTest, ViewShowsProfilesCoursesAndTheirFigures) {
+    const QString temperature = writeProfile("Temperature.h6b", "Temperature", "C", 10);
+    const QString humidity = writeProfile("Humidity.h6b", "RelativeHumidity", "%", 60);
+    HygResultsView view(&m_projects);
+    QLabel & figures = *view.findChild<QLabel *>("statistics");
+    view.tree().choose({temperature});
+    EXPECT_FALSE(view.chart().isOverTime());
+    view.timeBar().setIndex(5);
+    // Widths 10, 20, 30, 40 mm: the mean is weighted by them.
+    EXPECT_THAT(figures.text().toStdString(), HasSubstr("15 to 15.3 C, mean 15.2"));
+    view.findChild<QComboBox *>("unit")->setCurrentText("K");
+    EXPECT_THAT(figures.text().toStdString(), HasSubstr("288.15 to 288.45 K"));
+    view.findChild<QComboBox *>("unit")->setCurrentText("C");
+    view.findChild<QLineEdit *>("threshold")->setText("15,15");
+    EXPECT_THAT(figures.text().toStdString(), HasSubstr("above 15.15: 70 %"));
+
+    view.findChild<QCheckBox *>("dewPoint")->click();
+    EXPECT_THAT(view.chart().chart().csv(), HasSubstr("Dew point of Temperature"));
+    view.timeBar().setIndex(0);
+    // 10 C and 60 %: 2.58 C by the Magnus formula.
+    EXPECT_THAT(view.chart().chart().csv(), HasSubstr(",2.58"));
+    view.tree().choose({temperature, humidity}); // on two axes
+    EXPECT_THAT(view.chart().chart().csv(), HasSubstr("Humidity"));
+    EXPECT_TRUE(view.chart().problems().isEmpty()) << view.chart().problems().toStdString();
+
+    view.findChild<QComboBox *>("chartMode")->setCurrentIndex(1);
+    view.findChild<QSpinBox *>("place")->setValue(4);
+    EXPECT_TRUE(view.chart().isComplete());
+    EXPECT_THAT(figures.text().toStdString(), HasSubstr("Temperature: 10.3 to 19.3 C"));
+    EXPECT_EQ(view.findChild<QLabel *>("placeText")->text(), "x = 80 mm, Wool");
+    KOR::writeFile(results("measured.csv").toStdString(), "Time [h];Sensor [K];Wind [m/s]\n0;283.15;1\n5;290.15;2\n");
+    view.loadMeasured(results("measured.csv"));
+    EXPECT_THAT(view.chart().chart().csv(), HasSubstr("Sensor (measured)"));
+    EXPECT_THAT(view.chart().problems().toStdString(), HasSubstr("'Wind' has the unit 'm/s'"));
+}
+
+TEST_F(HygResultsTest, ViewShowsFieldsWithACut) {
+    HygResultsView view(&m_projects);
+    const QString field = writeField();
+    view.tree().refresh();
+    view.tree().choose({field});
+    ASSERT_TRUE(view.chart().isField());
+    view.findChild<QComboBox *>("cut")->setCurrentIndex(HygResultChart::AlongX);
+    view.timeBar().setIndex(2);
+    EXPECT_THAT(view.chart().cutChart().csv(), HasSubstr("45,7")); // second row: 2 + 3, 4, 5
+    EXPECT_FALSE(view.chart().image({400, 300}).isNull());
+    view.timeBar().setPlaying(true);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return view.timeBar().index() == 9; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !view.timeBar().isPlaying(); }));
+    EXPECT_THAT(view.findChild<QLabel *>("timeText")->text().toStdString(), HasSubstr("0.38 d"));
+}
+
+TEST_F(HygResultsTest, LayoutsBringBackWhatWasShown) {
+    const QString temperature = writeProfile("Temperature.h6b", "Temperature", "C", 10);
+    QDir(m_directory.path()).mkpath("other/results");
+    {
+        HygResultsView view(&m_projects);
+        view.tree().addDirectory(m_directory.filePath("other"));
+        view.tree().choose({temperature});
+        view.findChild<QLineEdit *>("threshold")->setText("12");
+        view.timeBar().setIndex(7);
+        ASSERT_TRUE(view.saveLayout("Façade"));
+        ASSERT_TRUE(view.saveLayout("Façade")); // in its place
+    }
+    HygResultsView view(&m_projects);
+    ASSERT_EQ(view.layouts().size(), 1u);
+    EXPECT_EQ(view.layouts()[0].files, QStringList("results/Temperature.h6b")); // so that the project can move
+    view.apply(view.layouts()[0]);
+    EXPECT_EQ(view.tree().chosen(), QStringList(temperature));
+    EXPECT_EQ(view.tree().furtherDirectories(), QStringList(m_directory.filePath("other")));
+    EXPECT_EQ(view.chart().options().threshold, 12);
+    EXPECT_EQ(view.timeBar().index(), 7u);
+    KOR::writeFile(m_directory.filePath("wall/charts.json").toStdString(), "[{\"name\":5},{]");
+    EXPECT_TRUE(view.layouts().empty());
+}
+
+TEST_F(HygResultsTest, ExportsPicturesTablesAndAnimations) {
+    HygResultsView view(&m_projects);
+    const QString field = writeField();
+    view.tree().refresh();
+    view.tree().choose({field});
+    view.timeBar().setIndex(4);
+    EXPECT_TRUE(view.exportChart(m_directory.filePath("chart.png")));
+    EXPECT_FALSE(QImage(m_directory.filePath("chart.png")).isNull());
+    EXPECT_TRUE(view.exportChart(m_directory.filePath("chart.csv")));
+    for (const QString & format : HygAnimation::formats()) {
+        HygAnimation animation(view.chart(), m_directory.filePath("run") + format.mid(1), {320, 200}, 4);
+        QSignalSpy finished(&animation, &HygAnimation::finished);
+        ASSERT_TRUE(finished.wait(20000)) << format.toStdString();
+        EXPECT_EQ(finished[0][0].toString(), "");
+    }
+    EXPECT_TRUE(QFile::exists(m_directory.filePath("run_00003.png")));
+    EXPECT_FALSE(QFile::exists(m_directory.filePath("run_00004.png")));
+    EXPECT_NE(QImage(m_directory.filePath("run_00000.png")), QImage(m_directory.filePath("run_00003.png")));
+    EXPECT_EQ(QFile::exists(m_directory.filePath("run.gif")), HygAnimation::formats().contains("*.gif"));
+    EXPECT_EQ(view.chart().timeIndex(), 4u); // as before
+}
+
+TEST_F(HygResultsTest, FilesThatCannotBeReadAreShownAsSuch) {
+    const QString good = writeProfile("Good.h6b", "Temperature", "C", 10);
+    std::string bytes = KOR::readFile(good.toStdString(), 1 << 20);
+    KOR::writeFile(results("Half.h6b").toStdString(), bytes.substr(0, bytes.size() - 20)); // loses its last record
+    KOR::writeFile(results("Nonsense.h6b").toStdString(), "not a result");
+    bytes[8] = 99; // another version
+    KOR::writeFile(results("Later.h6b").toStdString(), bytes);
+    HygResultsView view(&m_projects);
+    view.tree().choose({good, results("Half.h6b"), results("Nonsense.h6b"), results("Later.h6b")});
+    EXPECT_EQ(view.tree().chosen(), QStringList({good, results("Half.h6b")}));
+    EXPECT_EQ(view.chart().files()[1]->timeCount(), 9u);
+    QFile::remove(results("Half.h6b"));
+    view.tree().refresh();
+    EXPECT_EQ(view.tree().chosen(), QStringList(good));
+}
+
+} // namespace
