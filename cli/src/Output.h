@@ -4,6 +4,9 @@
 
 #include <exception>
 #include <iosfwd>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace CMD {
 
@@ -22,6 +25,10 @@ public:
     /// Reports a fault (outermost message first) and lets the command go on; the program will end with 1.
     void fail(const std::exception & fault);
     bool hasFailed() const { return m_hasFailed; }
+
+    /// Writes a table atomically, but never over one of the files it was made of.
+    /// Throws "Cannot write '%1'." above the cause ("[Output::writeTable]").
+    static void writeTable(const std::string & path, std::string_view table, const std::vector<std::string> & sources);
 
 private:
     std::ostream & m_out;

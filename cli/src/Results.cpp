@@ -15,9 +15,8 @@
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
-#include <fstream>
 #include <iomanip>
-#include <ostream>
+#include <sstream>
 
 namespace CMD {
 
@@ -290,6 +289,8 @@ std::vector<std::size_t> chosenRecords(const std::vector<std::string> & wanted, 
         const double from = timeValue(std::string_view(one).substr(0, colon), file.header());
         const double to =
             colon == std::string::npos ? from : timeValue(std::string_view(one).substr(colon + 1), file.header());
+        if (to < from)
+            throw Exception(text("The span '%1' ends before it begins.", one), WHERE);
         const double slack = TOLERANCE * std::max(1.0, std::fabs(to));
         const std::size_t before = chosen.size();
         for (std::size_t i = 0; i < times.size(); ++i)
@@ -406,10 +407,9 @@ void exportFile(const Export & arguments, Output & output) {
         writeTable(file, records, values, output.text());
         return;
     }
-    std::ofstream out(arguments.csv, std::ios::binary | std::ios::trunc);
-    writeTable(file, records, values, out);
-    if (!out.flush())
-        throw Exception(text("Cannot write '%1'.", arguments.csv), WHERE);
+    std::ostringstream table;
+    writeTable(file, records, values, table);
+    Output::writeTable(arguments.csv, table.view(), {arguments.path});
     output.text() << text("%1: %2 records of %3 values\n", arguments.csv, records.size(), values.size());
 }
 

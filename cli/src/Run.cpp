@@ -1,6 +1,7 @@
 #include "Families.h"
 #include "RunTable.h"
 
+#include <HYGRION/ProjectCheck.h>
 #include <SOLVER/SimulationRun.h>
 
 #include <KOR/Exception.h>
@@ -9,6 +10,7 @@
 
 #include <atomic>
 #include <csignal>
+#include <filesystem>
 #include <ostream>
 
 namespace CMD {
@@ -51,6 +53,15 @@ void define(CLI::App & app, Run & run) {
     app.add_option("--parallel-threads", run.parallelThreads, "Number of threads.")->check(CLI::Range(1, 1024));
 }
 
+/// Lines and definitions of the project's faults, of which the calculation names only the first.
+void tellFaults(const std::string & path, Output & output) {
+    HYGRION::Project project;
+    if (std::filesystem::is_regular_file(path))
+        for (const HYGRION::ProjectCheck::Finding & finding : HYGRION::ProjectCheck::checkFile(path, project))
+            if (finding.severity == HYGRION::ProjectCheck::FAULT)
+                output.notes() << path << ": error: " << finding.text() << '\n';
+}
+
 void perform(const Run & run, Output & output) {
     constexpr const char * WHERE = "[CMD::run]";
     std::signal(SIGINT, onSignal);
@@ -63,6 +74,7 @@ void perform(const Run & run, Output & output) {
         throw KOR::Exception(text("The simulation of '%1' was interrupted; --restart goes on with it.", run.project),
                              WHERE);
     default:
+        tellFaults(run.project, output);
         throw KOR::Exception(text("The simulation of '%1' failed.", run.project), WHERE);
     }
     const std::string directory = SOLVER::runDirectory(run);

@@ -1,5 +1,6 @@
 #include "Study.h"
 
+#include <HYGRION/ProjectCheck.h>
 #include <SOLVER/SolverOptions.h>
 
 #include <KOR/Exception.h>
@@ -236,6 +237,9 @@ HYGRION::Project Study::project(std::size_t variant) const {
             if (!path.empty())
                 path = project.resolved(path);
         });
+        for (const HYGRION::ProjectCheck::Finding & finding : HYGRION::ProjectCheck::checkProject(project))
+            if (finding.severity == HYGRION::ProjectCheck::FAULT)
+                throw Exception(finding.text(), WHERE);
         return project;
     } catch (const Exception & ex) {
         std::string values;

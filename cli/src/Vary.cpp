@@ -302,7 +302,7 @@ private:
             }
             table += '\n';
         }
-        KOR::writeFile(tablePath(), table);
+        Output::writeTable(tablePath(), table, {m_arguments.study});
     }
 
     static std::string statusOf(const Variant & variant) {

@@ -208,6 +208,10 @@ TEST(SolverProgram, RefusesWhatItCannotCalculate) {
         EXPECT_THAT(result.out + result.err, HasSubstr(fault.message)) << fault.edit;
     }
     fs::remove(HYG_BINARY_DIR "/zero.m6");
+    const Result all = shell("sed 's/unit=.%.>[0-9]*</unit=\"%\">-1</' " + std::string(SHORT) + " >'" + directory +
+                             "/case.h6p'; hygrion-cli run '" + directory + "/case.h6p'");
+    EXPECT_EQ(all.exitCode, 1);
+    EXPECT_THAT(all.err, HasSubstr("/case.h6p: error: line ")) << all.err;
 }
 
 TEST(Results, AreListedDescribedAndExported) {
@@ -228,6 +232,9 @@ TEST(Results, AreListedDescribedAndExported) {
         {"export F --element 159",                               1, "",                                                                                    "The file holds no element 159."                                 },
         {"export M --element 0",                                 1, "",                                                                                    "The file holds one value for all elements together."            },
         {"export F --csv D/none/table.csv",                      1, "",                                                                                    "Cannot write '"                                                 },
+        {"export F --csv F",                                     1, "",                                                                                    "from which it is made."                                         },
+        {"info F",                                               0, "Records:   11, from 0 h to 1000 h\n",                                                 ""                                                               },
+        {"export F --time 20d:8d",                               1, "",                                                                                    "The span '20d:8d' ends before it begins."                       },
         {"list ./DB_materials",                                  1, "",                                                                                    "There are no result files."                                     },
     };
     for (const Line & line : lines) {
@@ -281,6 +288,8 @@ TEST(Vary, CalculatesEveryCombinationOnceAndGoesOn) {
              std::pair("{\"parmeter\": \"Left\"}", "Unknown entry 'parmeter' in 'vary'"),
              std::pair("{\"parameter\": \"Initial humidity/Value\", \"values\": [\"wet\"]}",
                        "Error in variant 1 (wet)."),
+             std::pair("{\"parameter\": \"Initial humidity/Value\", \"values\": [80, 180]}",
+                       "Error in variant 2 (180).\ninitial condition 'Initial humidity': "),
              std::pair("{\"parameter\": \"Initial humidity/Value\", \"values\": [true]} x", "Error reading study '"),
          }) {
         result = study("1 h", values);

@@ -14,6 +14,7 @@
 #include <QLocale>
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <limits>
 #include <map>
@@ -115,7 +116,11 @@ std::size_t positionOf(const Results & results, unsigned int element) {
 
 /// The record nearest to a time: "30 d", or a number in the unit of the file.
 std::size_t recordAt(Results & results, const std::string & wanted) {
-    const auto words = KOR::words(wanted);
+    std::string spaced = wanted; // "30d" as well as "30 d"
+    double number = 0;
+    const std::from_chars_result read = std::from_chars(wanted.data(), wanted.data() + wanted.size(), number);
+    spaced.insert(static_cast<std::size_t>(read.ptr - wanted.data()), " ");
+    const auto words = KOR::words(spaced);
     const auto value = words.empty() ? std::nullopt : KOR::parseDouble(words[0]);
     if (!value || words.size() > 2)
         throw Exception(text("'%1' is no time, expected a number and a unit as in '30 d'.", wanted), WHERE);

@@ -113,7 +113,7 @@ INSTANTIATE_TEST_SUITE_P(
                   "Time [h],\"x = 200 mm, y = 50 mm: Temperature [°C]\",measured: Temperature [°C]\n1,31,21\n"
                   "2,41,22.5\n"},
         TableCase{"LastProfile", "results profile.h6o", "x [mm],2 h: Temperature [°C]\n50,40\n200,41\n350,42\n"},
-        TableCase{"ProfilesAtTimes", "results profile.h6o --time '61 min' --time 100",
+        TableCase{"ProfilesAtTimes", "results profile.h6o --time 61min --time 100",
                   "x [mm],1 h: Temperature [°C],2 h: Temperature [°C]\n50,30,40\n200,31,41\n350,32,42\n"},
         TableCase{"CourseOfAnElement", "results profile.h6o --element 2",
                   "Time [h],\"x = 350 mm, y = 50 mm: Temperature [°C]\"\n1,32\n2,42\n"},
