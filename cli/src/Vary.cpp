@@ -123,6 +123,7 @@ public:
 
     void perform() {
         prepare();
+        writeTable(); // a place that cannot be written to is told before hours of calculation
         const unsigned int jobs =
             m_arguments.jobs > 0 ? m_arguments.jobs : std::max(1U, std::thread::hardware_concurrency());
         std::size_t next = 0;

@@ -15,6 +15,7 @@ namespace {
 namespace fs = std::filesystem;
 using testing::AllOf;
 using testing::HasSubstr;
+using testing::Not;
 using testing::StartsWith;
 
 std::string scratch(const std::string & name) {
@@ -303,4 +304,7 @@ TEST(Vary, CalculatesEveryCombinationOnceAndGoesOn) {
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_THAT(result.err, AllOf(HasSubstr("Variant 1 of 2: failed"), HasSubstr("Variant 2 of 2: finished")));
     EXPECT_THAT(table(), HasSubstr("1,none.m6,\"failed: "));
+    fs::remove_all(directory);
+    result = shell("hygrion-cli vary --csv '" + file + "' '" + file + "'");
+    EXPECT_THAT(result.err, AllOf(HasSubstr("from which it is made."), Not(HasSubstr("Variant "))));
 }
