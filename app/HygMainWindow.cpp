@@ -547,7 +547,10 @@ void HygMainWindow::showHelp(const QString & page) {
 }
 
 void HygMainWindow::showHelpOfFocus() {
-    for (const QWidget * widget = QApplication::focusWidget(); widget != nullptr; widget = widget->parentWidget()) {
+    // While the window system has not made a window active, nothing has the focus.
+    const QWidget * focused = QApplication::focusWidget();
+    for (const QWidget * widget = focused == nullptr ? this : focused; widget != nullptr;
+         widget = widget->parentWidget()) {
         const QString page = widget->property(HygHelpWindow::PAGE_PROPERTY).toString();
         if (!page.isEmpty())
             return showHelp(page);
