@@ -3283,13 +3283,6 @@
     </message>
 </context>
 <context>
-    <name>HygMaterialView</name>
-    <message>
-        <source>Assign material</source>
-        <translation>Material zuweisen</translation>
-    </message>
-</context>
-<context>
     <name>HygMessageBar</name>
     <message>
         <source>Close this message</source>

@@ -1,6 +1,7 @@
 #include "construction/HygConstructionCanvas.h"
 
 #include "construction/HygGridRuler.h"
+#include "materials/HygMaterialDBTableModel.h"
 
 #include <HYGRION/GridEdit.h>
 
@@ -29,9 +30,13 @@ constexpr double STACK_HEIGHT = 420; ///< pixels; a stack of layers need not be 
 
 struct Dragged {
     type_t type;
-    QString name;
+    QString name; ///< the path of a file
+    bool isFile = false;
 };
 std::optional<Dragged> dragged(const QMimeData & data) {
+    const QString path = QString::fromUtf8(data.data(QLatin1String(HygMaterialDBTableModel::MIME_TYPE)));
+    if (!path.isEmpty())
+        return Dragged{type_t::Material, path, true};
     const QStringList lines =
         QString::fromUtf8(data.data(QLatin1String(HygConstructionCanvas::MIME_TYPE))).split(QLatin1Char('\n'));
     if (lines.size() != 2 || lines[1].isEmpty())
@@ -562,7 +567,10 @@ void HygConstructionCanvas::dropEvent(QDropEvent * event) {
     const auto what = dragged(*event->mimeData());
     if (const auto target = what ? targetAt(event->posF(), what->type) : std::nullopt) {
         event->acceptProposedAction();
-        emit dropped(static_cast<int>(what->type), what->name, *target);
+        if (what->isFile)
+            emit fileDropped(what->name, *target);
+        else
+            emit dropped(static_cast<int>(what->type), what->name, *target);
     }
 }
 

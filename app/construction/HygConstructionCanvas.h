@@ -63,6 +63,8 @@ signals:
     void menuRequested(const QPoint & globalPosition);
     /// \param type HYGRION::Assignment::type_t
     void dropped(int type, const QString & name, const HygConstructionCanvas::Target & target);
+    /// A material file was dropped.
+    void fileDropped(const QString & path, const HygConstructionCanvas::Target & target);
     void widthRequested(Qt::Orientation orientation, int first, int last);
     /// A plane further to the front or to the back.
     void planeRequested(int step);

@@ -3,6 +3,7 @@
 #include "construction/HygCellPlane.h"
 #include "construction/HygConstructionScene.h"
 #include "document/HygProjectHandler.h"
+#include "materials/HygProjectMaterials.h"
 #include "undo/HygEditing.h"
 #include "undo/HygUndoDefinitions.h"
 
@@ -392,6 +393,15 @@ void HygConstructionEditor::assignMaterial(const MaterialReference & material, c
         stack().push(new HygUndoAddMaterial(tr("Add material"), material));
         assign(type_t::Material, material.m_name, ranges, location_t::Element);
         stack().endMacro();
+    });
+}
+
+void HygConstructionEditor::assignFile(const QString & path, const std::vector<Range> & ranges) {
+    attempt([&] {
+        const int known = HygProjectMaterials::find(project(), path);
+        assignMaterial(known < 0 ? HygProjectMaterials::reference(project(), path)
+                                 : project().m_materials[static_cast<std::size_t>(known)],
+                       ranges);
     });
 }
 

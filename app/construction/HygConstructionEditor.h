@@ -63,6 +63,8 @@ public:
                 HYGRION::Assignment::location_t location);
     /// Adds the material to the project first if it has none of that name.
     void assignMaterial(const HYGRION::MaterialReference & material, const std::vector<HYGRION::Range> & ranges);
+    /// Assigns the material of a file, which the project gets if it does not have it yet, in one step of undo.
+    void assignFile(const QString & path, const std::vector<HYGRION::Range> & ranges);
     void unassign(HYGRION::Assignment::type_t type, const std::string & name,
                   const std::vector<HYGRION::Range> & ranges, HYGRION::Assignment::location_t location);
     void removeAssignments(std::vector<std::size_t> indices);

@@ -31,6 +31,7 @@
 #include <QMenu>
 #include <QSlider>
 #include <QSplitter>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTimer>
 #include <QToolBar>
@@ -81,6 +82,8 @@ constexpr GroupRow GROUPS[] = {
 };
 
 constexpr int HINT_MS = 120;
+constexpr int PANEL_CHARS = 56; ///< of which the names of layers have the most
+constexpr int MIN_PANEL_CHARS = 46;
 constexpr int DETAIL_CELLS = 6;
 constexpr double DETAIL_WIDTH = 100; // mm
 
@@ -183,11 +186,10 @@ HygConstructionView::HygConstructionView(HygProjectHandler * projects, QWidget *
     m_panels->addTab(m_layerPanel, QString());
     m_panels->addTab(m_assignPanel, QString());
     m_panels->addTab(m_assignmentPanel, QString());
-    m_panels->setMinimumWidth(280);
     m_splitter->addWidget(m_panels);
     m_splitter->setStretchFactor(0, 1);
     m_splitter->setCollapsible(0, false);
-    m_splitter->setSizes({900, 320});
+    m_splitter->setSizes({900, PANEL_CHARS * fontMetrics().averageCharWidth()});
     retranslate();
 
     connect(m_editor, &HygConstructionEditor::refused, m_message, &HygMessageBar::showMessage);
@@ -320,6 +322,15 @@ void HygConstructionView::setUpCanvas() {
             [this](int type, const QString & name, const HygConstructionCanvas::Target & target) {
                 m_assignPanel->assign(static_cast<HYGRION::Assignment::type_t>(type), name, target.ranges, target.side);
             });
+    connect(m_canvas, &HygConstructionCanvas::fileDropped, m_editor,
+            [this](const QString & path, const HygConstructionCanvas::Target & target) {
+                m_editor->assignFile(path, target.ranges);
+            });
+    connect(m_offer, &HygMaterialOffer::assignRequested, m_editor, [this](const QString & path) {
+        const std::vector<Range> selected = m_canvas->scene().selection.blocks();
+        if (!selected.empty())
+            m_editor->assignFile(path, selected);
+    });
     connect(m_canvas, &HygConstructionCanvas::menuRequested, this, [this](const QPoint & position) {
         QMenu menu(this);
         for (const ActionRow & row : ACTIONS)
@@ -368,7 +379,13 @@ void HygConstructionView::retranslate() {
     m_canvas->setAccessibleName(tr("Drawing of the construction"));
     m_planeSlider->setAccessibleName(tr("Stack plane"));
     m_planeSlider->setToolTip(tr("The plane that is shown; Page Up and Page Down go to the next ones"));
+    fitPanels();
     updateSummary();
+}
+
+void HygConstructionView::fitPanels() {
+    m_panels->setMinimumWidth(
+        std::max(m_panels->tabBar()->sizeHint().width(), MIN_PANEL_CHARS * fontMetrics().averageCharWidth()));
 }
 
 void HygConstructionView::projectModified(int code, void *) {
@@ -676,7 +693,10 @@ void HygConstructionView::showEvent(QShowEvent * event) {
 void HygConstructionView::changeEvent(QEvent * event) {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::LanguageChange) {
+        m_offer->retranslate();
         retranslate();
         m_hintTimer->start();
+    } else if (event->type() == QEvent::FontChange) {
+        fitPanels();
     }
 }

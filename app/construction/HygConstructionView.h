@@ -50,6 +50,7 @@ private:
     void setUpSwitches();
     void setUpCanvas();
     void retranslate();
+    void fitPanels();
     void updateScene(bool isNewProject);
     void updateActions();
     void updateSummary();

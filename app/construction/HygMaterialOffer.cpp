@@ -1,11 +1,11 @@
 #include "construction/HygMaterialOffer.h"
 
-#include "HygSettings.h"
 #include "construction/HygHatching.h"
-#include "materials/HygMaterialDBTableModel.h"
-#include "materials/HygThreadMaterialDBUpdater.h"
+#include "materials/HygMaterialDB.h"
+#include "materials/HygMaterialTexts.h"
+#include "materials/HygProjectMaterials.h"
 
-#include <QCoreApplication>
+#include <QDir>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPixmapCache>
@@ -23,23 +23,18 @@ constexpr QRgb NO_COLOUR = 0xc8c8c8;
 
 } // namespace
 
-HygMaterialOffer::HygMaterialOffer(QObject * parent) : QObject(parent), m_model(new HygMaterialDBTableModel(this)) {}
+HygMaterialOffer::HygMaterialOffer(QObject * parent) : QObject(parent), m_database(HygMaterialDB::shared()) {
+    // The database has taken the result over by then, since it was connected first.
+    connect(&m_database->updater(), &HygThreadMaterialDBUpdater::updated, this, &HygMaterialOffer::changed);
+    connect(m_database.get(), &HygMaterialDB::assignRequested, this, &HygMaterialOffer::assignRequested);
+}
 
 void HygMaterialOffer::start() {
-    if (m_updater != nullptr)
-        return;
-    const HygSettings & settings = HygSettings::instance();
-    const QString data = settings.directory(HygSettings::DIR_USER_DATA);
-    m_updater = new HygThreadMaterialDBUpdater({settings.directory(HygSettings::DIR_MATERIALS),
-                                                data + QStringLiteral("/DB_materials"),
-                                                data + QStringLiteral("/DB_materials.cache")},
-                                               QCoreApplication::applicationVersion(), this);
-    m_model->setLanguage(settings.langId());
-    connect(m_updater, &HygThreadMaterialDBUpdater::updated, this, [this] {
-        m_model->setScan(m_updater->result());
-        emit changed();
-    });
-    m_updater->update();
+    m_database->start();
+}
+
+void HygMaterialOffer::retranslate() {
+    m_database->setLanguage(HygMaterialTexts::language());
 }
 
 HygMaterialOffer::~HygMaterialOffer() = default;
@@ -47,23 +42,27 @@ HygMaterialOffer::~HygMaterialOffer() = default;
 std::vector<HygMaterialOffer::Entry> HygMaterialOffer::entries(const HYGRION::Project & project) const {
     std::vector<Entry> entries;
     std::set<std::string> names;
+    std::set<QString> files; // a material of the project may have got another name there
     for (const HYGRION::MaterialReference & material : project.m_materials) {
         entries.push_back({material, true, {}});
         names.insert(material.m_name);
+        files.insert(QDir::cleanPath(HygProjectMaterials::file(project, material)));
     }
     const auto own = static_cast<std::ptrdiff_t>(entries.size());
     const KOR::Path::Placeholders placeholders = project.placeholders();
-    for (int row = 0; row < m_model->rowCount(); ++row) {
-        const HygMaterialDBEntry & found = m_model->entry(row);
+    const HygMaterialDBTableModel & model = m_database->model();
+    for (int row = 0; row < model.rowCount(); ++row) {
+        const HygMaterialDBEntry & found = model.entry(row);
         Entry entry;
-        entry.reference.m_name = m_model->name(row).toStdString();
-        if (!found.isReadable() || !names.insert(entry.reference.m_name).second)
+        entry.reference.m_name = model.name(row).toStdString();
+        if (!found.isReadable() || files.count(QDir::cleanPath(found.path)) > 0 ||
+            !names.insert(entry.reference.m_name).second)
             continue;
         entry.reference.m_color = KOR::Color::fromRgb(found.color == 0 ? NO_COLOUR : found.color & 0xffffffU);
         entry.reference.m_hatchCode =
             found.hatching < 0 ? static_cast<int>(std::size(USUAL_THICKNESS)) - 1 : found.hatching;
         entry.reference.m_filename = KOR::Path(found.path.toStdString()).withPlaceholder(placeholders);
-        entry.category = m_model->index(row, HygMaterialDBTableModel::CategoryColumn).data().toString();
+        entry.category = model.index(row, HygMaterialDBTableModel::CategoryColumn).data().toString();
         entries.push_back(std::move(entry));
     }
     std::sort(entries.begin() + own, entries.end(), [](const Entry & a, const Entry & b) {

@@ -9,8 +9,7 @@
 #include <memory>
 #include <vector>
 
-class HygMaterialDBTableModel;
-class HygThreadMaterialDBUpdater;
+class HygMaterialDB;
 
 /// The materials that a project can use: its own, and those of the database that it does not have yet.
 class HygMaterialOffer : public QObject {
@@ -25,8 +24,10 @@ public:
     explicit HygMaterialOffer(QObject * parent = nullptr);
     ~HygMaterialOffer() override;
 
-    /// Reads the database, at the first call.
+    /// Reads the database, at the first call of anybody.
     void start();
+    /// Shows names in the language of the program.
+    void retranslate();
     /// Own materials in their order, then the others by name.
     std::vector<Entry> entries(const HYGRION::Project & project) const;
     /// A patch of colour with the hatching.
@@ -37,8 +38,9 @@ public:
 signals:
     /// The database has been read, or read anew.
     void changed();
+    /// The user has chosen a file of the database for what is selected.
+    void assignRequested(const QString & path);
 
 private:
-    HygMaterialDBTableModel * m_model;
-    HygThreadMaterialDBUpdater * m_updater = nullptr;
+    std::shared_ptr<HygMaterialDB> m_database; ///< the one of all widgets
 };

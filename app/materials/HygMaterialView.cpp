@@ -1,6 +1,5 @@
 #include "materials/HygMaterialView.h"
 
-#include "construction/HygConstructionView.h"
 #include "document/HygProjectHandler.h"
 #include "materials/HygMaterialDBWidget.h"
 #include "materials/HygProjectMaterials.h"
@@ -9,7 +8,6 @@
 #include <QAction>
 #include <QBoxLayout>
 #include <QSplitter>
-#include <QUndoStack>
 
 HygMaterialView::HygMaterialView(HygProjectHandler * projects, QWidget * parent)
     : QWidget(parent), m_projects(*projects) {}
@@ -49,19 +47,8 @@ void HygMaterialView::activate(const QString & path) {
         m_database->edit();
         return;
     }
-    auto * construction = window()->findChild<HygConstructionView *>();
-    if (construction == nullptr || construction->canvas().scene().selection.empty()) {
+    // Whoever has a selection takes the material for it; otherwise the project only gets it.
+    emit HygMaterialDB::shared()->assignRequested(path);
+    if (HygProjectMaterials::find(m_projects.project(), path) < 0)
         m_project->add({path});
-        return;
-    }
-    // The selected cells get the material, in one step of undo.
-    const std::vector<HYGRION::Range> cells = construction->canvas().scene().selection.blocks();
-    m_projects.undoStack().beginMacro(tr("Assign material"));
-    m_project->add({path});
-    const int index = HygProjectMaterials::find(m_projects.project(), path);
-    if (index >= 0)
-        construction->editor().assign(HYGRION::Assignment::type_t::Material,
-                                      m_projects.project().m_materials[static_cast<std::size_t>(index)].m_name, cells,
-                                      HYGRION::Assignment::location_t::Element);
-    m_projects.undoStack().endMacro();
 }

@@ -8,6 +8,7 @@
 #include <MM/Material.h>
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFileInfo>
 #include <QUndoStack>
 
@@ -57,9 +58,14 @@ QString HygProjectMaterials::file(const Project & project, const MaterialReferen
 }
 
 int HygProjectMaterials::find(const Project & project, const QString & path) {
-    const QFileInfo wanted(path);
+    // Files that are missing have no canonical path, and are not all the same therefore.
+    const auto place = [](const QString & name) {
+        const QString canonical = QFileInfo(name).canonicalFilePath();
+        return canonical.isEmpty() ? QDir::cleanPath(QFileInfo(name).absoluteFilePath()) : canonical;
+    };
+    const QString wanted = place(path);
     for (std::size_t i = 0; i < project.m_materials.size(); ++i)
-        if (QFileInfo(file(project, project.m_materials[i])) == wanted)
+        if (place(file(project, project.m_materials[i])) == wanted)
             return static_cast<int>(i);
     return -1;
 }

@@ -1,9 +1,15 @@
 #include "ConstructionTesting.h"
+#include "construction/HygMaterialOffer.h"
+#include "materials/HygMaterialDB.h"
+#include "materials/HygProjectMaterials.h"
+#include "views/HygMessageBar.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QClipboard>
-#include <QGuiApplication>
+#include <QDropEvent>
 #include <QLineEdit>
+#include <QMimeData>
 
 namespace {
 
@@ -261,6 +267,51 @@ TEST_F(ConstructionViewTest, DropGoesToTheBlockOrTheNearestSide) {
     emit canvas().dropped(static_cast<int>(type_t::Material), "Plaster",
                           *canvas().targetAt(middleOf(3), type_t::Material));
     EXPECT_EQ(scene().cells.material(3, 0), 2);
+}
+
+TEST_F(ConstructionViewTest, MaterialFilesAreDroppedAndRequestedInOneStep) {
+    const QString path = m_directory.filePath("DB_materials/clay_brick_solid_108.m6");
+    ASSERT_TRUE(QFile::copy(QStringLiteral(HYG_SOURCE_DIR "/DB_materials/clay_brick_solid_108.m6"), path));
+    open(wall());
+    const Project before = project();
+    const auto drop = [&](const QString & file, std::uint32_t column) {
+        QMimeData data;
+        data.setData(HygMaterialDBTableModel::MIME_TYPE, file.toUtf8());
+        QDragEnterEvent enter(middleOf(column), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QDropEvent event(middleOf(column), Qt::CopyAction, &data, Qt::LeftButton, {});
+        for (QDropEvent * sent : {static_cast<QDropEvent *>(&enter), &event}) {
+            sent->setAccepted(false);
+            QApplication::sendEvent(canvas().viewport(), sent);
+            EXPECT_TRUE(sent->isAccepted());
+        }
+    };
+    drop(path, 3);
+    ASSERT_EQ(project().m_materials.size(), 4u);
+    EXPECT_EQ(stack().index(), 1);
+    EXPECT_EQ(HygProjectMaterials::find(project(), path), 3);
+    for (std::uint32_t column = 0; column < 8; ++column)
+        EXPECT_EQ(scene().cells.material(column, 0) == 3, column >= 2 && column <= 5) << column;
+    drop(path, 0);
+    EXPECT_EQ(project().m_materials.size(), 4u) << "it is there already";
+    EXPECT_EQ(scene().cells.material(0, 0), 3);
+    drop(m_directory.filePath("gone.m6"), 0);
+    EXPECT_TRUE(find<HygMessageBar>("messageBar").text().contains("gone.m6"));
+    EXPECT_EQ(stack().index(), 2);
+    stack().setIndex(0);
+    EXPECT_TRUE(project() == before);
+
+    // The lists offer what the database of all widgets holds, unless the project has the file.
+    const auto database = HygMaterialDB::shared();
+    HygMaterialOffer offer;
+    const auto count = [&] { return offer.entries(project()).size(); };
+    ASSERT_TRUE(QTest::qWaitFor([&] { return count() == 4; }));
+    emit database->assignRequested(path);
+    EXPECT_EQ(stack().index(), 0) << "nothing is selected";
+    canvas().select({columns(6, 7)});
+    emit database->assignRequested(path);
+    EXPECT_EQ(stack().index(), 1);
+    EXPECT_EQ(scene().cells.material(7, 0), 3);
+    EXPECT_EQ(count(), 4u);
 }
 
 TEST_F(ConstructionViewTest, ZoomKeepsThePointUnderThePointer) {

@@ -7,6 +7,7 @@
 #include "dialogs/HygHelpWindow.h"
 #include "document/HygProjectHandler.h"
 #include "undo/HygUndoSections.h"
+#include "views/HygNavigationButton.h"
 #include "views/HygProjectListModel.h"
 #include "views/HygStartView.h"
 
@@ -276,6 +277,18 @@ TEST_F(HygMainWindowTest, OpensFilesThatAreDropped) {
     EXPECT_FALSE(drop(m_directory.filePath("examples/notes.txt")));
     EXPECT_TRUE(drop(m_directory.filePath("new.h6p")));
     EXPECT_EQ(window().projects().projectFile(), m_directory.filePath("new.h6p"));
+
+    // What is dragged within the program opens the view on whose button it rests.
+    const QList<HygNavigationButton *> buttons = window().findChildren<HygNavigationButton *>();
+    const auto button = std::find_if(buttons.begin(), buttons.end(),
+                                     [](const QAbstractButton * each) { return each->text() == "Materials"; });
+    ASSERT_NE(button, buttons.end());
+    ASSERT_FALSE((*button)->isChecked());
+    QMimeData data;
+    data.setData("application/x-hygrion-material", "a.m6");
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(*button, &enter);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return (*button)->isChecked(); }));
 }
 
 TEST_F(HygMainWindowTest, OffersAtTheStartWhatACrashLeft) {

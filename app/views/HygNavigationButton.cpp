@@ -2,7 +2,9 @@
 
 #include "HygIconEngine.h"
 
+#include <QDropEvent>
 #include <QEvent>
+#include <QMimeData>
 #include <QPainter>
 
 namespace {
@@ -10,12 +12,14 @@ constexpr int ICON = 28;
 constexpr int MARGIN = 9;
 constexpr int GAP = 4;
 constexpr int MIN_WIDTH = 84;
+constexpr int REST_MS = 500;
 } // namespace
 
 HygNavigationButton::HygNavigationButton(const QString & iconName, QWidget * parent) : QAbstractButton(parent) {
     setIcon(HygIconEngine::icon(iconName));
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
+    setAcceptDrops(true);
 }
 
 void HygNavigationButton::setBadge(int number) {
@@ -96,4 +100,30 @@ void HygNavigationButton::changeEvent(QEvent * event) {
     QAbstractButton::changeEvent(event);
     if (event->type() == QEvent::FontChange)
         updateGeometry();
+}
+
+void HygNavigationButton::dragEnterEvent(QDragEnterEvent * event) {
+    const QStringList formats = event->mimeData()->formats();
+    const bool isOurs = std::any_of(formats.begin(), formats.end(), [](const QString & format) {
+        return format.startsWith(QLatin1String("application/x-hygrion-"));
+    });
+    event->setAccepted(isOurs);
+    if (isOurs && isEnabled())
+        m_resting.start(REST_MS, this);
+}
+
+void HygNavigationButton::dragLeaveEvent(QDragLeaveEvent *) {
+    m_resting.stop();
+}
+
+void HygNavigationButton::dropEvent(QDropEvent * event) {
+    m_resting.stop();
+    event->ignore(); // a button takes nothing
+}
+
+void HygNavigationButton::timerEvent(QTimerEvent * event) {
+    if (event->timerId() != m_resting.timerId())
+        return QAbstractButton::timerEvent(event);
+    m_resting.stop();
+    click();
 }
