@@ -35,12 +35,16 @@ bool hasExtension(const std::string & path, std::string_view extension) {
 
 /// Climate data of any format; a "ccd" file fills only its own quantity.
 ClimateDataLoader readAny(const std::string & path, bool headerOnly = false) {
-    ClimateDataLoader data;
-    if (hasExtension(path, ".ccd"))
-        data.setQuantity(ClimateDataLoader::readCCDFile(path));
-    else
-        data.readClimateData(path, headerOnly);
-    return data;
+    try {
+        ClimateDataLoader data;
+        if (hasExtension(path, ".ccd"))
+            data.setQuantity(ClimateDataLoader::readCCDFile(path));
+        else
+            data.readClimateData(path, headerOnly);
+        return data;
+    } catch (const KOR::Exception & ex) {
+        throw KOR::Exception(ex, KOR::text("Climate data file '%1' cannot be read.", path), "[CMD::readAny]");
+    }
 }
 
 quantity_t quantityOf(const std::string & keyword) {

@@ -13,6 +13,7 @@
 #include <nlohmann/json.hpp>
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -173,6 +174,10 @@ private:
     /// All projects are made and checked before the first is calculated.
     void prepare() {
         KOR::Path(m_study.directory()).makePath();
+        m_lock = ::open(m_study.directory().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+        if (m_lock >= 0 && ::flock(m_lock, LOCK_EX | LOCK_NB) != 0)
+            throw Exception(text("The study in '%1' is being calculated by another process.", m_study.directory()),
+                            WHERE);
         constexpr std::size_t MAX_SIZE = std::size_t{1} << 30;
         std::vector<std::string> contents;
         for (std::size_t v = 0; v < m_study.variantCount(); ++v) {
@@ -328,6 +333,7 @@ private:
     std::vector<std::size_t> m_waiting;
     std::vector<Row> m_rows;
     std::size_t m_failures = 0;
+    int m_lock = -1; ///< on the directory of the variants, until the program ends
 };
 
 void tellVariants(const Study & study, Output & output) {

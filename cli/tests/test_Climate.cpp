@@ -40,7 +40,8 @@ TEST(Climate, InfoAndCheckTellWhatAFileHolds) {
     const Result check = climate(std::string("check ") + POTSDAM);
     EXPECT_EQ(check.exitCode, 0);
     EXPECT_TRUE(agrees(check.out, "Use: one year of hours, repeated every year\nTemperature [C]*"));
-    EXPECT_TRUE(agrees(climate("info nothing.epw").err, "Error reading climate data file.\nClimate data file "
+    EXPECT_TRUE(agrees(climate("info nothing.epw").err, "Climate data file 'nothing.epw' cannot be read.\n"
+                                                        "Error reading climate data file.\nClimate data file "
                                                         "'nothing.epw' does not exist or is not accessible.\n"));
     EXPECT_EQ(climate("info nothing.epw").exitCode, 1);
 }

@@ -304,6 +304,8 @@ TEST(Vary, CalculatesEveryCombinationOnceAndGoesOn) {
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_THAT(result.err, AllOf(HasSubstr("Variant 1 of 2: failed"), HasSubstr("Variant 2 of 2: finished")));
     EXPECT_THAT(table(), HasSubstr("1,none.m6,\"failed: "));
+    result = shell("flock '" + directory + "' hygrion-cli vary '" + file + "'");
+    EXPECT_THAT(result.err, HasSubstr("is being calculated by another process."));
     fs::remove_all(directory);
     result = shell("hygrion-cli vary --csv '" + file + "' '" + file + "'");
     EXPECT_THAT(result.err, AllOf(HasSubstr("from which it is made."), Not(HasSubstr("Variant "))));
