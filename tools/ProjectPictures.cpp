@@ -14,7 +14,9 @@
 #include <QApplication>
 #include <QDockWidget>
 #include <QFile>
+#include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMessageBox>
 #include <QTest>
 #include <QTimer>
@@ -75,6 +77,11 @@ void drawProjectPictures(HygMainWindow & window, const QString & project, const 
     auto * history = window.findChild<QDockWidget *>("historyDock");
     history->show();
     window.undoStack().undo();
+    // No path of this computer: neither in the messages nor in the status bar nor in the list of recent projects.
+    auto & log = *window.findChild<QDockWidget *>("logDock");
+    log.hide();
+    window.findChild<QMenu *>("menuRecent")->clear();
+    window.findChild<QLabel *>("projectFile")->setText(QFileInfo(project).fileName());
     save(window, target + "/history" + suffix);
     history->hide();
     saveModal(window, "unsavedChanges", target + "/unsaved" + suffix,
@@ -83,6 +90,7 @@ void drawProjectPictures(HygMainWindow & window, const QString & project, const 
         window, "commandSearch", target + "/commands" + suffix,
         [&] { window.findChild<QAction *>("actionFindCommand")->trigger(); },
         [](QWidget & dialog) { dialog.findChild<QLineEdit *>("commandField")->setText("p"); });
+    log.show();
     window.undoStack().setIndex(0);
     window.projects().closeProject();
     window.showHelp("projects");

@@ -1,4 +1,5 @@
-// pictures DIRECTORY: draws the pictures of the documentation, each in English and German, light and dark.
+// pictures DIRECTORY [PART]: draws the pictures of the documentation, each in English and German, light and dark; of the
+// part "materials", "project", "construction" or "simulation" alone, if one is named.
 #include "ConstructionPictures.h"
 #include "MaterialPictures.h"
 #include "ProjectPictures.h"
@@ -69,7 +70,32 @@ void save(QWidget & widget, const QString & path) {
     std::printf("%s\n", qPrintable(path));
 }
 
-void draw(const QString & target, const QString & home, language_t language, const QString & theme) {
+/// The font of all pictures, whatever the system has.
+void useFont() {
+    QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 9));
+}
+
+/// The messages of a program in which something went wrong, and the preferences.
+void drawMessages(HygMainWindow & window, HygSettings & settings, QtExt::LanguageHandler & languages,
+                  language_t language, const QString & target, const QString & suffix) {
+    languages.installTranslator(QStringLiteral("nl")); // not there
+    languages.installTranslator(settings.m_langId);
+    window.openProject(QString::fromUtf8(PROJECTS[NUM_EXISTING][language]) + ".h6p");
+    readBrokenValue();
+    auto * log = window.findChild<QDockWidget *>(QStringLiteral("logDock"));
+    window.resizeDocks({log}, {LOG_HEIGHT}, Qt::Vertical);
+    save(*log, target + QStringLiteral("/log") + suffix);
+
+    HygPreferencesDialog preferences(settings, &languages, &window);
+    preferences.show();
+    save(preferences, target + QStringLiteral("/preferences") + suffix);
+    preferences.close();
+    useFont(); // which the dialog has set to that of the system
+}
+
+void draw(const QString & target, const QString & part, const QString & home, language_t language,
+          const QString & theme) {
+    const auto isWanted = [&](const char * name) { return part.isEmpty() || part == QLatin1String(name); };
     HygSettings settings(QStringLiteral("KOR"), QStringLiteral("Hygrion pictures"));
     settings.setDefaults();
     settings.m_theme = theme;
@@ -89,25 +115,18 @@ void draw(const QString & target, const QString & home, language_t language, con
     HygMainWindow window(settings, languages, messages);
     window.resize(WINDOW);
     window.show();
-    save(window, target + QStringLiteral("/start") + suffix);
-
-    drawMaterialPictures(window, target, suffix);
-
-    languages.installTranslator(QStringLiteral("nl")); // not there
-    languages.installTranslator(settings.m_langId);
-    window.openProject(QString::fromUtf8(PROJECTS[NUM_EXISTING][language]) + ".h6p");
-    readBrokenValue();
-    auto * log = window.findChild<QDockWidget *>(QStringLiteral("logDock"));
-    window.resizeDocks({log}, {LOG_HEIGHT}, Qt::Vertical);
-    save(*log, target + QStringLiteral("/log") + suffix);
-
-    HygPreferencesDialog preferences(settings, &languages, &window);
-    preferences.show();
-    save(preferences, target + QStringLiteral("/preferences") + suffix);
-    preferences.close();
-    drawProjectPictures(window, projectPath(home, 0, language), target, suffix);
-    drawConstructionPictures(target, suffix);
-    drawSimulationPictures(target, suffix);
+    if (part.isEmpty())
+        save(window, target + QStringLiteral("/start") + suffix);
+    if (isWanted("materials"))
+        drawMaterialPictures(window, target, suffix);
+    if (part.isEmpty())
+        drawMessages(window, settings, languages, language, target, suffix);
+    if (isWanted("project"))
+        drawProjectPictures(window, projectPath(home, 0, language), target, suffix);
+    if (isWanted("construction"))
+        drawConstructionPictures(target, suffix);
+    if (isWanted("simulation"))
+        drawSimulationPictures(target, suffix);
     KOR::MessageHandlerRegistry::instance().setMessageHandler(nullptr);
 }
 
@@ -122,8 +141,9 @@ int main(int argc, char * argv[]) {
     HygDebugApplication app(argc, argv);
     HygDebugApplication::initResources();
     QCoreApplication::setApplicationName(QStringLiteral("Hygrion 6.1"));
-    QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 9));
+    useFont();
     const QString target = QDir(QCoreApplication::arguments().value(1)).absolutePath();
+    const QString part = QCoreApplication::arguments().value(2);
     QDir::setCurrent(QCoreApplication::applicationDirPath()); // the pictures hold no path of this computer
     try {
         for (const language_t language : {English, German}) {
@@ -133,7 +153,7 @@ int main(int argc, char * argv[]) {
                 KOR::writeFile(path.toStdString(), "<HygrionProject/>\n");
             }
             for (const char * theme : {QtExt::Palette::LIGHT, QtExt::Palette::DARK})
-                draw(target, home.path(), language, QLatin1String(theme));
+                draw(target, part, home.path(), language, QLatin1String(theme));
         }
     } catch (const KOR::Exception & ex) {
         ex.report();
