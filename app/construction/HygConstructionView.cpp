@@ -83,7 +83,7 @@ constexpr GroupRow GROUPS[] = {
 
 constexpr int HINT_MS = 120;
 constexpr int PANEL_CHARS = 56; ///< of which the names of layers have the most
-constexpr int MIN_PANEL_CHARS = 46;
+constexpr int MIN_PANEL_CHARS = 40;
 constexpr int DETAIL_CELLS = 6;
 constexpr double DETAIL_WIDTH = 100; // mm
 
