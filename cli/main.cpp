@@ -9,15 +9,9 @@
 
 namespace {
 
-/// The families of commands, in the order of the help. A new one is a source file, a line in Families.h and a line here.
+/// The families of commands, in the order of the help. A new one is a source file, a line in Families.h and an entry here.
 constexpr CMD::AddCommands FAMILIES[] = {
-    CMD::addClimate,
-    CMD::addMaterial,
-    CMD::addProject,
-    CMD::addRun,
-    CMD::addVary,
-    CMD::addResults,
-    CMD::addUnits,
+    CMD::addClimate, CMD::addMaterial, CMD::addProject, CMD::addRun, CMD::addVary, CMD::addResults, CMD::addUnits,
 };
 
 /// Tables are made before main begins; memory that runs out there must end with a message, too.
