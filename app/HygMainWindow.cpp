@@ -4,6 +4,7 @@
 #include "HygFileActions.h"
 #include "HygIconEngine.h"
 #include "HygSettings.h"
+#include "construction/HygConstructionPlaces.h"
 #include "dialogs/HygAboutDialog.h"
 #include "dialogs/HygCommandSearch.h"
 #include "dialogs/HygHelpWindow.h"
@@ -94,6 +95,9 @@ void HygMainWindow::startWork() {
         openProject(m_settings.m_initialProjectFile);
     if (!m_projects->hasProject())
         m_files->offerRecovery();
+    for (const auto & [id, view] : m_views)
+        if (m_settings.m_initialView == QLatin1String(view.row->icon))
+            showView(id);
 }
 
 HygMainWindow::~HygMainWindow() {
@@ -271,6 +275,11 @@ void HygMainWindow::addView(const HygViewTable::Row & row, QWidget * widget) {
     if (widget->metaObject()->indexOfSignal("placeRequested(QString)") >= 0)
         connect(widget, SIGNAL(placeRequested(QString)), this, SLOT(showPlace(QString)));
 
+    // What a view offers everywhere has its keys while another view is shown.
+    for (QAction * own : widget->actions())
+        if (own->property("isForAllViews").toBool())
+            addAction(own);
+
     QAction * before = m_ui->menuView->actions().constFirst();
     int number = 0;
     for (const auto & [id, view] : m_views) {
@@ -280,7 +289,16 @@ void HygMainWindow::addView(const HygViewTable::Row & row, QWidget * widget) {
 }
 
 void HygMainWindow::showPlace(const QString & place) {
-    showView(HygViewTable::viewOfPlace(place));
+    // As long as there is no view of its own for a definition, the cells that it concerns tell the most.
+    const auto made = m_views.find(HygViewTable::viewOfPlace(place));
+    const auto view = made != m_views.end() ? made : m_views.find(HygViewTable::Construction);
+    showView(view->first);
+    // A view that can lead to any place has this slot; others may know definitions.
+    if (view->second.widget->metaObject()->indexOfSlot("showPlace(QString)") >= 0)
+        QMetaObject::invokeMethod(view->second.widget, "showPlace", Q_ARG(QString, place));
+    else if (const auto definition = HygConstructionPlaces::definitionOf(m_projects->project(), place))
+        emit m_projects->definitionRequested(static_cast<int>(definition->kind),
+                                             QString::fromStdString(definition->name));
 }
 
 void HygMainWindow::updateViewMenu() {

@@ -39,6 +39,7 @@ public:
     using QtExt::Settings::directory;
     QString directory(directory_t directory) const;
 
+    QString m_initialView; ///< of this run: name of a view in HygViewTable
     bool m_constructionViewGridLinesVisible = false;
     bool m_constructionViewEquidistantModeEnabled = false;
     QString m_lastImportDirectory;

@@ -24,6 +24,7 @@ namespace {
 
 constexpr const char * ORGANISATION = "KOR";
 constexpr const char * DISPLAY_NAME = "Hygrion 6.1";
+constexpr const char * VIEW = "view"; ///< option
 constexpr int SPLASH_MS = 5000;
 constexpr int SHOW_DELAY_MS = 10;
 
@@ -53,6 +54,7 @@ void applyFontSize(const HygSettings & settings) {
 /// Takes over the arguments. What is wrong with them is handed back, and the program goes on without it.
 std::optional<KOR::Exception> parseArguments(KOR::ArgParser & parser, int argc, char * argv[]) {
     QtExt::Settings::addOptions(parser);
+    parser.addOption(0, VIEW, "Shows this view once the project is open.", "construction|simulation|results|...", "");
     parser.setAppName(DISPLAY_NAME);
     try {
         parser.parse(argc, argv);
@@ -142,6 +144,8 @@ int main(int argc, char * argv[]) {
         if (parser.handleDefaultFlags(std::cout))
             return 0;
         settings.applyCommandLine(parser);
+        if (parser.hasOption(VIEW))
+            settings.m_initialView = QString::fromStdString(parser.option(VIEW));
 
         const std::optional<KOR::Exception> directoryProblem = makeUserDataDirectory(settings);
 

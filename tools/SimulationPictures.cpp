@@ -6,6 +6,7 @@
 #include "results/HygResultsView.h"
 #include "results/HygTimeBar.h"
 #include "simulation/HygRunList.h"
+#include "simulation/HygRunLive.h"
 #include "simulation/HygSimulationRunRequestDialog.h"
 #include "simulation/HygSimulationView.h"
 #include "solverui/HygSolverWindow.h"
@@ -87,8 +88,7 @@ void drawSimulation(const Examples & examples, const QString & target, const QSt
     view.runs().at(0)->poll();
     view.show();
     view.selectRun(0);
-    auto * file = view.findChild<QComboBox *>(QStringLiteral("liveFile"));
-    file->setCurrentIndex(file->findText(QStringLiteral("Humidity field")));
+    view.live().choose({QStringLiteral("Humidity field"), QStringLiteral("Inner surface temperature")});
     QTest::qWait(1500); // the checks
     save(view, target + QStringLiteral("/simulation_run") + suffix);
     auto * tabs = view.findChild<QTabWidget *>(QStringLiteral("simulationTabs"));

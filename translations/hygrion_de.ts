@@ -819,6 +819,257 @@
     </message>
 </context>
 <context>
+    <name>HygCoreMessages</name>
+    <message>
+        <source>%1 of %2 cells have no material.</source>
+        <translation>%1 von %2 Zellen haben kein Material.</translation>
+    </message>
+    <message>
+        <source>The identification name is empty.</source>
+        <translation>Der Name ist leer.</translation>
+    </message>
+    <message>
+        <source>The identification name is not unique.</source>
+        <translation>Der Name ist mehrfach vergeben.</translation>
+    </message>
+    <message>
+        <source>File &apos;%1&apos; of &apos;%2&apos; does not exist.</source>
+        <translation>Die Datei „%1“ von „%2“ gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>Invalid material assignment &apos;%1&apos; with name &apos;%2&apos;. Check the ID names of your assignments!</source>
+        <translation>Die Zuweisung %1 nennt das Material „%2“, das es im Projekt nicht gibt.</translation>
+    </message>
+    <message>
+        <source>Boundary condition with id name &apos;%1&apos; referenced from interface &apos;%2&apos; is not defined.</source>
+        <translation>Die Randbedingung „%1“, die die Oberfläche „%2“ nennt, gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>Output grid with id name &apos;%1&apos; referenced from output file &apos;%2&apos; is not defined.</source>
+        <translation>Das Ausgaberaster „%1“, das die Ausgabedatei „%2“ nennt, gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>Climate condition with id name &apos;%1&apos; referenced from %2 &apos;%3&apos; is not defined.</source>
+        <translation>Die Klimabedingung „%1“, die „%3“ (%2) nennt, gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>%1 with id name &apos;%2&apos; referenced from assignment &apos;%3&apos; is not defined.</source>
+        <translation>„%2“ (%1), das die Zuweisung %3 nennt, gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>An index in the range &apos;%1&apos; in assignment &apos;%2&apos; is out of grid range.</source>
+        <translation>Der Bereich %1 der Zuweisung „%2“ liegt außerhalb des Gitters.</translation>
+    </message>
+    <message>
+        <source>%1Parameter &apos;%2&apos; is missing for kind &apos;%3&apos;.</source>
+        <translation>%1Der Parameter „%2“ fehlt, den die Art „%3“ braucht.</translation>
+    </message>
+    <message>
+        <source>%1Parameter &apos;%2&apos; is %3, it must be positive.</source>
+        <translation>%1Der Parameter „%2“ ist %3, er muss positiv sein.</translation>
+    </message>
+    <message>
+        <source>%1Parameter &apos;%2&apos; is %3, it must be positive, at most %4.</source>
+        <translation>%1Der Parameter „%2“ ist %3, er muss positiv und höchstens %4 sein.</translation>
+    </message>
+    <message>
+        <source>%1Parameter &apos;%2&apos; is %3, it must not be negative.</source>
+        <translation>%1Der Parameter „%2“ ist %3, er darf nicht negativ sein.</translation>
+    </message>
+    <message>
+        <source>%1Parameter &apos;%2&apos; is %3, it must be at least %4.</source>
+        <translation>%1Der Parameter „%2“ ist %3, er muss mindestens %4 sein.</translation>
+    </message>
+    <message>
+        <source>%1Parameter &apos;%2&apos; is %3, it must lie within %4..%5.</source>
+        <translation>%1Der Parameter „%2“ ist %3, er muss zwischen %4 und %5 liegen.</translation>
+    </message>
+    <message>
+        <source>Parameter &apos;%1&apos; (%2) must not exceed &apos;%3&apos; (%4).</source>
+        <translation>Der Parameter „%1“ (%2) darf „%3“ (%4) nicht überschreiten.</translation>
+    </message>
+    <message>
+        <source>Parameter &apos;%1&apos; of the interval must lie after its start.</source>
+        <translation>Der Parameter „%1“ des Zeitraums muss nach dessen Anfang liegen.</translation>
+    </message>
+    <message>
+        <source>Climate condition &apos;%1&apos; has no climate data file.</source>
+        <translation>Die Klimabedingung „%1“ nennt keine Klimadatei.</translation>
+    </message>
+    <message>
+        <source>Missing parameter in climate condition &apos;%1&apos;!</source>
+        <translation>In der Klimabedingung „%1“ fehlt ein Parameter!</translation>
+    </message>
+    <message>
+        <source>The project names no climate data file of its location.</source>
+        <translation>Das Projekt nennt keine Klimadatei seines Standorts.</translation>
+    </message>
+    <message>
+        <source>Climate data file &apos;%1&apos; cannot be read.</source>
+        <translation>Die Klimadatei „%1“ kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>Climate data file &apos;%1&apos; holds no values of quantity &apos;%2&apos;.</source>
+        <translation>Die Klimadatei „%1“ enthält keine Werte der Größe „%2“.</translation>
+    </message>
+    <message>
+        <source>Climate condition &apos;%1&apos; cannot be used.</source>
+        <translation>Die Klimabedingung „%1“ ist nicht verwendbar.</translation>
+    </message>
+    <message>
+        <source>Material &apos;%1&apos; lacks a function that the calculation needs.</source>
+        <translation>Dem Material „%1“ fehlt eine Funktion, die die Berechnung braucht.</translation>
+    </message>
+    <message>
+        <source>Material &apos;%1&apos; cannot be used for moisture transport.</source>
+        <translation>Mit dem Material „%1“ lässt sich kein Feuchtetransport berechnen.</translation>
+    </message>
+    <message>
+        <source>Quantity %1 belongs to sides, it cannot be assigned to elements.</source>
+        <translation>Die Größe %1 gehört zu Seiten, sie kann keinen Zellen zugewiesen werden.</translation>
+    </message>
+    <message>
+        <source>Quantity %1 belongs to elements, it cannot be assigned to sides.</source>
+        <translation>Die Größe %1 gehört zu Zellen, sie kann keinen Seiten zugewiesen werden.</translation>
+    </message>
+    <message>
+        <source>Error in output &apos;%1&apos;.</source>
+        <translation>Fehler in der Ausgabe „%1“.</translation>
+    </message>
+    <message>
+        <source>The interrupted run cannot be continued.</source>
+        <translation>Der unterbrochene Lauf kann nicht fortgesetzt werden.</translation>
+    </message>
+    <message>
+        <source>The run cannot start.</source>
+        <translation>Der Lauf kann nicht beginnen.</translation>
+    </message>
+    <message>
+        <source>Restart file &apos;%1&apos; cannot be used.</source>
+        <translation>Die Fortsetzungsdatei „%1“ ist nicht verwendbar.</translation>
+    </message>
+    <message>
+        <source>Grid, materials or balances of the project are no longer those of the interrupted run.</source>
+        <translation>Gitter, Materialien oder Bilanzen des Projekts sind nicht mehr die des unterbrochenen Laufs.</translation>
+    </message>
+    <message>
+        <source>The outputs of the project are no longer those of the interrupted run.</source>
+        <translation>Die Ausgaben des Projekts sind nicht mehr die des unterbrochenen Laufs.</translation>
+    </message>
+    <message>
+        <source>The block-tridiagonal solver is for one-dimensional constructions; choose another one.</source>
+        <translation>Der Löser für blocktridiagonale Gleichungen ist für eindimensionale Konstruktionen; wählen Sie einen anderen.</translation>
+    </message>
+    <message>
+        <source>Out of memory.</source>
+        <translation>Der Arbeitsspeicher reicht nicht.</translation>
+    </message>
+    <message>
+        <source>File &apos;%1&apos; doesn&apos;t exist.</source>
+        <translation>Die Datei „%1“ gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>Cannot write result file &apos;%1&apos;: %2</source>
+        <translation>Die Ergebnisdatei „%1“ kann nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>Cannot write file &apos;%1&apos;: %2</source>
+        <translation>Die Datei „%1“ kann nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>Cannot open file &apos;%1&apos;: %2</source>
+        <translation>Die Datei „%1“ kann nicht geöffnet werden: %2</translation>
+    </message>
+    <message>
+        <source>Cannot read file &apos;%1&apos;: %2</source>
+        <translation>Die Datei „%1“ kann nicht gelesen werden: %2</translation>
+    </message>
+    <message>
+        <source>Error reading DataIO file &apos;%1&apos;</source>
+        <translation>Fehler beim Lesen der Ergebnisdatei „%1“</translation>
+    </message>
+    <message>
+        <source>File format not recognized!</source>
+        <translation>Das Dateiformat wurde nicht erkannt.</translation>
+    </message>
+    <message>
+        <source>Error on reading binary header from file.</source>
+        <translation>Der Kopf der Binärdatei kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>The file has version %1, newer than %2 of this program.</source>
+        <translation>Die Datei hat die Version %1, neuer als %2 dieses Programms.</translation>
+    </message>
+    <message>
+        <source>material</source>
+        <translation>Material</translation>
+    </message>
+    <message>
+        <source>interface</source>
+        <translation>Oberfläche</translation>
+    </message>
+    <message>
+        <source>initial condition</source>
+        <translation>Anfangsbedingung</translation>
+    </message>
+    <message>
+        <source>field condition</source>
+        <translation>Feldbedingung</translation>
+    </message>
+    <message>
+        <source>contact condition</source>
+        <translation>Kontaktbedingung</translation>
+    </message>
+    <message>
+        <source>boundary condition</source>
+        <translation>Randbedingung</translation>
+    </message>
+    <message>
+        <source>climate condition</source>
+        <translation>Klimabedingung</translation>
+    </message>
+    <message>
+        <source>schedule</source>
+        <translation>Zeitplan</translation>
+    </message>
+    <message>
+        <source>output file</source>
+        <translation>Ausgabedatei</translation>
+    </message>
+    <message>
+        <source>output grid</source>
+        <translation>Ausgaberaster</translation>
+    </message>
+    <message>
+        <source>solution</source>
+        <translation>Lösung</translation>
+    </message>
+    <message>
+        <source>assignment</source>
+        <translation>Zuweisung</translation>
+    </message>
+    <message>
+        <source>assessment</source>
+        <translation>Bewertung</translation>
+    </message>
+    <message>
+        <source>Assignments</source>
+        <translation>Zuweisungen</translation>
+    </message>
+    <message>
+        <source>Discretization</source>
+        <translation>Diskretisierung</translation>
+    </message>
+    <message>
+        <source>Outputs</source>
+        <translation>Ausgaben</translation>
+    </message>
+    <message>
+        <source>Init</source>
+        <translation>Einstellungen</translation>
+    </message>
+</context>
+<context>
     <name>HygDiscretizationDialog</name>
     <message>
         <source>at both borders</source>
@@ -3283,6 +3534,29 @@
     </message>
 </context>
 <context>
+    <name>HygMeasuredData</name>
+    <message>
+        <source>Line %1 has more than %2 columns.</source>
+        <translation>Zeile %1 hat mehr als %2 Spalten.</translation>
+    </message>
+    <message>
+        <source>Line %1 has one column only.</source>
+        <translation>Zeile %1 hat nur eine Spalte.</translation>
+    </message>
+    <message>
+        <source>Line %1: &apos;%2&apos; is no time.</source>
+        <translation>Zeile %1: „%2“ ist keine Zeit.</translation>
+    </message>
+    <message>
+        <source>Line %1: time goes back.</source>
+        <translation>Zeile %1: Die Zeit läuft rückwärts.</translation>
+    </message>
+    <message>
+        <source>The file holds no values.</source>
+        <translation>Die Datei enthält keine Werte.</translation>
+    </message>
+</context>
+<context>
     <name>HygMessageBar</name>
     <message>
         <source>Close this message</source>
@@ -4182,6 +4456,14 @@
         <source>, above %1: %2 %</source>
         <translation>, über %1: %2 %</translation>
     </message>
+    <message>
+        <source>Not everything can be shown.</source>
+        <translation>Nicht alles kann gezeigt werden.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read to its end.</source>
+        <translation>%1 kann nicht bis zum Ende gelesen werden.</translation>
+    </message>
 </context>
 <context>
     <name>HygResultFile</name>
@@ -4196,6 +4478,14 @@
     <message>
         <source>The geometry file &apos;%1&apos; is not the one that these results were calculated with (hash %2 instead of %3); places may be wrong.</source>
         <translation>Die Geometriedatei „%1“ ist nicht die, mit der diese Ergebnisse gerechnet wurden (Prüfsumme %2 statt %3); die Orte können falsch sein.</translation>
+    </message>
+    <message>
+        <source>The results do not fit to their geometry; places are unknown.</source>
+        <translation>Die Ergebnisse passen nicht zu ihrer Geometrie; die Orte sind unbekannt.</translation>
+    </message>
+    <message>
+        <source>The geometry file &apos;%1&apos; cannot be read; places are unknown.</source>
+        <translation>Die Geometriedatei „%1“ kann nicht gelesen werden; die Orte sind unbekannt.</translation>
     </message>
 </context>
 <context>
@@ -4223,6 +4513,14 @@
     <message>
         <source>Choose a file to show it; tick several to show them in one chart.</source>
         <translation>Wählen Sie eine Datei, um sie zu zeigen; haken Sie mehrere an, um sie in einem Diagramm zu zeigen.</translation>
+    </message>
+    <message>
+        <source>This file cannot be read; it may be cut off, of another version, or no result file at all.</source>
+        <translation>Diese Datei kann nicht gelesen werden; sie ist abgeschnitten, von einer anderen Version oder gar keine Ergebnisdatei.</translation>
+    </message>
+    <message>
+        <source>cannot be read</source>
+        <translation>nicht lesbar</translation>
     </message>
 </context>
 <context>
@@ -4294,12 +4592,6 @@
     <message>
         <source>Hygrion projects (*.h6p)</source>
         <translation>Hygrion-Projekte (*.h6p)</translation>
-    </message>
-    <message>
-        <source>The table &apos;%1&apos; cannot be read:
-%2</source>
-        <translation>Die Tabelle „%1“ kann nicht gelesen werden:
-%2</translation>
     </message>
     <message>
         <source>Export</source>
@@ -4465,6 +4757,34 @@
         <source>A value in the unit shown; a line is drawn there and the share above it is told</source>
         <translation>Ein Wert in der gezeigten Einheit; dort wird eine Linie gezogen und der Anteil darüber genannt</translation>
     </message>
+    <message>
+        <source>%1 cannot be read.</source>
+        <translation>%1 kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>The table &apos;%1&apos; cannot be read:</source>
+        <translation>Die Tabelle „%1“ kann nicht gelesen werden:</translation>
+    </message>
+    <message>
+        <source>The file could not be written. Is there room on the disk, and may files be written in this directory?</source>
+        <translation>Die Datei konnte nicht geschrieben werden. Ist auf dem Datenträger Platz, und darf in diesem Verzeichnis geschrieben werden?</translation>
+    </message>
+    <message>
+        <source>The layouts could not be saved beside the results.</source>
+        <translation>Die Ansichten konnten nicht neben den Ergebnissen gespeichert werden.</translation>
+    </message>
+    <message>
+        <source>plane across %1</source>
+        <translation>Ebene quer zu %1</translation>
+    </message>
+    <message>
+        <source>How the plane that is shown lies in the construction</source>
+        <translation>Wie die gezeigte Ebene in der Konstruktion liegt</translation>
+    </message>
+    <message>
+        <source>Which plane of the construction is shown</source>
+        <translation>Welche Ebene der Konstruktion gezeigt wird</translation>
+    </message>
 </context>
 <context>
     <name>HygRunList</name>
@@ -4548,10 +4868,6 @@
         <translation>Gezeigt:</translation>
     </message>
     <message>
-        <source>Result file of the run that is shown as it grows</source>
-        <translation>Ergebnisdatei des Laufs, die gezeigt wird, während sie wächst</translation>
-    </message>
-    <message>
         <source>over time</source>
         <translation>über die Zeit</translation>
     </message>
@@ -4559,12 +4875,39 @@
         <source>The course of the first place instead of all places at the newest time</source>
         <translation>Der Verlauf an der ersten Stelle statt aller Stellen zur neuesten Zeit</translation>
     </message>
+    <message>
+        <source>no results yet</source>
+        <translation>noch keine Ergebnisse</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files</source>
+        <translation>
+            <numerusform>%n Datei</numerusform>
+            <numerusform>%n Dateien</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Result files of the run that are shown as they grow, up to %1 at once</source>
+        <translation>Ergebnisdateien des Laufs, die gezeigt werden, während sie wachsen, bis zu %1 zugleich</translation>
+    </message>
 </context>
 <context>
     <name>HygRunMonitor</name>
     <message>
         <source>The solver ended without a word: it crashed, was ended from outside, or the machine was switched off. If there is a restart file, the run can be continued.</source>
         <translation>Der Löser endete wortlos: Er ist abgestürzt, wurde von außen beendet, oder der Rechner wurde ausgeschaltet. Gibt es eine Fortsetzungsdatei, kann der Lauf fortgesetzt werden.</translation>
+    </message>
+    <message>
+        <source>The solver ended with an error at %1 d.</source>
+        <translation>Der Lauf endete bei %1 d mit einem Fehler.</translation>
+    </message>
+    <message>
+        <source>The solver could not begin: something in the project, its materials or its climate cannot be calculated.</source>
+        <translation>Der Lauf konnte nicht beginnen: Etwas im Projekt, in seinen Materialien oder seinem Klima lässt sich nicht berechnen.</translation>
+    </message>
+    <message>
+        <source>The solver cannot calculate the project as it is.</source>
+        <translation>So, wie das Projekt ist, kann es nicht berechnet werden.</translation>
     </message>
 </context>
 <context>

@@ -111,6 +111,16 @@
     </message>
 </context>
 <context>
+    <name>HygRunLive</name>
+    <message numerus="yes">
+        <source>%n files</source>
+        <translation>
+            <numerusform>%n file</numerusform>
+            <numerusform>%n files</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>HygSimulationChecks</name>
     <message numerus="yes">
         <source>Checks: %n error(s) would stop the run</source>

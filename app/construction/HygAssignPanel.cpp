@@ -16,6 +16,7 @@
 #include <QSignalBlocker>
 #include <QToolButton>
 #include <QTreeWidget>
+#include <QTreeWidgetItemIterator>
 
 #include <algorithm>
 #include <map>
@@ -238,6 +239,16 @@ void HygAssignPanel::filter() {
         if (!words.isEmpty())
             group.setExpanded(true);
     }
+}
+
+void HygAssignPanel::choose(const QString & name) {
+    m_search->clear(); // which may hide it
+    for (QTreeWidgetItemIterator item(m_tree); *item != nullptr; ++item)
+        if ((*item)->data(0, NameRole).toString() == name) {
+            m_tree->setCurrentItem(*item);
+            m_tree->setFocus();
+            return;
+        }
 }
 
 std::vector<location_t> HygAssignPanel::surfaces() const {

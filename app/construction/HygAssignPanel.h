@@ -27,6 +27,8 @@ public:
     void updateDefinitions();
     /// The selection has changed.
     void updateSelection();
+    /// Makes a definition or material the current entry.
+    void choose(const QString & name);
     /// Assigns a definition, or a material of the database, to blocks of cells.
     void assign(HYGRION::Assignment::type_t type, const QString & name, const std::vector<HYGRION::Range> & blocks,
                 HYGRION::Assignment::location_t side);

@@ -103,6 +103,21 @@ std::vector<std::size_t> HygAssignmentPanel::chosen() const {
     return rows;
 }
 
+void HygAssignmentPanel::choose(const std::vector<std::size_t> & indices) {
+    m_search->clear(); // which may hide them
+    QItemSelection rows;
+    for (const std::size_t index : indices) {
+        const QModelIndex row = m_proxy->mapFromSource(m_model->index(static_cast<int>(index), 0));
+        rows.select(row, row);
+    }
+    m_table->selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    if (!rows.isEmpty()) {
+        m_table->scrollTo(rows.first().topLeft());
+        m_table->setFocus();
+    }
+    find();
+}
+
 void HygAssignmentPanel::highlight() {
     std::vector<HYGRION::Range> ranges;
     const HygConstructionScene & scene = m_canvas.scene();

@@ -18,6 +18,8 @@ public:
     HygAssignmentPanel(HygConstructionEditor & editor, HygConstructionCanvas & canvas, QWidget * parent = nullptr);
 
     void updateAssignments();
+    /// Chooses assignments by their indices and goes to them in the drawing.
+    void choose(const std::vector<std::size_t> & indices);
 
 signals:
     /// The plane in which the drawing has to be for what was looked for.

@@ -5,6 +5,7 @@
 #include "construction/HygAssignPanel.h"
 #include "construction/HygAssignmentPanel.h"
 #include "construction/HygConstructionHints.h"
+#include "construction/HygConstructionPlaces.h"
 #include "construction/HygConstructionStart.h"
 #include "construction/HygDiscretizationDialog.h"
 #include "construction/HygGridRuler.h"
@@ -511,6 +512,28 @@ void HygConstructionView::updateHints() {
             for (const Range & range : hint.ranges)
                 scene.marks.push_back({range, hint.side});
     m_canvas->viewport()->update();
+}
+
+void HygConstructionView::showPlace(const QString & place) {
+    const HygConstructionScene & scene = m_canvas->scene();
+    if (scene.project == nullptr)
+        return;
+    if (place == QLatin1String("Assignments")) {
+        for (const HygConstructionHint & hint : HygConstructionHint::find(scene))
+            if (hint.kind == HygConstructionHint::NoMaterial && !hint.ranges.empty()) {
+                m_canvas->select(hint.ranges);
+                m_canvas->ensureVisible(hint.ranges.front());
+                m_panels->setCurrentWidget(m_assignPanel);
+            }
+        return;
+    }
+    if (const auto concerned = HygConstructionPlaces::assignmentsOf(*scene.project, place); !concerned.empty()) {
+        m_panels->setCurrentWidget(m_assignmentPanel);
+        m_assignmentPanel->choose(concerned);
+    } else if (const auto definition = HygConstructionPlaces::definitionOf(*scene.project, place)) {
+        m_panels->setCurrentWidget(m_assignPanel); // it is nowhere yet
+        m_assignPanel->choose(QString::fromStdString(definition->name));
+    }
 }
 
 void HygConstructionView::insertCells(unsigned int dir, bool isAfter) {

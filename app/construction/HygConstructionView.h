@@ -37,6 +37,10 @@ public:
     HygConstructionCanvas & canvas() { return *m_canvas; }
     HygConstructionEditor & editor() { return *m_editor; }
 
+public slots:
+    /// Selects what a check of the project names: the cells of an assignment, of a definition those it acts on.
+    void showPlace(const QString & place);
+
 protected:
     void changeEvent(QEvent * event) override;
     void showEvent(QShowEvent * event) override;

@@ -56,6 +56,10 @@ std::pair<QString, QString> heading(const QString & text) {
     return match.hasMatch() ? std::pair(match.captured(1), match.captured(2)) : std::pair(text.trimmed(), QString());
 }
 
+[[noreturn]] void refuse(const QString & story) {
+    throw KOR::Exception(story.toStdString(), WHERE);
+}
+
 } // namespace
 
 HygMeasuredData HygMeasuredData::read(const QString & path, int startYear) {
@@ -75,7 +79,7 @@ HygMeasuredData HygMeasuredData::read(const QString & path, int startYear) {
             separator = separatorOf(line);
         const QStringList cells = line.split(separator);
         if (isFirst && cells.size() > MAX_COLUMNS)
-            throw KOR::Exception(KOR::text("Line %1 has more than %2 columns.", lineNumber, MAX_COLUMNS), WHERE);
+            refuse(tr("Line %1 has more than %2 columns.").arg(lineNumber).arg(MAX_COLUMNS));
         std::optional<double> time = number(cells[0], separator);
         const bool isNumber = time.has_value();
         if (!isNumber)
@@ -86,7 +90,7 @@ HygMeasuredData HygMeasuredData::read(const QString & path, int startYear) {
                                         time ? QString() : heading(cells[i]).second,
                                         {}});
             if (data.columns.empty())
-                throw KOR::Exception(KOR::text("Line %1 has one column only.", lineNumber), WHERE);
+                refuse(tr("Line %1 has one column only.").arg(lineNumber));
             if (!time) {
                 if (const QString unit = heading(cells[0]).second; !unit.isEmpty()) {
                     secondsPerUnit = 1;
@@ -96,16 +100,16 @@ HygMeasuredData HygMeasuredData::read(const QString & path, int startYear) {
             }
         }
         if (!time)
-            throw KOR::Exception(KOR::text("Line %1: '%2' is no time.", lineNumber, cells[0].toStdString()), WHERE);
+            refuse(tr("Line %1: '%2' is no time.").arg(lineNumber).arg(cells[0]));
         const double seconds = isNumber ? *time * secondsPerUnit : *time;
         if (!data.times.empty() && seconds < data.times.back())
-            throw KOR::Exception(KOR::text("Line %1: time goes back.", lineNumber), WHERE);
+            refuse(tr("Line %1: time goes back.").arg(lineNumber));
         data.times.push_back(seconds);
         for (std::size_t i = 0; i < data.columns.size(); ++i)
             data.columns[i].values.push_back(number(cells.value(static_cast<int>(i) + 1), separator)
                                                  .value_or(std::numeric_limits<double>::quiet_NaN()));
     }
     if (data.times.empty())
-        throw KOR::Exception("The file holds no values.", WHERE);
+        refuse(tr("The file holds no values."));
     return data;
 }

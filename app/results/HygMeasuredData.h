@@ -1,11 +1,14 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 
 #include <vector>
 
 /// Measured values from a text table, to lie over computed courses.
 struct HygMeasuredData {
+    Q_DECLARE_TR_FUNCTIONS(HygMeasuredData)
+public:
     struct Column {
         QString name;
         QString unit;               ///< KOR unit out of the heading, "Temperature [C]"; empty: that of the chart

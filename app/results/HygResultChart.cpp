@@ -1,5 +1,6 @@
 #include "HygResultChart.h"
 
+#include "HygCoreMessages.h"
 #include "HygResultStatistics.h"
 
 #include <CCM/ReferenceYear.h>
@@ -170,7 +171,7 @@ void HygResultChart::rebuild() {
         else
             showTime();
     } catch (const KOR::Exception & ex) {
-        complain(QString::fromUtf8(ex.what()));
+        complain(HygCoreMessages::told(tr("Not everything can be shown."), QString::fromUtf8(ex.what())));
     }
     m_chart->showAll();
     showLimit();
@@ -318,7 +319,7 @@ void HygResultChart::takeCourse(int generation, std::size_t index, bool isLast, 
         --m_pending;
     Drawn & drawn = m_drawn[index];
     if (!series.problem.isEmpty())
-        complain(series.problem);
+        complain(HygCoreMessages::told(tr("%1 cannot be read to its end.").arg(drawn.file->name()), series.problem));
     drawn.line->xs = series.times;
     drawn.line->ys = series.values;
     try {
@@ -335,7 +336,7 @@ void HygResultChart::takeCourse(int generation, std::size_t index, bool isLast, 
             convertAll(drawn.file->valueUnit(), drawn.unit, drawn.line->ys);
         }
     } catch (const KOR::Exception & ex) {
-        complain(QString::fromUtf8(ex.what()));
+        complain(HygCoreMessages::told(tr("Not everything can be shown."), QString::fromUtf8(ex.what())));
     }
     m_chart->dataChanged(drawn.id);
     m_chart->showAll();
@@ -405,7 +406,7 @@ void HygResultChart::addLayers() {
 
 void HygResultChart::buildField() {
     const auto file = m_files[0];
-    m_field = std::make_shared<Field>(*file);
+    m_field = std::make_shared<Field>(*file, m_options.normal, m_options.plane);
     constexpr const char * NAMES[] = {"x", "y", "z"};
     m_chart->setAxis(SCI::X_BOTTOM,
                      {QLatin1String(NAMES[m_field->plane.horizontal]), QStringLiteral("m"), QStringLiteral("mm")});
@@ -430,7 +431,7 @@ void HygResultChart::buildField() {
         if (m_options.hasArrows && !m_arrowFile && other->header().type == DATAIO::DataHeader::FLUX &&
             other->format() == file->format() && other->valueCount() == other->header().indices.size()) {
             m_arrowFile = other;
-            m_arrows = std::make_shared<Arrows>(*other);
+            m_arrows = std::make_shared<Arrows>(*other, m_options.normal, m_options.plane);
             m_arrows->setValues(other->values(0));
             SCI::VectorStyle arrows;
             arrows.title = other->name();
@@ -541,7 +542,7 @@ void HygResultChart::setTime(double seconds) {
     try {
         showTime();
     } catch (const KOR::Exception & ex) {
-        complain(QString::fromUtf8(ex.what()));
+        complain(HygCoreMessages::told(tr("Not everything can be shown."), QString::fromUtf8(ex.what())));
     }
     emit shown();
 }
@@ -616,7 +617,7 @@ bool HygResultChart::refresh() {
         for (const auto & file : m_files)
             isMore = file->update() || isMore;
     } catch (const KOR::Exception & ex) {
-        complain(QString::fromUtf8(ex.what()));
+        complain(HygCoreMessages::told(tr("Not everything can be shown."), QString::fromUtf8(ex.what())));
     }
     if (!isMore)
         return false;

@@ -25,6 +25,8 @@ public:
         std::size_t place = 0;   ///< index of the value whose course is shown
         QString unit;            ///< of the first file's values; empty: as in the file
         bool hasDates = false;   ///< times as dates
+        int normal = 2;          ///< of volumes: direction of the grid that the plane lies across
+        std::size_t plane = 0;   ///< of volumes: cell in that direction
         bool isSmooth = false;   ///< of fields
         bool hasIsolines = false;
         bool hasArrows = true;

@@ -3,9 +3,6 @@
 #include <KOR/Exception.h>
 #include <KOR/UnitList.h>
 
-#include <QCoreApplication>
-#include <QDateTime>
-#include <QDir>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -19,26 +16,6 @@ constexpr std::size_t CHUNK = (4 << 20);  ///< [bytes] that are read at once
 constexpr quint64 SMALL_FILE = 4 << 20;   ///< [bytes]
 constexpr std::size_t WIDE_RECORD = 4096; ///< [bytes]
 constexpr const char * WHERE = "[HygResultFile]";
-
-/// Geometries that are in use, so that the files of a run share one.
-std::shared_ptr<const DATAIO::GeoFile> sharedGeometry(const QString & path) {
-    struct Entry {
-        QString path;
-        QDateTime changed;
-        std::weak_ptr<const DATAIO::GeoFile> geometry;
-    };
-    static std::vector<Entry> entries; // of the GUI thread
-    const QDateTime changed = QFileInfo(path).lastModified();
-    std::erase_if(entries, [](const Entry & entry) { return entry.geometry.expired(); });
-    for (const Entry & entry : entries)
-        if (entry.path == path && entry.changed == changed)
-            if (auto known = entry.geometry.lock())
-                return known;
-    auto geometry = std::make_shared<DATAIO::GeoFile>();
-    geometry->read(path.toStdString());
-    entries.push_back({path, changed, geometry});
-    return geometry;
-}
 
 double secondsPer(const std::string & unit) {
     double value = 1;
@@ -57,7 +34,8 @@ HygResultFile::HygResultFile(const QString & path) : m_path(path) {
         try {
             m_format = m_data.determineDataFormat(m_geometry.get());
         } catch (const KOR::Exception & ex) {
-            m_geometryProblem = QString::fromStdString(ex.cause());
+            m_geometryProblem = tr("The results do not fit to their geometry; places are unknown.") + '\n' +
+                                QString::fromStdString(ex.cause());
             m_geometry.reset();
         }
     }
@@ -73,39 +51,30 @@ void HygResultFile::open(DATAIO::DataIO & data, const QString & path) {
 }
 
 void HygResultFile::findGeometry() {
-    if (m_data.embeddedGeometry()) {
-        m_geometry = std::make_shared<DATAIO::GeoFile>(*m_data.embeddedGeometry());
-        return;
-    }
+    const DATAIO::Geometry found = DATAIO::geometryOf(m_data);
+    m_geometry = found.grid;
     const QString name = QString::fromStdString(header().geoFile);
-    if (name.isEmpty()) {
-        m_geometryProblem = QCoreApplication::translate("HygResultFile", "The file names no geometry file.");
-        return;
-    }
-    const QDir folder = QFileInfo(m_path).dir();
-    QString found;
-    // The directory may have been moved or copied with its files; outputs of a grid lie one deeper.
-    for (const QString & candidate : {folder.filePath(name), folder.filePath(QFileInfo(name).fileName()),
-                                      folder.filePath("../" + QFileInfo(name).fileName())})
-        if (found.isEmpty() && QFileInfo(candidate).isFile())
-            found = QFileInfo(candidate).canonicalFilePath();
-    if (found.isEmpty()) {
-        m_geometryProblem =
-            QCoreApplication::translate("HygResultFile", "The geometry file '%1' is missing; places are unknown.")
-                .arg(name);
-        return;
-    }
-    try {
-        m_geometry = sharedGeometry(found);
-        if (m_geometry->hash() != header().geoFileHash)
-            m_geometryProblem = QCoreApplication::translate(
-                                    "HygResultFile", "The geometry file '%1' is not the one that these results were "
-                                                     "calculated with (hash %2 instead of %3); places may be wrong.")
-                                    .arg(name)
-                                    .arg(m_geometry->hash())
-                                    .arg(header().geoFileHash);
-    } catch (const KOR::Exception & ex) {
-        m_geometryProblem = QString::fromUtf8(ex.what());
+    switch (found.state) {
+    case DATAIO::Geometry::WITHIN:
+    case DATAIO::Geometry::BESIDE:
+        break;
+    case DATAIO::Geometry::CHANGED:
+        m_geometryProblem = tr("The geometry file '%1' is not the one that these results were calculated with (hash %2 "
+                               "instead of %3); places may be wrong.")
+                                .arg(name)
+                                .arg(m_geometry->hash())
+                                .arg(header().geoFileHash);
+        break;
+    case DATAIO::Geometry::UNNAMED:
+        m_geometryProblem = tr("The file names no geometry file.");
+        break;
+    case DATAIO::Geometry::MISSING:
+        m_geometryProblem = tr("The geometry file '%1' is missing; places are unknown.").arg(name);
+        break;
+    case DATAIO::Geometry::UNREADABLE:
+        m_geometryProblem = tr("The geometry file '%1' cannot be read; places are unknown.").arg(name) + '\n' +
+                            QString::fromStdString(found.problem);
+        break;
     }
 }
 

@@ -1,9 +1,10 @@
 #pragma once
 
-#include <DATAIO/DataIO.h>
+#include <DATAIO/Geometry.h>
 
 #include <KOR/Unit.h>
 
+#include <QCoreApplication>
 #include <QString>
 
 #include <array>
@@ -14,6 +15,7 @@
 
 /// A result file with the geometry that it belongs to. Records are read when they are asked for; few are kept.
 class HygResultFile {
+    Q_DECLARE_TR_FUNCTIONS(HygResultFile)
 public:
     using Format = DATAIO::DataIO::dataFormat_t;
 

@@ -57,6 +57,8 @@ QJsonObject HygResultLayout::toJson() const {
         {"time_s",      time                                   },
         {"unit",        options.unit                           },
         {"place",       static_cast<double>(options.place)     },
+        {"planeAcross", options.normal                         },
+        {"plane",       static_cast<double>(options.plane)     },
         {"cut",         static_cast<int>(options.cut)          },
         {"cutPlace",    options.cutPlace                       }
     };
@@ -76,6 +78,8 @@ HygResultLayout HygResultLayout::fromJson(const QJsonObject & json) {
     Options & options = layout.options;
     options.unit = json["unit"].toString();
     options.place = static_cast<std::size_t>(std::max(0.0, json["place"].toDouble()));
+    options.normal = std::clamp(json["planeAcross"].toInt(options.normal), 0, 2);
+    options.plane = static_cast<std::size_t>(std::max(0.0, json["plane"].toDouble()));
     options.cut = static_cast<HygResultChart::cut_t>(
         std::clamp<int>(json["cut"].toInt(), HygResultChart::NoCut, HygResultChart::AlongY));
     options.cutPlace = std::clamp(json["cutPlace"].toDouble(options.cutPlace), 0.0, 1.0);

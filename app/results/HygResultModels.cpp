@@ -1,5 +1,6 @@
 #include "HygResultModels.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace HygResultModels {
@@ -23,20 +24,20 @@ double between(const std::vector<double> & record, std::size_t lower, std::size_
 
 } // namespace
 
-Plane::Plane(const HygResultFile & file) {
+Plane::Plane(const HygResultFile & file, int normal, std::size_t plane) {
     using Format = DATAIO::DataIO::dataFormat_t;
-    if (file.format() == Format::PLANE_XZ)
-        vertical = 2;
-    if (file.format() == Format::PLANE_YZ) {
-        horizontal = 1;
-        vertical = 2;
-    }
+    const bool isVolume = file.format() == Format::VOLUME;
+    const int depth = isVolume                            ? std::clamp(normal, 0, 2)
+                      : file.format() == Format::PLANE_XZ ? 1
+                      : file.format() == Format::PLANE_YZ ? 0
+                                                          : 2;
+    horizontal = depth == 0 ? 1 : 0;
+    vertical = depth == 2 ? 1 : 2;
     const DATAIO::GeoFile & geometry = *file.geometry();
     xEdges = geometry.boundaries(horizontal);
     yEdges = geometry.boundaries(vertical);
     xCentres = geometry.centres(horizontal);
     yCentres = geometry.centres(vertical);
-    const int depth = 3 - horizontal - vertical;
     const std::size_t size = columns() * rows();
     const bool isFlux = file.header().type == DATAIO::DataHeader::FLUX;
     if (isFlux)
@@ -44,11 +45,12 @@ Plane::Plane(const HygResultFile & file) {
             faces.assign(size, NOTHING);
     else
         ofCell.assign(size, NOTHING);
-    const auto first = file.cell(0)[static_cast<std::size_t>(depth)];
+    const auto shown =
+        isVolume ? std::min(plane, geometry.centres(depth).size() - 1) : file.cell(0)[static_cast<std::size_t>(depth)];
     for (std::size_t i = 0; i < file.valueCount(); ++i) {
         const auto cell = file.cell(i);
-        if (cell[static_cast<std::size_t>(depth)] != first)
-            continue; // another plane of a volume
+        if (cell[static_cast<std::size_t>(depth)] != shown)
+            continue;
         const std::size_t column = cell[static_cast<std::size_t>(horizontal)];
         const std::size_t row = cell[static_cast<std::size_t>(vertical)];
         if (column >= columns() || row >= rows())

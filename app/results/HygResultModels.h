@@ -22,8 +22,9 @@ struct Line : SCI::PointModel {
 
 /// Where the values of a file lie in a plane of the grid.
 struct Plane {
-    /// \param file with geometry; of a volume the plane in front
-    explicit Plane(const HygResultFile & file);
+    /// \param file with geometry
+    /// \param normal, plane of a volume: the direction across the plane, and the cell in that direction
+    Plane(const HygResultFile & file, int normal, std::size_t plane);
 
     int horizontal = 0, vertical = 1;       ///< directions of the grid
     std::vector<double> xEdges, yEdges;     ///< [m]
@@ -39,7 +40,7 @@ struct Plane {
 
 /// A field at a time.
 struct Field : SCI::GridModel {
-    explicit Field(const HygResultFile & file) : plane(file) {}
+    explicit Field(const HygResultFile & file, int normal = 2, std::size_t index = 0) : plane(file, normal, index) {}
     /// \param record the file's values; of fluxes their amounts are shown
     void setValues(const std::vector<double> & record);
 
@@ -55,7 +56,7 @@ struct Field : SCI::GridModel {
 
 /// Fluxes at a time, one arrow a cell.
 struct Arrows : SCI::VectorModel {
-    explicit Arrows(const HygResultFile & file) : plane(file) {}
+    explicit Arrows(const HygResultFile & file, int normal = 2, std::size_t index = 0) : plane(file, normal, index) {}
     void setValues(const std::vector<double> & record);
 
     std::size_t count() const override { return xParts.size(); }

@@ -1,5 +1,6 @@
 #include "HygResultTree.h"
 
+#include "HygCoreMessages.h"
 #include "HygIconEngine.h"
 #include "results/HygResultFile.h"
 
@@ -26,14 +27,15 @@ constexpr int MAX_FILES = 2000;
 struct Description {
     QDateTime changed;
     QString text;
-    bool isBroken = false;
+    QString story; ///< why it cannot be read; empty if it can
+    bool isBroken() const { return !story.isEmpty(); }
 };
 
 const Description & describe(const QFileInfo & file) {
     static QHash<QString, Description> known; // of the GUI thread
     Description & description = known[file.filePath()];
-    const bool isSame =
-        description.changed == file.lastModified() || (!description.isBroken && file.suffix() == QLatin1String("h6o"));
+    const bool isSame = description.changed == file.lastModified() ||
+                        (!description.isBroken() && file.suffix() == QLatin1String("h6o"));
     if (!description.text.isEmpty() && isSame)
         return description;
     description.changed = file.lastModified();
@@ -41,10 +43,13 @@ const Description & describe(const QFileInfo & file) {
         DATAIO::DataIO data;
         HygResultFile::open(data, file.filePath());
         description.text = QString::fromStdString(data.header().quantity + " [" + data.header().valueUnit + ']');
-        description.isBroken = false;
+        description.story.clear();
     } catch (const KOR::Exception & ex) {
-        description.text = QString::fromStdString(ex.cause());
-        description.isBroken = true;
+        description.story =
+            HygCoreMessages::told(HygResultTree::tr("This file cannot be read; it may be cut off, of another "
+                                                    "version, or no result file at all."),
+                                  QString::fromStdString(ex.cause()));
+        description.text = HygResultTree::tr("cannot be read");
     }
     return description;
 }
@@ -129,8 +134,8 @@ void HygResultTree::addRoot(const QString & directory, const QString & title) {
         auto * item = new QTreeWidgetItem(root, {name, description.text});
         item->setData(0, PATH, path);
         item->setToolTip(0, QDir::toNativeSeparators(path));
-        item->setToolTip(1, description.text);
-        if (description.isBroken) {
+        item->setToolTip(1, description.isBroken() ? description.story : description.text);
+        if (description.isBroken()) {
             item->setIcon(
                 1, HygIconEngine::icon(QStringLiteral("error"), QtExt::Palette::color(QtExt::Palette::ERROR_TEXT)));
             item->setFlags(Qt::ItemIsEnabled);

@@ -1,6 +1,7 @@
 #include "HygResultsView.h"
 
 #include "HygAnimation.h"
+#include "HygCoreMessages.h"
 #include "HygIconEngine.h"
 #include "HygResultTree.h"
 #include "HygTimeBar.h"
@@ -38,6 +39,7 @@ using Options = HygResultChart::Options;
 
 constexpr int FOLLOW_MS = 1000;
 constexpr int CUT_STEPS = 1000;
+constexpr double MM = 1000;
 constexpr int MAX_FRAMES = 2000;
 constexpr QSize FRAME_SIZE{960, 640};
 constexpr QSize PICTURE_SIZE{1200, 800};
@@ -74,7 +76,8 @@ HygResultsView::HygResultsView(HygProjectHandler * projects)
       m_timeBar(new HygTimeBar(this)), m_addFolder(new QToolButton(this)), m_addProject(new QToolButton(this)),
       m_removeFolder(new QToolButton(this)), m_measured(new QToolButton(this)), m_export(new QToolButton(this)),
       m_layouts(new QToolButton(this)), m_mode(new QComboBox(this)), m_unit(new QComboBox(this)),
-      m_place(new QSpinBox(this)), m_placeText(new QLabel(this)), m_cut(new QComboBox(this)),
+      m_place(new QSpinBox(this)), m_placeText(new QLabel(this)), m_normal(new QComboBox(this)),
+      m_plane(new QSlider(Qt::Horizontal, this)), m_planeText(new QLabel(this)), m_cut(new QComboBox(this)),
       m_cutPlace(new QSlider(Qt::Horizontal, this)), m_threshold(new QLineEdit(this)), m_statistics(new QLabel(this)),
       m_problems(new QLabel(this)), m_timer(new QTimer(this)) {
     setObjectName(QStringLiteral("HygResultsView"));
@@ -155,23 +158,28 @@ QWidget * HygResultsView::makeOptions() {
     lines->addLayout(first);
     lines->addLayout(second);
     const std::pair<QWidget *, const char *> names[] = {
-        {m_mode,       "chartMode" },
-        {m_unit,       "unit"      },
-        {m_place,      "place"     },
-        {m_placeText,  "placeText" },
-        {m_cut,        "cut"       },
-        {m_cutPlace,   "cutPlace"  },
-        {m_threshold,  "threshold" },
-        {m_measured,   "measured"  },
-        {m_export,     "export"    },
-        {m_layouts,    "layouts"   },
-        {m_statistics, "statistics"},
-        {m_problems,   "problems"  },
+        {m_mode,       "chartMode"  },
+        {m_unit,       "unit"       },
+        {m_place,      "place"      },
+        {m_placeText,  "placeText"  },
+        {m_normal,     "planeAcross"},
+        {m_plane,      "planeSlider"},
+        {m_planeText,  "planeText"  },
+        {m_cut,        "cut"        },
+        {m_cutPlace,   "cutPlace"   },
+        {m_threshold,  "threshold"  },
+        {m_measured,   "measured"   },
+        {m_export,     "export"     },
+        {m_layouts,    "layouts"    },
+        {m_statistics, "statistics" },
+        {m_problems,   "problems"   },
     };
     for (const auto & [widget, name] : names)
         widget->setObjectName(QLatin1String(name));
     m_mode->addItems({QString(), QString()});
     m_cut->addItems({QString(), QString(), QString()});
+    m_normal->addItems({QString(), QString(), QString()});
+    m_plane->setMinimumWidth(120);
     m_place->setKeyboardTracking(false);
     m_cutPlace->setRange(0, CUT_STEPS);
     m_cutPlace->setMinimumWidth(120);
@@ -193,7 +201,8 @@ QWidget * HygResultsView::makeOptions() {
         connect(flag, &QCheckBox::toggled, this, &HygResultsView::takeOptions);
     }
     first->addStretch(1);
-    for (QWidget * widget : std::initializer_list<QWidget *>{m_place, m_placeText, m_cut, m_cutPlace})
+    for (QWidget * widget :
+         std::initializer_list<QWidget *>{m_place, m_placeText, m_normal, m_plane, m_planeText, m_cut, m_cutPlace})
         second->addWidget(widget);
     second->addStretch(1);
     const std::pair<QToolButton *, const char *> tools[] = {
@@ -217,9 +226,10 @@ QWidget * HygResultsView::makeOptions() {
         loadMeasured(QFileDialog::getOpenFileName(this, tr("Measured values"), m_outputDirectory,
                                                   tr("Tables (*.csv *.txt *.tsv);;All files (*)")));
     });
-    for (QComboBox * box : {m_mode, m_unit, m_cut})
+    for (QComboBox * box : {m_mode, m_unit, m_normal, m_cut})
         connect(box, qOverload<int>(&QComboBox::currentIndexChanged), this, &HygResultsView::takeOptions);
     connect(m_place, qOverload<int>(&QSpinBox::valueChanged), this, &HygResultsView::takeOptions);
+    connect(m_plane, &QSlider::valueChanged, this, &HygResultsView::takeOptions);
     connect(m_cutPlace, &QSlider::valueChanged, this, &HygResultsView::takeOptions);
     connect(m_threshold, &QLineEdit::textChanged, this, &HygResultsView::takeOptions);
     return bar;
@@ -246,7 +256,8 @@ void HygResultsView::openChosen() {
         try {
             files.push_back(std::make_shared<HygResultFile>(path));
         } catch (const KOR::Exception & ex) {
-            failures << QString::fromUtf8(ex.what());
+            failures << HygCoreMessages::told(tr("%1 cannot be read.").arg(QFileInfo(path).completeBaseName()),
+                                              QString::fromUtf8(ex.what()));
         }
     }
     m_chart->setFiles(std::move(files));
@@ -282,6 +293,8 @@ void HygResultsView::takeOptions() {
     options.isOverTime = m_mode->currentIndex() == 1;
     options.unit = m_unit->currentText();
     options.place = static_cast<std::size_t>(std::max(1, m_place->value()) - 1);
+    options.normal = m_normal->currentIndex();
+    options.plane = static_cast<std::size_t>(m_plane->value());
     options.cut = static_cast<HygResultChart::cut_t>(m_cut->currentIndex());
     options.cutPlace = static_cast<double>(m_cutPlace->value()) / CUT_STEPS;
     options.threshold = KOR::parseDouble(m_threshold->text().replace(',', '.').toStdString());
@@ -297,6 +310,9 @@ void HygResultsView::showOptions() {
     m_mode->setCurrentIndex(options.isOverTime ? 1 : 0);
     m_place->setMaximum(std::max(m_place->maximum(), static_cast<int>(options.place) + 1));
     m_place->setValue(static_cast<int>(options.place) + 1);
+    m_normal->setCurrentIndex(options.normal);
+    m_plane->setMaximum(std::max(m_plane->maximum(), static_cast<int>(options.plane)));
+    m_plane->setValue(static_cast<int>(options.plane));
     m_cut->setCurrentIndex(options.cut);
     m_cutPlace->setValue(static_cast<int>(options.cutPlace * CUT_STEPS));
     m_threshold->setText(options.threshold ? QString::fromStdString(KOR::toString(*options.threshold)) : QString());
@@ -320,6 +336,18 @@ void HygResultsView::updateOffers() {
         m_place->setRange(1, static_cast<int>(file.valueCount()));
         m_placeText->setText(file.placeText(static_cast<std::size_t>(m_place->value() - 1)));
     }
+    const bool isVolume = isField && m_chart->files()[0]->format() == HygResultFile::Format::VOLUME;
+    if (isVolume) {
+        const int normal = m_chart->options().normal;
+        const std::vector<double> & centres = m_chart->files()[0]->geometry()->centres(normal);
+        m_plane->setMaximum(static_cast<int>(centres.size()) - 1);
+        m_planeText->setText(
+            QStringLiteral("%1 = %2 mm")
+                .arg(QChar('x' + normal))
+                .arg(QString::number(MM * centres[static_cast<std::size_t>(m_plane->value())], 'g', 5)));
+    }
+    for (QWidget * widget : std::initializer_list<QWidget *>{m_normal, m_plane, m_planeText})
+        widget->setVisible(isVolume);
     m_isShowing = false;
     m_cut->setVisible(isField);
     m_cutPlace->setVisible(isField && m_chart->options().cut != HygResultChart::NoCut);
@@ -377,8 +405,9 @@ void HygResultsView::loadMeasured(const QString & path) {
         const int year = m_chart->files().empty() ? 0 : m_chart->files()[0]->header().startYear;
         m_chart->setMeasured(HygMeasuredData::read(path, year));
     } catch (const KOR::Exception & ex) {
-        QMessageBox::critical(this, tr("Measured values"),
-                              tr("The table '%1' cannot be read:\n%2").arg(path, QString::fromUtf8(ex.what())));
+        QMessageBox::critical(
+            this, tr("Measured values"),
+            HygCoreMessages::told(tr("The table '%1' cannot be read:").arg(path), QString::fromUtf8(ex.what())));
     }
 }
 
@@ -390,7 +419,11 @@ bool HygResultsView::exportChart(const QString & path) {
             m_chart->chart().writePicture(path, PICTURE_SIZE, 2);
         return true;
     } catch (const KOR::Exception & ex) {
-        QMessageBox::critical(this, tr("Export"), QString::fromUtf8(ex.what()));
+        QMessageBox::critical(
+            this, tr("Export"),
+            HygCoreMessages::told(tr("The file could not be written. Is there room on the disk, and may "
+                                     "files be written in this directory?"),
+                                  QString::fromUtf8(ex.what())));
         return false;
     }
 }
@@ -472,6 +505,11 @@ std::vector<HygResultLayout> HygResultsView::layouts() const {
     return HygResultLayout::read(m_outputDirectory);
 }
 
+void HygResultsView::tellLayoutFailure(const QString & story) {
+    QMessageBox::critical(this, tr("Chart layouts"),
+                          HygCoreMessages::told(tr("The layouts could not be saved beside the results."), story));
+}
+
 bool HygResultsView::saveLayout(const QString & name) {
     std::vector<HygResultLayout> all = layouts();
     std::erase_if(all, [&name](const HygResultLayout & layout) { return layout.name == name; });
@@ -480,7 +518,7 @@ bool HygResultsView::saveLayout(const QString & name) {
         HygResultLayout::write(m_outputDirectory, all);
         return true;
     } catch (const KOR::Exception & ex) {
-        QMessageBox::critical(this, tr("Chart layouts"), QString::fromUtf8(ex.what()));
+        tellLayoutFailure(QString::fromUtf8(ex.what()));
         return false;
     }
 }
@@ -508,7 +546,7 @@ void HygResultsView::fillLayouts() {
             try {
                 HygResultLayout::write(m_outputDirectory, kept);
             } catch (const KOR::Exception & ex) {
-                QMessageBox::critical(this, tr("Chart layouts"), QString::fromUtf8(ex.what()));
+                tellLayoutFailure(QString::fromUtf8(ex.what()));
             }
         });
 }
@@ -548,6 +586,8 @@ void HygResultsView::retranslate() {
     m_cut->setItemText(HygResultChart::NoCut, tr("no cut"));
     m_cut->setItemText(HygResultChart::AlongX, tr("horizontal cut"));
     m_cut->setItemText(HygResultChart::AlongY, tr("vertical cut"));
+    for (int direction = 0; direction < m_normal->count(); ++direction)
+        m_normal->setItemText(direction, tr("plane across %1").arg(QChar('x' + direction)));
     m_threshold->setPlaceholderText(tr("Threshold"));
     const TextRow rows[] = {
         {m_addFolder,    tr("Shows the results of any directory beside those of the project")                 },
@@ -559,6 +599,8 @@ void HygResultsView::retranslate() {
         {m_mode,         tr("Whether the values at a time or the course at a place is shown")                 },
         {m_unit,         tr("Unit of the values")                                                             },
         {m_place,        tr("Number of the cell or side whose course is shown")                               },
+        {m_normal,       tr("How the plane that is shown lies in the construction")                           },
+        {m_plane,        tr("Which plane of the construction is shown")                                       },
         {m_cut,          tr("Values along a line through the field")                                          },
         {m_cutPlace,     tr("Where the cut lies")                                                             },
         {m_threshold,    tr("A value in the unit shown; a line is drawn there and the share above it is told")},

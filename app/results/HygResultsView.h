@@ -59,6 +59,7 @@ private:
     void follow();
     void fillUnits();
     void fillLayouts();
+    void tellLayoutFailure(const QString & story);
     void fillExport();
     void chooseFolder(bool isProject);
     void retranslate();
@@ -78,6 +79,9 @@ private:
     QComboBox * m_unit;
     QSpinBox * m_place;
     QLabel * m_placeText;
+    QComboBox * m_normal; ///< of planes through volumes
+    QSlider * m_plane;
+    QLabel * m_planeText;
     QComboBox * m_cut;
     QSlider * m_cutPlace;
     QLineEdit * m_threshold;

@@ -1,8 +1,10 @@
 #include "HygRunMonitor.h"
 
+#include "HygCoreMessages.h"
 #include "HygSolverProcess.h"
 
 #include <KOR/Numbers.h>
+#include <KOR/Time.h>
 
 #include <QFile>
 #include <QFileInfo>
@@ -98,12 +100,19 @@ void HygRunMonitor::readEnd() {
     if (isNew(path) && file.size() <= MAX_SUMMARY && file.open(QIODevice::ReadOnly)) {
         const QJsonObject summary = QJsonDocument::fromJson(file.readAll()).object();
         const QString status = summary.value(QLatin1String("status")).toString();
-        m_problem = summary.value(QLatin1String("error")).toString();
         m_state = status == QLatin1String("finished")      ? Finished
                   : status == QLatin1String("interrupted") ? Interrupted
                                                            : Failed;
-        if (const QJsonValue time = summary.value(QLatin1String("time_s")); time.isDouble())
+        const QJsonValue time = summary.value(QLatin1String("time_s"));
+        if (time.isDouble())
             m_progress.time = time.toDouble();
+        if (const QString story = summary.value(QLatin1String("error")).toString(); !story.isEmpty())
+            m_problem = HygCoreMessages::told(
+                time.isDouble() ? tr("The solver ended with an error at %1 d.")
+                                      .arg(m_progress.time / KOR::SECONDS_PER_DAY, 0, 'f', 2)
+                                : tr("The solver could not begin: something in the project, its materials or its "
+                                     "climate cannot be calculated."),
+                story);
         if (m_state == Finished)
             m_progress.percent = 100;
         m_progress.left = 0;
@@ -113,7 +122,8 @@ void HygRunMonitor::readEnd() {
         const QByteArray log = tail(m_directory.screenLog());
         m_state = log.contains(SET_UP) ? Finished : Failed;
         if (m_state == Failed)
-            m_problem = QString::fromUtf8(log).trimmed().section('\n', -1);
+            m_problem = HygCoreMessages::told(tr("The solver cannot calculate the project as it is."),
+                                              QString::fromUtf8(log).trimmed().section('\n', -1));
         return;
     }
     m_state = Lost;

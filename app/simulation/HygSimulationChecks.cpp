@@ -1,5 +1,6 @@
 #include "HygSimulationChecks.h"
 
+#include "HygCoreMessages.h"
 #include "HygIconEngine.h"
 #include "document/HygProjectHandler.h"
 
@@ -17,6 +18,7 @@
 #include <QEvent>
 #include <QLabel>
 #include <QListWidget>
+#include <QRegularExpression>
 #include <QThread>
 #include <QTimer>
 
@@ -26,11 +28,21 @@ using HYGRION::Project;
 namespace {
 
 constexpr int DELAY_MS = 400;
+constexpr QLatin1String CLIMATE_FILE("ClimateDataFilePath"); ///< field of the model options
+enum role_t { PLACE = Qt::UserRole, SETTING };
+
+/// The parameter that a message of the settings is about: "Parameter 'RelTol' is -1, it must be positive."
+QString settingIn(const QString & message) {
+    static const QRegularExpression PARAMETER(QStringLiteral("Parameter '(\\w+)'"));
+    return PARAMETER.match(message).captured(1);
+}
 
 void checkProject(const Project & project, std::vector<Finding> & findings) {
-    for (const auto & found : HYGRION::ProjectCheck::checkProject(project))
-        findings.push_back({found.severity == HYGRION::ProjectCheck::FAULT ? Finding::ERROR : Finding::WARNING,
-                            QString::fromStdString(found.place), QString::fromStdString(found.message)});
+    for (const auto & found : HYGRION::ProjectCheck::checkProject(project)) {
+        const QString place = QString::fromStdString(found.place), message = QString::fromStdString(found.message);
+        findings.push_back({found.severity == HYGRION::ProjectCheck::FAULT ? Finding::ERROR : Finding::WARNING, place,
+                            message, place == QLatin1String("Init") ? settingIn(message) : QString()});
+    }
 }
 
 /// Faults of the materials in use; one that cannot be read stops the run.
@@ -81,21 +93,23 @@ void checkClimate(const Project & project, std::vector<Finding> & findings) {
         if (usesClimateFile(project))
             findings.push_back(
                 {Finding::ERROR, QStringLiteral("Init"),
-                 HygSimulationChecks::tr("There is no climate data file, but conditions take their values from it.")});
+                 HygSimulationChecks::tr("There is no climate data file, but conditions take their values from it."),
+                 CLIMATE_FILE});
         return;
     }
     const KOR::Path path = project.resolved(given);
     if (path.placeholder() || !path.isFile()) {
         findings.push_back({Finding::ERROR, QStringLiteral("Init"),
                             HygSimulationChecks::tr("The climate data file '%1' does not exist.")
-                                .arg(QString::fromStdString(path.str()))});
+                                .arg(QString::fromStdString(path.str())),
+                            CLIMATE_FILE});
         return;
     }
     try {
         CCM::ClimateDataLoader loader;
         loader.readClimateData(path.str());
     } catch (const KOR::Exception & ex) {
-        findings.push_back({Finding::ERROR, QStringLiteral("Init"), QString::fromStdString(ex.cause())});
+        findings.push_back({Finding::ERROR, QStringLiteral("Init"), QString::fromStdString(ex.cause()), CLIMATE_FILE});
     }
 }
 
@@ -119,7 +133,8 @@ void checkInit(const Project & project, std::vector<Finding> & findings) {
     const bool hasEnd = std::isfinite(project.m_init.m_interval.end());
     if (!hasEnd)
         findings.push_back({Finding::ERROR, QStringLiteral("Init"),
-                            HygSimulationChecks::tr("The simulation has no end: give a duration or an end.")});
+                            HygSimulationChecks::tr("The simulation has no end: give a duration or an end."),
+                            QStringLiteral("Duration")});
 }
 
 } // namespace
@@ -149,7 +164,7 @@ HygSimulationChecks::HygSimulationChecks(HygProjectHandler & projects, QWidget *
     connect(&m_projects, &HygProjectHandler::projectFileChanged, this, changed);
     const auto open = [this](const QListWidgetItem * item) {
         if (item->flags() != Qt::NoItemFlags)
-            emit placeRequested(item->data(Qt::UserRole).toString());
+            emit placeRequested(item->data(PLACE).toString(), item->data(SETTING).toString());
     };
     connect(m_list, &QListWidget::itemClicked, this, open);
     connect(m_list, &QListWidget::itemActivated, this, open);
@@ -223,9 +238,13 @@ void HygSimulationChecks::showFindings() {
             HygIconEngine::icon(QLatin1String(ICONS[found.severity]),
                                 QtExt::Palette::color(found.severity == Finding::ERROR ? QtExt::Palette::ERROR_TEXT
                                                                                        : QtExt::Palette::WARNING_TEXT)),
-            found.place.isEmpty() ? found.message : found.place + ": " + found.message, m_list);
-        item->setData(Qt::UserRole, found.place);
-        item->setToolTip(tr("Click to go to the place."));
+            found.place.isEmpty()
+                ? HygCoreMessages::translated(found.message)
+                : HygCoreMessages::translatedPlace(found.place) + ": " + HygCoreMessages::translated(found.message),
+            m_list);
+        item->setData(PLACE, found.place);
+        item->setData(SETTING, found.setting);
+        item->setToolTip(item->text() + '\n' + tr("Click to go to the place."));
     }
     const auto errors = std::count_if(m_findings.begin(), m_findings.end(),
                                       [](const Finding & found) { return found.severity == Finding::ERROR; });

@@ -20,8 +20,9 @@ class HygSimulationChecks : public QWidget {
 public:
     struct Finding {
         enum severity_t { ERROR, WARNING } severity = ERROR;
-        QString place; ///< the definition, "interface 'Outside'"; may be empty
-        QString message;
+        QString place;        ///< the definition, "interface 'Outside'"; may be empty
+        QString message;      ///< of the library as it is, of the editor in the user's language
+        QString setting = {}; ///< object name of the field of the settings in which it is mended, if known
         bool operator==(const Finding &) const = default;
     };
 
@@ -37,8 +38,8 @@ public:
 
 signals:
     void checked();
-    /// \param place as in Finding
-    void placeRequested(const QString & place);
+    /// \param place, setting as in Finding
+    void placeRequested(const QString & place, const QString & setting);
 
 protected:
     void changeEvent(QEvent * event) override;

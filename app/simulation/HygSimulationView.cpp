@@ -84,8 +84,15 @@ HygSimulationView::HygSimulationView(HygProjectHandler * projects)
     m_testAction->setShortcut(QKeySequence(QStringLiteral("Ctrl+F5")));
     m_testAction->setIcon(HygIconEngine::icon(QStringLiteral("progress")));
     addActions({m_startAction, m_testAction});
-    connect(m_startAction, &QAction::triggered, this, [this] { m_start->start(HygSimulationStartWidget::Normal); });
-    connect(m_testAction, &QAction::triggered, this, [this] { m_start->start(HygSimulationStartWidget::TestInit); });
+    for (const auto & [action, mode] : {std::pair(m_startAction, HygSimulationStartWidget::Normal),
+                                        std::pair(m_testAction, HygSimulationStartWidget::TestInit)}) {
+        action->setProperty("isForAllViews", true);
+        connect(action, &QAction::triggered, this, [this, mode = mode] {
+            emit placeRequested(QStringLiteral("Simulation")); // from whichever view
+            m_tabs->setCurrentIndex(RUN);
+            m_start->start(mode);
+        });
+    }
 
     connect(m_start, &HygSimulationStartWidget::screenLogRequested, this, &HygSimulationView::showScreenLog);
     connect(m_checks, &HygSimulationChecks::placeRequested, this, &HygSimulationView::goTo);
@@ -169,11 +176,22 @@ void HygSimulationView::showScreenLog(const QString & path) {
     showLog();
 }
 
-void HygSimulationView::goTo(const QString & place) {
-    if (place == QLatin1String("Init"))
-        m_tabs->setCurrentIndex(MODEL);
-    else
-        emit placeRequested(place);
+void HygSimulationView::goTo(const QString & place, const QString & setting) {
+    if (place != QLatin1String("Init"))
+        return emit placeRequested(place);
+    m_tabs->setCurrentIndex(MODEL);
+    if (setting.isEmpty())
+        return;
+    for (int tab = MODEL; tab <= PERFORMANCE; ++tab) {
+        auto * page = qobject_cast<QScrollArea *>(m_tabs->widget(tab));
+        auto * field = page == nullptr ? nullptr : page->findChild<QWidget *>(setting);
+        if (field == nullptr)
+            continue;
+        m_tabs->setCurrentIndex(tab);
+        page->ensureWidgetVisible(field);
+        field->setFocus(Qt::OtherFocusReason);
+        return;
+    }
 }
 
 void HygSimulationView::changeEvent(QEvent * event) {

@@ -28,12 +28,13 @@ public:
 
     HygSimulationStartWidget & startWidget() { return *m_start; }
     HygRunList & runs() { return *m_runs; }
+    HygRunLive & live() { return *m_live; }
     void selectRun(int row);
     /// Shows a log in a window of its own and follows it.
     void showScreenLog(const QString & path);
 
 signals:
-    /// A finding was clicked whose place is not in this view: "interface 'Outside'".
+    /// A finding was clicked whose place is not in this view, "interface 'Outside'", or the view itself is to be shown.
     void placeRequested(const QString & place);
 
 protected:
@@ -41,7 +42,7 @@ protected:
 
 private:
     void retranslate();
-    void goTo(const QString & place);
+    void goTo(const QString & place, const QString & setting);
     void prepare(const QString & directory, int mode);
     void follow(const QString & directory, int mode, qint64 process);
     void finish(HygRunMonitor * run);

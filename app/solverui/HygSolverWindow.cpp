@@ -1,5 +1,6 @@
 #include "HygSolverWindow.h"
 
+#include "HygCoreMessages.h"
 #include "simulation/HygOutputDirectory.h"
 #include "simulation/HygRunLive.h"
 #include "simulation/HygRunMonitor.h"
@@ -222,7 +223,7 @@ void HygSolverWindow::finish() {
         const QString story = log.open(QIODevice::ReadOnly)
                                   ? QJsonDocument::fromJson(log.readAll()).object().value("error").toString()
                                   : QString();
-        text = tr("The run failed.") + '\n' + story;
+        text = HygCoreMessages::told(tr("The run failed."), story);
     }
     m_times->setText(text);
     m_button->setText(tr("Close"));

@@ -4,6 +4,7 @@
 #include "construction/HygLayerModel.h"
 #include "construction/HygLayerPanel.h"
 #include "construction/HygNewLayerDialog.h"
+#include "undo/HygUndoSections.h"
 
 #include <QAbstractItemModelTester>
 #include <QComboBox>
@@ -11,6 +12,7 @@
 #include <QListWidget>
 #include <QMimeData>
 #include <QPushButton>
+#include <QTabWidget>
 #include <QTableView>
 #include <QTimer>
 #include <QToolButton>
@@ -19,6 +21,8 @@
 namespace {
 
 using HYGRION::Assignment;
+using HYGRION::BoundaryCond;
+using HYGRION::ClimateCond;
 using HYGRION::Project;
 using HYGRION::Range;
 using testing::Contains;
@@ -183,6 +187,48 @@ TEST_F(HygConstructionPanels, ADatabaseMaterialComesIntoTheProjectWithItsLayer) 
     EXPECT_EQ(assignmentOf("Plaster")->m_range, (Range{.left = 6, .right = 7}));
     stack().undo();
     EXPECT_EQ(project(), before);
+}
+
+TEST_F(HygConstructionPanels, APlaceThatACheckNamesIsShown) {
+    Project spoilt = wall();
+    ClimateCond & climate = spoilt.m_conditions.m_climateConditions.emplace_back();
+    climate.m_name = "Rain";
+    BoundaryCond & driving = spoilt.m_conditions.m_boundaryConditions.emplace_back();
+    driving.m_name = "Driving rain";
+    driving.m_ccReferences[ClimateCond::condition_t::RainFluxHorizontal] = "Rain";
+    spoilt.m_conditions.m_interfaces[0].m_bcReferences.push_back("Driving rain");
+    spoilt.m_conditions.m_interfaces.emplace_back().m_name = "Cellar";
+    spoilt.m_assignments.m_list[4].m_name = "Inner surface";
+    spoilt.m_assignments.m_list.erase(spoilt.m_assignments.m_list.begin() + 1); // of the brick
+    open(wall());
+    stack().push(new HygUndoProject("spoil", spoilt));
+    struct Row {
+        const char * place;
+        Range bounds;
+        const char * panel;
+    };
+    const Row rows[] = {
+        {"material 'Plaster'",         {.left = 6, .right = 7}, "assignmentPanel"},
+        {"interface 'Outside'",        {},                      "assignmentPanel"},
+        {"climate condition 'Rain'",   {},                      "assignmentPanel"}, // by way of two definitions
+        {"assignment 'Inner surface'", {.left = 7, .right = 7}, "assignmentPanel"},
+        {"assignment '#1'",            {.right = 1},            "assignmentPanel"},
+        {"output grid 'Hourly'",       {.right = 7},            "assignmentPanel"},
+        {"Assignments",                {.left = 2, .right = 5}, "assignPanel"    }, // cells without material
+    };
+    for (const Row & row : rows) {
+        SCOPED_TRACE(row.place);
+        canvas().select({});
+        m_view.showPlace(row.place);
+        ASSERT_FALSE(scene().selection.empty());
+        EXPECT_EQ(scene().selection.bounds(), row.bounds);
+        EXPECT_EQ(find<QTabWidget>("constructionPanels").currentWidget()->objectName(), row.panel);
+    }
+    // What is nowhere yet waits in the panel to be assigned.
+    m_view.showPlace("interface 'Cellar'");
+    EXPECT_EQ(find<QTabWidget>("constructionPanels").currentWidget()->objectName(), "assignPanel");
+    EXPECT_EQ(find<QTreeWidget>("assignTree").currentItem()->text(0), "Cellar");
+    m_view.showPlace("interface 'Nobody'"); // is gone since
 }
 
 } // namespace

@@ -207,6 +207,16 @@ TEST_F(HygMainWindowTest, OpensTheProjectOfTheCommandLine) {
     EXPECT_EQ(m_settings.m_recentProjects.size(), 3);
     EXPECT_TRUE(find<QLabel>("projectFile").text().endsWith("old.h6p"));
 
+    QWidget & simulation = find<QWidget>("HygSimulationView");
+    EXPECT_FALSE(simulation.isVisible());
+    QMetaObject::invokeMethod(&simulation, "placeRequested", Q_ARG(QString, QStringLiteral("Simulation")));
+    EXPECT_TRUE(simulation.isVisible());
+    QMetaObject::invokeMethod(&simulation, "placeRequested", Q_ARG(QString, QStringLiteral("Assignments")));
+    EXPECT_TRUE(find<QWidget>("constructionView").isVisible());
+    m_window.reset();
+    m_settings.m_initialView = "simulation";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return find<QWidget>("HygSimulationView").isVisible(); }));
+
     for (const QString & wrong : {m_missing, m_directory.path()}) {
         EXPECT_FALSE(window().openProject(wrong));
         EXPECT_TRUE(find<QWidget>("messageBar").isVisible());

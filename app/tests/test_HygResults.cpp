@@ -20,6 +20,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QSignalSpy>
+#include <QSlider>
 #include <QSpinBox>
 #include <QTemporaryDir>
 #include <QTest>
@@ -243,6 +244,48 @@ TEST_F(HygResultsTest, FluxesAtSidesBecomeArrowsInCells) {
     }
 }
 
+TEST_F(HygResultsTest, PlanesOfAVolumeAreChosen) {
+    DATAIO::GeoFile geometry;
+    geometry.m_materials = {
+        {1, 0xff336699, "Brick"}
+    };
+    geometry.setGrid({
+        {{0.1, 0.2, 0.3}, {0.1, 0.2}, {0.1, 0.1, 0.1, 0.1}}
+    });
+    geometry.makeTables(std::vector<std::uint32_t>(24, 1));
+    geometry.write(results("volume.h6g").toStdString(), true);
+    DataHeader h = header("volume.h6g", "Temperature", "C");
+    for (std::uint32_t i = 0; i < 24; ++i)
+        h.indices.push_back(i);
+    // 100 k + 10 j + i
+    const QString path = write("Volume.h6b", h, 3, [](int t, double n) {
+        const int i = static_cast<int>(n);
+        return 100.0 * (i / 6) + 10 * (i / 3 % 2) + i % 3 + 0.1 * t;
+    });
+    HygResultsView view(&m_projects);
+    view.tree().choose({path});
+    ASSERT_TRUE(view.chart().isField());
+    auto & across = *view.findChild<QComboBox *>("planeAcross");
+    auto & plane = *view.findChild<QSlider *>("planeSlider");
+    const QLabel & figures = *view.findChild<QLabel *>("statistics");
+    EXPECT_FALSE(across.isHidden());
+    EXPECT_EQ(across.currentIndex(), 2);
+    EXPECT_THAT(figures.text().toStdString(), HasSubstr("0 to 12 C"));
+    plane.setValue(3);
+    EXPECT_EQ(view.findChild<QLabel *>("planeText")->text(), "z = 350 mm");
+    view.timeBar().setIndex(1);
+    EXPECT_THAT(figures.text().toStdString(), HasSubstr("300.1 to 312.1 C"));
+    across.setCurrentIndex(1); // of two planes only
+    EXPECT_EQ(plane.maximum(), 1);
+    EXPECT_THAT(figures.text().toStdString(), HasSubstr("10.1 to 312.1 C"));
+    across.setCurrentIndex(0);
+    plane.setValue(2);
+    EXPECT_THAT(figures.text().toStdString(), HasSubstr("2.1 to 312.1 C"));
+    EXPECT_EQ(HygResultLayout::fromJson(view.layoutOf("Plane").toJson()).options, view.chart().options());
+    view.tree().choose({writeField()});
+    EXPECT_TRUE(across.isHidden());
+}
+
 TEST_F(HygResultsTest, ViewShowsProfilesCoursesAndTheirFigures) {
     const QString temperature = writeProfile("Temperature.h6b", "Temperature", "C", 10);
     const QString humidity = writeProfile("Humidity.h6b", "RelativeHumidity", "%", 60);
@@ -352,6 +395,11 @@ TEST_F(HygResultsTest, FilesThatCannotBeReadAreShownAsSuch) {
     view.tree().choose({good, results("Half.h6b"), results("Nonsense.h6b"), results("Later.h6b")});
     EXPECT_EQ(view.tree().chosen(), QStringList({good, results("Half.h6b")}));
     EXPECT_EQ(view.chart().files()[1]->timeCount(), 9u);
+    // The row says it in short, its tool tip in the words of the editor and those of the library.
+    const QTreeWidgetItem * row = view.tree().findItems("Nonsense", Qt::MatchRecursive).value(0);
+    ASSERT_NE(row, nullptr);
+    EXPECT_EQ(row->text(1), "cannot be read");
+    EXPECT_THAT(row->toolTip(1).toStdString(), HasSubstr("no result file at all.\nInvalid magic header"));
     QFile::remove(results("Half.h6b"));
     view.tree().refresh();
     EXPECT_EQ(view.tree().chosen(), QStringList(good));

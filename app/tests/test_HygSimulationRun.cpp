@@ -1,5 +1,6 @@
 #include "HygSettings.h"
 #include "document/HygProjectHandler.h"
+#include "results/HygResultChart.h"
 #include "results/HygResultFile.h"
 #include "results/HygResultTree.h"
 #include "results/HygResultsView.h"
@@ -27,13 +28,16 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QListWidget>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QProcess>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QToolButton>
 #include <QUndoStack>
 
 #include <gmock/gmock.h>
@@ -207,7 +211,7 @@ TEST_F(HygSimulationRunTest, RunsAreRememberedAndReadAgain) {
     HygRunList runs(store);
     ASSERT_EQ(runs.rowCount(), 1);
     EXPECT_EQ(runs.at(0)->state(), State::Failed);
-    EXPECT_EQ(runs.at(0)->problem(), "The wall melted.");
+    EXPECT_EQ(runs.at(0)->problem(), "The solver ended with an error at 1.00 d.\nThe wall melted.");
     EXPECT_EQ(runs.data(runs.index(0, HygRunList::Simulated), Qt::DisplayRole).toString(), "1.0 d");
     KOR::writeFile(store.toStdString(), "[{\"directory\": 5}, nonsense");
     EXPECT_EQ(HygRunList(store).rowCount(), 0);
@@ -260,7 +264,7 @@ TEST_F(HygSimulationRunTest, ChecksNameWhatStopsTheRun) {
         row.spoil(bad);
         EXPECT_THAT(messages(bad), HasSubstr(row.expected));
     }
-    // In the view, with a click that leads to the place.
+    // A click leads to the place.
     HygSimulationChecks view(m_projects);
     QSignalSpy checked(&view, &HygSimulationChecks::checked);
     QSignalSpy requested(&view, &HygSimulationChecks::placeRequested);
@@ -274,7 +278,67 @@ TEST_F(HygSimulationRunTest, ChecksNameWhatStopsTheRun) {
     auto * list = view.findChild<QListWidget *>("checks");
     emit list->itemClicked(list->item(list->count() - 1));
     ASSERT_EQ(requested.count(), 1);
-    EXPECT_FALSE(requested[0][0].toString().isEmpty());
+    EXPECT_EQ(requested[0][0].toString(), "Outputs");
+}
+
+TEST_F(HygSimulationRunTest, AClickOnACheckLeadsToTheFieldOfTheSetting) {
+    open();
+    HygSimulationView view(&m_projects);
+    view.show();
+    auto * tabs = view.findChild<QTabWidget *>("simulationTabs");
+    auto * checks = view.findChild<HygSimulationChecks *>();
+    struct Row {
+        void (*spoil)(HYGRION::Init &);
+        const char * field;
+        int tab;
+    };
+    using P = HYGRION::SolverSettings::para_t;
+    const Row rows[] = {
+        {[](auto & i) { i.m_climateDataFilePath = KOR::Path("x.epw"); },              "ClimateDataFilePath", 1},
+        {[](auto & i) { i.m_interval.m_para.clear(); },                               "Duration",            1},
+        {[](auto & i) { i.m_solverSettings.m_para.set(P::RelTol, -1, "---"); },       "RelTol",              2},
+        {[](auto & i) { i.m_solverSettings.m_para.set(P::MaxKrylovDim, -5, "---"); }, "MaxKrylovDim",        3},
+    };
+    for (const Row & row : rows) {
+        SCOPED_TRACE(row.field);
+        HYGRION::Init bad = m_projects.project().m_init;
+        row.spoil(bad);
+        tabs->setCurrentIndex(0); // checks are made while they are in view
+        QSignalSpy checked(checks, &HygSimulationChecks::checked);
+        m_projects.undoStack().push(new HygUndoInit("spoil", bad));
+        ASSERT_TRUE(checked.wait(LONG));
+        auto * list = view.findChild<QListWidget *>("checks");
+        emit list->itemActivated(list->item(0));
+        EXPECT_EQ(tabs->currentIndex(), row.tab);
+        EXPECT_EQ(tabs->currentWidget()->focusWidget(), view.findChild<QWidget *>(row.field));
+        m_projects.undoStack().undo();
+    }
+}
+
+TEST_F(HygSimulationRunTest, SeveralChosenResultsAreFollowed) {
+    open("wall.h6p", 1);
+    ASSERT_TRUE(m_projects.saveIfModified());
+    HygRunLive live;
+    live.setDirectory(m_directory.filePath("wall"));
+    live.choose({"Temperature field", "Humidity field", "Inner surface temperature"});
+    EXPECT_TRUE(live.charts().empty()); // nothing is there yet
+    QProcess solver;
+    solver.start(HYG_BINARY_DIR "/HygrionSolver.exe", {m_projects.projectFile()});
+    ASSERT_TRUE(solver.waitForFinished(LONG));
+    live.refresh();
+    ASSERT_EQ(live.charts().size(), 3u);
+    EXPECT_EQ(live.charts()[1]->files()[0]->name(), "Humidity field");
+    EXPECT_EQ(live.charts()[1]->timeIndex() + 1, live.charts()[1]->timeCount());
+    // One is taken off in the menu.
+    auto * menu = live.findChild<QToolButton *>("liveFiles")->menu();
+    emit menu->aboutToShow();
+    for (QAction * action : menu->actions())
+        if (action->text() == "Humidity field")
+            action->trigger();
+    EXPECT_EQ(live.chosen(), QStringList({"Temperature field", "Inner surface temperature"}));
+    EXPECT_EQ(live.charts().size(), 2u);
+    live.setDirectory({});
+    EXPECT_TRUE(live.charts().empty());
 }
 
 TEST_F(HygSimulationRunTest, OptionsAreEditedThroughUndo) {

@@ -28,6 +28,7 @@
 
 #include <gmock/gmock.h>
 
+#include <sys/fsuid.h>
 #include <sys/resource.h>
 
 #include <filesystem>
@@ -234,6 +235,37 @@ TEST_F(HygSimulationStartTest, AsksWhatBecomesOfResults) {
         }
         EXPECT_EQ(QFileInfo::exists(outputDirectory() + "/results"), row.keepsResults);
     }
+}
+
+TEST_F(HygSimulationStartTest, ResultsThatCannotBeRemovedAreTold) {
+    makeSolver();
+    makeFile("Süd wand/results/Temperature.h6b");
+    namespace fs = std::filesystem;
+    const fs::path results = (outputDirectory() + "/results").toStdString();
+    fs::permissions(m_directory.path().toStdString(), fs::perms(0777));
+    fs::permissions(results, fs::perms(0555));
+    QStringList seen;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [&seen] {
+        QWidget * modal = QApplication::activeModalWidget();
+        if (auto * box = qobject_cast<QMessageBox *>(modal)) {
+            seen << box->windowTitle() << box->text();
+            box->accept();
+        } else if (auto * dialog = qobject_cast<HygSimulationRunRequestDialog *>(modal)) {
+            dialog->findChild<QCheckBox *>("checkBoxClear")->setChecked(true);
+            dialog->findChild<QPushButton *>("pushButtonStart")->click();
+        }
+    });
+    timer.start(20);
+    constexpr uid_t NOBODY = 65534;
+    const auto user = static_cast<uid_t>(setfsuid(NOBODY)); // the rights of directories do not count for root
+    EXPECT_FALSE(m_widget.start(HygSimulationStartWidget::Normal));
+    setfsuid(user);
+    fs::permissions(results, fs::perms(0755));
+    EXPECT_EQ(seen, QStringList({"Solver error", "Cannot remove result directory '" + outputDirectory() +
+                                                     "/results', maybe files are still being used?"}));
+    EXPECT_EQ(m_started.count(), 0);
+    EXPECT_TRUE(QFileInfo::exists(outputDirectory() + "/results/Temperature.h6b"));
 }
 
 TEST_F(HygSimulationStartTest, WhatALinkLeadsToIsNeverRemoved) {

@@ -44,6 +44,7 @@ constexpr PlaceRow PLACES[] = {
     {"output",         Outputs     },
     {"Outputs",        Outputs     },
     {"Init",           Simulation  },
+    {"Simulation",     Simulation  },
     {"assessment",     Reports     },
 };
 

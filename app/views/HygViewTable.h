@@ -17,7 +17,7 @@ enum view_t { Start, Construction, Conditions, Outputs, Materials, Climate, Simu
 
 struct Row {
     view_t view;       ///< order in the navigation bar
-    const char * icon; ///< in resources/icons
+    const char * icon; ///< in resources/icons; also the name of the view on the command line
     const char * title;
     const char * helpPage; ///< page of the user guide without suffix, for the F1 key
     bool needsProject;     ///< without a project it cannot be chosen

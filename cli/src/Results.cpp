@@ -56,6 +56,24 @@ std::string placeOf(const GeoFile & grid, const DataHeader & header, std::uint32
     return place;
 }
 
+/// Where the grid is, or why there is none.
+std::string noteOf(const Geometry & geometry, const DataHeader & header) {
+    switch (geometry.state) {
+    case Geometry::WITHIN:
+        return "within the file";
+    case Geometry::BESIDE:
+        return header.geoFile;
+    case Geometry::CHANGED:
+        return header.geoFile + ", which has been changed since";
+    case Geometry::UNNAMED:
+        return "none";
+    case Geometry::MISSING:
+        return header.geoFile + ", which is missing";
+    default:
+        return header.geoFile + ", which cannot be read";
+    }
+}
+
 const char * placeName(const DataHeader & header) {
     return header.type == DataHeader::FLUX ? "side" : "element";
 }
@@ -119,14 +137,14 @@ void info(const Files & arguments, Output & output) {
             const Geometry geometry = geometryOf(file);
             std::string form;
             try {
-                if (geometry.grid)
-                    form = FORMS[file.determineDataFormat(&*geometry.grid)];
+                if (geometry.trusted() != nullptr)
+                    form = FORMS[file.determineDataFormat(geometry.trusted())];
             } catch (const Exception & ex) {
                 form = ex.message();
             }
             if (output.isJson()) {
                 Json & all = document.emplace_back(description(file));
-                all["geometry"] = geometry.note;
+                all["geometry"] = noteOf(geometry, header);
                 all["form"] = form;
                 continue;
             }
@@ -142,7 +160,8 @@ void info(const Files & arguments, Output & output) {
             if (!times.empty())
                 output.text() << text(", from %1 to %2", time(times.front()), time(times.back()));
             output.text() << text("\nYear:      %1\n", header.startYear) << text("Project:   %1\n", header.projectFile)
-                          << text("Created:   %1\n", header.created) << text("Geometry:  %1\n", geometry.note);
+                          << text("Created:   %1\n", header.created)
+                          << text("Geometry:  %1\n", noteOf(geometry, header));
         } catch (const Exception & ex) {
             output.fail(ex);
         }
@@ -353,7 +372,8 @@ void writeTable(DataIO & file, const std::vector<std::size_t> & records, const s
     for (const std::size_t value : values) {
         std::string name = header.quantity;
         if (header.valueCount() == header.indices.size() && header.indices.size() > 1) {
-            const std::string place = geometry.grid ? placeOf(*geometry.grid, header, header.indices[value]) : "";
+            const GeoFile * grid = geometry.trusted();
+            const std::string place = grid != nullptr ? placeOf(*grid, header, header.indices[value]) : "";
             name = text("%1 %2", placeName(header), header.indices[value]) + (place.empty() ? "" : " (" + place + ")");
         }
         name += " [" + header.valueUnit + "]";

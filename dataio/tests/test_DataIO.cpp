@@ -1,5 +1,6 @@
 #include <DATAIO/DataIO.h>
 #include <DATAIO/DataWriter.h>
+#include <DATAIO/Geometry.h>
 
 #include <KOR/Binary.h>
 #include <KOR/Exception.h>
@@ -305,6 +306,61 @@ TEST(DataIOOlderFiles, AsciiCarriesItsGeometry) {
     EXPECT_EQ(file.data(0), (std::vector<double>{20, 21}));
     EXPECT_THROW(file.read(path.string()), Exception); // a value that is none
     fs::remove(path);
+}
+
+TEST(GeometryOfResults, IsFoundWhereverTheFilesHaveGone) {
+    const fs::path root = fs::temp_directory_path() / ("hyg_geometry_" + std::to_string(::getpid()));
+    GeoFile geometry;
+    geometry.m_materials = {
+        {1, 0xff336699, "Brick"}
+    };
+    geometry.setGrid({
+        {{0.1, 0.2, 0.3, 0.4, 0.5, 0.6, 0.7, 0.8}, {1}, {1}}
+    });
+    geometry.makeTables(std::vector<std::uint32_t>(8, 1));
+    const std::string bytes = geometry.content(true);
+    struct Row {
+        const char * named;   ///< in the header
+        const char * written; ///< where the geometry lies, below the folder; nullptr: nowhere
+        const char * content; ///< of the file; nullptr: the geometry
+        Geometry::state_t state;
+    };
+    const Row rows[] = {
+        {"grid.h6g",                "run/results/grid.h6g",     nullptr,   Geometry::BESIDE    },
+        {"sub/grid.h6g",            "run/results/sub/grid.h6g", nullptr,   Geometry::BESIDE    },
+        {"/elsewhere/run/grid.h6g", "run/results/grid.h6g",     nullptr,   Geometry::BESIDE    },
+        {"grid.h6g",                "run/grid.h6g",             nullptr,   Geometry::BESIDE    },
+        {"",                        "run/results/grid.h6g",     nullptr,   Geometry::UNNAMED   },
+        {"grid.h6g",                nullptr,                    nullptr,   Geometry::MISSING   },
+        {"grid.h6g",                "run/results/grid.h6g",     "no grid", Geometry::UNREADABLE},
+    };
+    for (const Row & row : rows) {
+        SCOPED_TRACE(row.named);
+        fs::create_directories(root / "run/results/sub");
+        if (row.written != nullptr)
+            KOR::writeFile((root / row.written).string(), row.content != nullptr ? row.content : bytes);
+        DataHeader header = fieldHeader();
+        header.geoFile = row.named;
+        header.geoFileHash = GeoFile::hash(bytes);
+        { DataWriter((root / "run/results/T.h6b").string(), header, true).flush(); }
+        DataIO file;
+        file.openAndReadHeader((root / "run/results/T.h6b").string());
+        const Geometry found = geometryOf(file);
+        EXPECT_EQ(found.state, row.state);
+        EXPECT_EQ(found.trusted() != nullptr, row.state == Geometry::BESIDE);
+        EXPECT_EQ(found.problem.empty(), row.state != Geometry::UNREADABLE);
+        if (row.state == Geometry::BESIDE) {
+            EXPECT_EQ(geometryOf(file).grid, found.grid); // one for all files of a run
+            header.geoFileHash += 1;
+            { DataWriter((root / "run/results/T.h6b").string(), header, true).flush(); }
+            file.openAndReadHeader((root / "run/results/T.h6b").string());
+            const Geometry other = geometryOf(file);
+            EXPECT_EQ(other.state, Geometry::CHANGED);
+            EXPECT_EQ(other.trusted(), nullptr);
+            EXPECT_EQ(other.grid, found.grid);
+        }
+        fs::remove_all(root);
+    }
 }
 
 } // namespace

@@ -46,7 +46,8 @@ struct Arguments {
 /// A result file with its grid.
 struct Results {
     DataIO file;
-    std::optional<GeoFile> grid;
+    DATAIO::Geometry geometry;
+    const GeoFile * grid = nullptr; ///< none unless it is that of the results
     DataIO::dataFormat_t format = DataIO::SERIES;
     std::string name;
 
@@ -54,9 +55,10 @@ struct Results {
         file.read(path);
         if (file.timeCount() == 0)
             throw Exception(text("There are no values in '%1' yet.", path), WHERE);
-        grid = DATAIO::geometryOf(file).grid;
-        if (grid && header().valueCount() == header().indices.size())
-            format = file.determineDataFormat(&*grid);
+        geometry = DATAIO::geometryOf(file);
+        grid = geometry.trusted();
+        if (grid != nullptr && header().valueCount() == header().indices.size())
+            format = file.determineDataFormat(grid);
     }
     const DataHeader & header() const { return file.header(); }
     bool isProfile() const {
@@ -86,7 +88,7 @@ QString number(double value) {
 /// "x = 12.5 mm", or the number of the element when the grid is not there.
 QString placeName(const Results & results, std::size_t k) {
     const DataHeader & header = results.header();
-    if (!results.grid || header.valueCount() != header.indices.size()) {
+    if (results.grid == nullptr || header.valueCount() != header.indices.size()) {
         if (header.valueCount() == 1)
             return QString::fromStdString(header.quantity);
         return translated(header.type == DataHeader::FLUX ? "Side %1" : "Element %1").arg(header.indices[k]);
