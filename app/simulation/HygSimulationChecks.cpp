@@ -8,9 +8,9 @@
 
 #include <CCM/ClimateDataLoader.h>
 #include <HYGRION/Defaults.h>
-#include <HYGRION/ProjectCheck.h>
 #include <MM/CheckMaterial.h>
 #include <MM/Material.h>
+#include <SOLVER/CheckProject.h>
 
 #include <KOR/Exception.h>
 
@@ -38,7 +38,7 @@ QString settingIn(const QString & message) {
 }
 
 void checkProject(const Project & project, std::vector<Finding> & findings) {
-    for (const auto & found : HYGRION::ProjectCheck::checkProject(project)) {
+    for (const auto & found : SOLVER::checkProject(project)) {
         const QString place = QString::fromStdString(found.place), message = QString::fromStdString(found.message);
         findings.push_back({found.severity == HYGRION::ProjectCheck::FAULT ? Finding::ERROR : Finding::WARNING, place,
                             message, place == QLatin1String("Init") ? settingIn(message) : QString()});

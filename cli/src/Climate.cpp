@@ -230,7 +230,12 @@ void convert(const Convert & arguments, Output & output) {
     } else if (hasExtension(arguments.out, ".ccd")) {
         if (arguments.quantity.empty())
             throw KOR::Exception("A ccd file holds one quantity; name it with --quantity.", "[CMD::convert]");
-        ClimateDataLoader::writeCCDFile(arguments.out, data.quantityAsCCD(quantityOf(arguments.quantity)));
+        const CCDFile file = data.quantityAsCCD(quantityOf(arguments.quantity));
+        ClimateDataLoader::writeCCDFile(arguments.out, file);
+        if (data.isAnnual() && !file.timePoints.empty())
+            output.notes() << KOR::text("The first value stands at %1 h, as in all years of hours; a climate condition "
+                                        "with the flag Cyclic covers the time before it.\n",
+                                        file.timePoints.front() / 3600);
     } else {
         throw KOR::Exception(KOR::text("Cannot write '%1': c6b and ccd files can be written.", arguments.out),
                              "[CMD::convert]");

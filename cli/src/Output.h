@@ -1,5 +1,7 @@
 #pragma once
 
+#include <KOR/Exception.h>
+
 #include <nlohmann/json_fwd.hpp>
 
 #include <exception>
@@ -9,6 +11,11 @@
 #include <vector>
 
 namespace CMD {
+
+/// Somebody stopped the command, which left everything in order.
+class Interrupted : public KOR::Exception {
+    using Exception::Exception;
+};
 
 /// Where a command puts its results: as text for a reader or as one JSON document for a program, never both.
 class Output {

@@ -105,7 +105,8 @@ std::string manPage(const CLI::App & program, const std::string & version) {
     for (const auto & [status, meaning] :
          {std::pair("0", "What was asked for is done."),
           std::pair("1", "It failed; the error stream tells why, the outermost message first."),
-          std::pair("2", "The command line was wrong.")})
+          std::pair("2", "The command line was wrong."),
+          std::pair("3", "It was interrupted (Ctrl-C) and can be continued.")})
         page += KOR::text(".TP\n%1\n%2\n", status, meaning);
     return page;
 }

@@ -68,6 +68,9 @@ exit_t perform(const CLI::App & command, const Actions & actions, std::ostream &
         actions.at (&command)(output);
         if (!out.flush())
             throw KOR::Exception(NO_OUTPUT, "[CMD::run]");
+    } catch (const Interrupted & ex) {
+        output.fail(ex);
+        return EXIT_INTERRUPTED;
     } catch (const KOR::Exception & ex) {
         output.fail(ex);
     } catch (const std::bad_alloc &) {

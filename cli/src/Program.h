@@ -9,7 +9,7 @@
 namespace CMD {
 
 /// How the program ends.
-enum exit_t { EXIT_DONE = 0, EXIT_FAILED = 1, EXIT_USAGE = 2 };
+enum exit_t { EXIT_DONE = 0, EXIT_FAILED = 1, EXIT_USAGE = 2, EXIT_INTERRUPTED = 3 };
 
 /// Adds a family of commands (or a lone command) to the program.
 using AddCommands = void (*)(Commands & program);

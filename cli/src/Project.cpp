@@ -3,7 +3,7 @@
 #include "ProjectSummary.h"
 
 #include <HYGRION/Defaults.h>
-#include <HYGRION/ProjectCheck.h>
+#include <SOLVER/CheckProject.h>
 
 #include <KOR/Exception.h>
 #include <KOR/Strings.h>
@@ -80,7 +80,7 @@ void check(const Files & arguments, Output & output) {
         Project project;
         std::size_t faults = 0, warnings = 0;
         Json findings = Json::array();
-        for (const ProjectCheck::Finding & finding : ProjectCheck::checkFile(path, project)) {
+        for (const ProjectCheck::Finding & finding : SOLVER::checkFile(path, project)) {
             const bool isFault = finding.severity == ProjectCheck::FAULT;
             ++(isFault ? faults : warnings);
             if (output.isJson())

@@ -1,7 +1,7 @@
 #include "Families.h"
 #include "RunTable.h"
 
-#include <HYGRION/ProjectCheck.h>
+#include <SOLVER/CheckProject.h>
 #include <SOLVER/SimulationRun.h>
 
 #include <KOR/Exception.h>
@@ -57,7 +57,7 @@ void define(CLI::App & app, Run & run) {
 void tellFaults(const std::string & path, Output & output) {
     HYGRION::Project project;
     if (std::filesystem::is_regular_file(path))
-        for (const HYGRION::ProjectCheck::Finding & finding : HYGRION::ProjectCheck::checkFile(path, project))
+        for (const HYGRION::ProjectCheck::Finding & finding : SOLVER::checkFile(path, project))
             if (finding.severity == HYGRION::ProjectCheck::FAULT)
                 output.notes() << path << ": error: " << finding.text() << '\n';
 }
@@ -71,8 +71,8 @@ void perform(const Run & run, Output & output) {
     case SOLVER::exit_t::FINISHED:
         break;
     case SOLVER::exit_t::INTERRUPTED:
-        throw KOR::Exception(text("The simulation of '%1' was interrupted; --restart goes on with it.", run.project),
-                             WHERE);
+        throw Interrupted(text("The simulation of '%1' was interrupted; --restart goes on with it.", run.project),
+                          WHERE);
     default:
         tellFaults(run.project, output);
         throw KOR::Exception(text("The simulation of '%1' failed.", run.project), WHERE);

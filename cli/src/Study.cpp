@@ -1,6 +1,6 @@
 #include "Study.h"
 
-#include <HYGRION/ProjectCheck.h>
+#include <SOLVER/CheckProject.h>
 #include <SOLVER/SolverOptions.h>
 
 #include <KOR/Exception.h>
@@ -12,6 +12,7 @@
 #include <tinyxml.h>
 
 #include <algorithm>
+#include <set>
 
 namespace CMD {
 
@@ -23,6 +24,21 @@ namespace {
 
 constexpr std::size_t MAX_SIZE = 16 << 20;
 constexpr std::size_t MAX_VARIANTS = 100'000;
+
+/// JSON with comments. A name that an object holds twice is refused; otherwise the last one would win in silence.
+Json parsed(const std::string & content) {
+    std::vector<std::set<std::string>> names; // of the objects that are open
+    const auto check = [&names](int, Json::parse_event_t event, Json & value) {
+        if (event == Json::parse_event_t::object_start)
+            names.emplace_back();
+        else if (event == Json::parse_event_t::object_end)
+            names.pop_back();
+        else if (event == Json::parse_event_t::key && !names.back().insert(value.get<std::string>()).second)
+            throw Exception(text("The entry '%1' stands there twice.", value.get<std::string>()), "[Study::Study]");
+        return true;
+    };
+    return Json::parse(content, check, true, true);
+}
 
 std::string joined(const std::vector<std::string> & path) {
     std::string all;
@@ -63,7 +79,7 @@ void setText(TiXmlElement & element, const std::string & value) {
 Study::Study(const std::string & path) {
     constexpr const char * WHERE = "[Study::Study]";
     try {
-        const Json json = Json::parse(KOR::readFile(path, MAX_SIZE), nullptr, true, true);
+        const Json json = parsed(KOR::readFile(path, MAX_SIZE));
         if (!json.is_object())
             throw Exception("Expected an object with 'project' and 'vary'.", WHERE);
         const KOR::Path here = KOR::Path(path).parentPath();
@@ -237,7 +253,7 @@ HYGRION::Project Study::project(std::size_t variant) const {
             if (!path.empty())
                 path = project.resolved(path);
         });
-        for (const HYGRION::ProjectCheck::Finding & finding : HYGRION::ProjectCheck::checkProject(project))
+        for (const HYGRION::ProjectCheck::Finding & finding : SOLVER::checkProject(project))
             if (finding.severity == HYGRION::ProjectCheck::FAULT)
                 throw Exception(finding.text(), WHERE);
         return project;

@@ -155,7 +155,7 @@ public:
         }
         writeTable();
         if (stopped != 0)
-            throw Exception("The study was interrupted; started again it goes on.", WHERE);
+            throw Interrupted("The study was interrupted; started again it goes on.", WHERE);
     }
 
     Json rows() const {

@@ -103,6 +103,36 @@ TEST(Project, CheckTellsEveryFaultWithItsPlace) {
     EXPECT_EQ(project("check").exitCode, 2);
 }
 
+/// What a run refuses because of what stands in the project, the check tells, too; what is not in use is not looked at.
+TEST(Project, CheckTellsWhatTheSolverRefuses) {
+    constexpr std::pair<const char *, const char *> EDITS[] = {
+        {"s/<Quantity.*MassDensity/<Quantity>MassDensity/",
+         ": output file 'Moisture content': Unknown output quantity 'MassDensity'. Did you mean '"                                                         },
+        {"s/<Quantity unit=.kg.m3./<Quantity unit='C'/",                                  "Unit 'C' does not fit MoistureMassDensity"                      },
+        {"s/unit=.s.m./unit='W\\/m2K'/",                                                  "Parameter 'ExchangeCoefficient' has an unsuitable unit 'W/m2K'."},
+        {"s/>0.001</>1e300</",                                                            ": boundary condition 'Diffusion inside': "                      },
+        {"s/MoistureTransport/HeatMoistureSaltTransport/",
+         "error: Init: Balance equation module 'HeatMoistureSaltTransport' is not available"                                                               },
+        {"s/<CCReference type=.RelativeHumidity.*//",                                     "Climate quantity 'RelativeHumidity' is missing"                 },
+        {"s/>45</>120</",                                                                 "'RelativeHumidity' goes up to 120 %"                            },
+        {"s/type=.VaporDiffusion. kind=.Exchange./type='AirConvection' kind='Exchange'/",
+         "The solver cannot calculate type 'AirConvection' of kind 'Exchange'."                                                                            },
+    };
+    const std::string directory = scratch();
+    for (const auto & [edit, said] : EDITS) {
+        const std::string file = "'" + directory + "/case.h6p'";
+        const Result result = shell("sed -e \"" + std::string(edit) + "\" 'examples/validation/HAMSTAD 2.h6p' >" +
+                                    file + "; hygrion-cli project check " + file);
+        EXPECT_THAT(result.out, HasSubstr(said)) << edit;
+        EXPECT_EQ(result.exitCode, 1) << edit << result.out;
+    }
+    const Result unused = shell("sed -e \"s/<BCReference>Diffusion inside.*//\" 'examples/validation/HAMSTAD "
+                                "2.h6p' | sed '0,/<BoundaryCondition name=.Diffusion inside. type=.VaporDiffusion/s//"
+                                "<BoundaryCondition name=\"Diffusion inside\" type=\"AirConvection/' >'" +
+                                directory + "/case.h6p'; hygrion-cli project check '" + directory + "/case.h6p'");
+    EXPECT_EQ(unused.exitCode, 0) << unused.out;
+}
+
 TEST(Project, ShowSpeaksOfLayers) {
     const json roof = projectJson("show \"$R\"");
     ASSERT_EQ(roof["layers"].size(), 4U);

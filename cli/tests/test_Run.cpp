@@ -61,6 +61,7 @@ TEST(SolverProgram, TellsWhatIsWrongWithItsCommandLine) {
         {"HygrionSolver.exe README.md",                     1, "",                      "There is already a file with the name"       },
         {"hygrion-cli run nothing.h6p",                     1, "",                      "There is no project file 'nothing.h6p'."     },
         {"hygrion-cli run nothing.h6p --duration 3m2",      2, "",                      "It takes a time as in \"30 d\", not '3m2'."  },
+        {"hygrion-cli run nothing.h6p --duration 1e300",    2, "",                      "not '1e300'."                                },
     };
     for (const Line & line : LINES) {
         const std::string copy = scratch("usage");
@@ -122,6 +123,16 @@ TEST(SolverProgram, EndsInOrderOnCtrlCAndGoesOn) {
     EXPECT_NEAR(summary(directory)["time_s"], reached + 86400, 1e-3);
     EXPECT_GT(summary(directory)["integrator"]["steps"], stopped["integrator"]["steps"]);
     EXPECT_THAT(content(directory + "/log/screenlog.txt"), HasSubstr("Continued from"));
+
+    const Result again = shell("rm '" + directory + "/log/progress.txt'; hygrion-cli run --restart " + arguments +
+                               " & run=$!; " + untilStarted(directory) + "kill -INT $run; wait $run");
+    EXPECT_EQ(again.exitCode, 3);
+    EXPECT_THAT(again.err, HasSubstr("was interrupted; --restart goes on with it."));
+
+    fs::resize_file(directory + "/var/restart.h6r", 1000);
+    const Result damaged = shell("hygrion-cli run --restart " + arguments);
+    EXPECT_EQ(damaged.exitCode, 1);
+    EXPECT_THAT(damaged.err, HasSubstr("without --restart it starts from the beginning."));
 }
 
 TEST(SolverProgram, KeepsWhatWasWrittenWhenTheDiskIsFull) {
@@ -132,7 +143,8 @@ TEST(SolverProgram, KeepsWhatWasWrittenWhenTheDiskIsFull) {
               "--output-dir='" +
               directory + "' " + LONG);
     EXPECT_EQ(result.exitCode, 1);
-    EXPECT_THAT(result.out + result.err, HasSubstr("Cannot write result file '"));
+    EXPECT_THAT(result.out + result.err,
+                AllOf(HasSubstr("Cannot write result file '"), HasSubstr("Make room, then go on with --restart;")));
     std::size_t records = 0;
     for (const fs::directory_entry & entry : fs::directory_iterator(directory + "/results"))
         if (entry.path().extension() == ".h6b") {
@@ -286,6 +298,8 @@ TEST(Vary, CalculatesEveryCombinationOnceAndGoesOn) {
              std::pair("{\"orientation\": \"Outside\", \"values\": []}", "'values' must be a list that is not empty."),
              std::pair("{\"orientation\": \"Outside\"}", "has no values."),
              std::pair("{\"values\": [1]}", "names no parameter, orientation or material."),
+             std::pair("{\"label\": \"a\", \"values\": [1], \"values\": [2]}",
+                       "The entry 'values' stands there twice."),
              std::pair("{\"parmeter\": \"Left\"}", "Unknown entry 'parmeter' in 'vary'"),
              std::pair("{\"parameter\": \"Initial humidity/Value\", \"values\": [\"wet\"]}",
                        "Error in variant 1 (wet)."),

@@ -276,6 +276,29 @@ INSTANTIATE_TEST_SUITE_P(
                     "Missing = character in last line of geometry header.", ASCII}),
     [](const auto & fault) { return std::string(fault.param.name); });
 
+TEST(DataIOOpening, NamesTheKeywordOfAValueThatCannotBeRead) {
+    const fs::path path = fs::temp_directory_path() / ("hyg_value_" + std::to_string(::getpid()));
+    for (const auto & [line, expected] : {
+             std::pair("GEO_FILE_HASH = x", "Invalid value for GEO_FILE_HASH keyword."),
+             std::pair("GEO_FILE_HASH =", "Missing value for GEO_FILE_HASH keyword."),
+             std::pair("START_YEAR = soon", "Invalid value for START_YEAR keyword."),
+             std::pair("START_YEAR =", "Missing value for START_YEAR keyword."),
+             std::pair("INDICES = 1 two", "Invalid value for ELEMENTS|SIDES|INDICES keyword."),
+             std::pair("ELEMENTS =", "Missing value for ELEMENTS|SIDES|INDICES keyword."),
+         }) {
+        std::ofstream(path) << "H6OARLZ! 006.001\n" << line << "\nTABLE\n";
+        std::vector<std::string> said;
+        try {
+            DataIO().openAndReadHeader(path.string());
+        } catch (const Exception & ex) {
+            for (const auto & entry : ex.chain())
+                said.push_back(entry.message);
+        }
+        EXPECT_EQ(std::count(said.begin(), said.end(), expected), 1) << line;
+    }
+    fs::remove(path);
+}
+
 TEST(DataIOOpening, NamesWhatIsMissing) {
     DataIO file;
     EXPECT_THROW(

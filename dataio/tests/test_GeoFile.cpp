@@ -78,13 +78,13 @@ struct Fault {
     const char * cause;
 };
 
-std::string binary(std::uint32_t major, std::uint32_t materials, double width = 1) {
+std::string binary(std::uint32_t major, std::uint32_t materials, double width = 1, int direction = 1) {
     std::ostringstream out;
     out << "H6GBRLZ!";
     KOR::write_binary(out, major);
     KOR::write_binary(out, materials);
     for (int d = 0; d < 3; ++d)
-        KOR::write_vector_binary(out, std::vector<double>{d == 1 ? width : 1.0});
+        KOR::write_vector_binary(out, std::vector<double>{d == direction ? width : 1.0});
     KOR::write_binary(out, std::uint32_t(10'000'001));
     return out.str();
 }
@@ -116,9 +116,13 @@ INSTANTIATE_TEST_SUITE_P(
         Fault{"Materials", binary(6, 100'001),
               "Number of materials in materials table > 100000, binary file probably corrupt!"},
         Fault{"Width", binary(6, 0, 0), "Zero or negative element width in y direction"},
+        Fault{"WidthX", binary(6, 0, -1, 0), "Zero or negative element width in x direction"},
+        Fault{"WidthZ", binary(6, 0, -1, 2), "Zero or negative element width in z direction"},
         Fault{"NotANumberWidth", binary(6, 0, std::nan("")), "Zero or negative element width in y direction"},
         Fault{"Elements", binary(6, 0), "Vector length exceeds given maximum!"},
         Fault{"NoX", ascii("GRID\nY = 1\nZ = 1\n"), "Missing element widths in x direction!"},
+        Fault{"ZeroX", ascii("GRID\nX = 0\nY = 1\nZ = 1\n"), "Zero element width in x direction"},
+        Fault{"ZeroY", ascii("GRID\nX = 1\nY = 1 0\nZ = 1\n"), "Zero element width in y direction"},
         Fault{"ZeroZ", ascii("GRID\nX = 1\nY = 1\nZ = 0\n"), "Zero element width in z direction!"},
         Fault{"FiveNumbers", ascii(GRID_2D + "ELEMENT_GEOMETRY\n0 0.5 0.5 0 0\n"), "Currupt element table!"},
         Fault{"NegativeIndex", ascii(GRID_2D + "ELEMENT_GEOMETRY\n0 0.5 0.5 -1 0 1\n"), "Currupt element table!"},

@@ -114,7 +114,23 @@ void MessageHandlerRegistry::setMessageHandler(MessageHandler * handler) {
     m_current = handler != nullptr ? handler : &m_default;
 }
 
+namespace {
+thread_local MessageCollector * collector = nullptr;
+}
+
+MessageCollector::MessageCollector() : m_outer(collector) {
+    collector = this;
+}
+
+MessageCollector::~MessageCollector() {
+    collector = m_outer;
+}
+
 void message(const std::string & text, msg_t type, const std::string & where, int verbosityLevel) {
+    if (collector != nullptr) {
+        collector->m_messages.push_back({text, type, where});
+        return;
+    }
     MessageHandlerRegistry::instance().messageHandler().msg(text, type, where, verbosityLevel);
 }
 

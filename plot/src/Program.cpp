@@ -9,6 +9,7 @@
 #include <KOR/FileIO.h>
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QFont>
 #include <QLocale>
 #include <QTranslator>
@@ -91,10 +92,15 @@ void draw(const Command & command, const Common & common) {
         if (range.size() == 2)
             chart.setRange(axis, {range[0], range[1]});
     const QString path = QString::fromStdString(common.output);
-    if (path.endsWith(QLatin1String(".csv"), Qt::CaseInsensitive))
-        chart.writeCsv(path);
-    else
-        chart.writePicture(path, QSize(common.width, common.height), common.scale);
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    if (suffix == QLatin1String("csv"))
+        return chart.writeCsv(path);
+    if (const QStringList pictures{"png", "svg", "pdf"}; !pictures.contains(suffix))
+        throw KOR::Exception(KOR::text("Cannot write a picture to '%1', expected a name that ends in png, svg or pdf, "
+                                       "or in csv for a table.",
+                                       common.output),
+                             "[PLOT::run]");
+    chart.writePicture(path, QSize(common.width, common.height), common.scale);
 }
 
 } // namespace

@@ -159,7 +159,7 @@ TEST_F(Plot, SaysWhatIsWrong) {
         {"",                                                             2, "A subcommand is required"                       },
         {"material a.m6",                                                2, "--output is required"                           },
         {"results course.h6b -o a.png --width 5",                        2, "--width"                                        },
-        {"results course.h6b -o a.gif",                                  1, "Cannot write a picture to 'a.gif', expected"    },
+        {"results course.h6b -o a.gif",                                  1, "or in csv for a table."                         },
         {"results nothing.h6b -o a.png",                                 1, "nothing.h6b"                                    },
         {"results course.h6b --element 7 -o a.png",                      1,
          "There is no element or side 7 in 'course.h6b', "

@@ -21,7 +21,6 @@ constexpr NamedValueTexts VALUES{
 
 //  parameter                          unit   min         max
 constexpr ParaLimit LIMITS[] = {
-    {"ExchangeCoefficient",              "",      0,          UNLIMITED},
     {"ExchangeExponent",                 "---",   0,          10       },
     {"ExposureCoefficient",              "---",   0,          10       },
     {"MinRainTemperature",               "C",     -50,        100      },
@@ -39,6 +38,20 @@ constexpr ParaLimit LIMITS[] = {
     {"SurfaceLiquidFraction",            "---",   0,          1        },
     {"HeatingCooling",                   "",      0,          2        },
     {"HP_GlycolKind",                    "",      0,          2        },
+};
+
+/// A coefficient of exchange is one of heat or of vapour, by the type.
+struct Coefficient {
+    BoundaryCond::condition_t type;
+    ParaLimit limit;
+};
+constexpr Coefficient COEFFICIENTS[] = {
+    {BoundaryCond::condition_t::HeatConduction, {"ExchangeCoefficient", "W/m2K", 0, 1e6}   },
+    {BoundaryCond::condition_t::HeatConduction, {"ExchangeSlope", "J/m3K", -UNLIMITED, 1e6}},
+    {BoundaryCond::condition_t::VaporDiffusion, {"ExchangeCoefficient", "s/m", 0, 1}       },
+    {BoundaryCond::condition_t::VaporDiffusion, {"ExchangeSlope", "s2/m2", -UNLIMITED, 1}  },
+    {BoundaryCond::condition_t::VOCDiffusion,   {"ExchangeCoefficient", "", 0, UNLIMITED}  },
+    {BoundaryCond::condition_t::AirConvection,  {"ExchangeCoefficient", "", 0, UNLIMITED}  },
 };
 
 /// What a kind cannot do without.
@@ -114,6 +127,9 @@ void BoundaryCond::checkParameters() const {
                                            KeywordList::Keyword(required.para), KeywordList::Keyword(m_kind)),
                                  WHERE);
     checkLimits(m_para, LIMITS, context, WHERE);
+    for (const Coefficient & row : COEFFICIENTS)
+        if (row.type == m_type)
+            checkLimits(m_para, std::span(&row.limit, 1), context, WHERE);
     checkLimits(m_intPara, LIMITS, context, WHERE);
 }
 

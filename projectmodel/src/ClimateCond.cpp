@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <numbers>
 
 namespace HYGRION {
@@ -64,6 +65,28 @@ constexpr FileWord FILE_WORDS[] = {
     {ClimateCond::condition_t::LWRadiationSkyEmission, CCM::Q_LONG_WAVE_RADIATION},
     {ClimateCond::condition_t::GasPressure,            CCM::Q_AIR_PRESSURE       },
 };
+
+/// What no climate exceeds, in base units.
+struct Bounds {
+    ClimateCond::condition_t type;
+    double min, max;
+};
+using Type = ClimateCond::condition_t;
+constexpr double UNBOUNDED = std::numeric_limits<double>::infinity();
+constexpr Bounds BOUNDS[] = {
+    {Type::Temperature,             173.15, 473.15   }, // of fluids in pipes as well
+    {Type::SkyTemperature,          100,    373.15   },
+    {Type::RelativeHumidity,        0,      1        },
+    {Type::VaporPressure,           0,      1e6      },
+    {Type::CloudCoverage,           0,      1        },
+    {Type::WindVelocity,            0,      200      },
+    {Type::HeatTransferCoefficient, 0,      1e6      },
+    {Type::RainFluxNormal,          0,      1        }, // 3600 mm/h
+    {Type::RainFluxHorizontal,      0,      1        },
+    {Type::FluidChangeRate,         0,      UNBOUNDED},
+};
+/// What is measured may lie beyond them by this share of the upper one.
+constexpr double MEASURING_ERROR = 0.01;
 
 bool isQuantity(ClimateCond::condition_t type, const std::string & word) {
     return word == KeywordList::Keyword(type) ||
@@ -141,6 +164,44 @@ void ClimateCond::requireParameters(const char * where) const {
             fail(KOR::text(required.notPositive, m_name), where);
 }
 
+/// \param low, high least and greatest value before shift and clipping [base unit]
+void ClimateCond::checkBounds(double low, double high, const char * where) const {
+    const auto bounds =
+        std::find_if(std::begin(BOUNDS), std::end(BOUNDS), [this](const Bounds & row) { return row.type == m_type; });
+    if (bounds == std::end(BOUNDS))
+        return;
+    const double shift = m_para.contains(para_t::ShiftValue) ? difference(para_t::ShiftValue, where) : 0;
+    const auto clipped = [&](double value) {
+        value += shift;
+        if (m_para.contains(para_t::MaxClippingValue))
+            value = std::min(value, baseValue(para_t::MaxClippingValue, where));
+        if (m_para.contains(para_t::MinClippingValue))
+            value = std::max(value, baseValue(para_t::MinClippingValue, where));
+        return value;
+    };
+    const bool isMeasured = needsData(*m_kind);
+    const double tolerance = isMeasured && std::isfinite(bounds->max) ? MEASURING_ERROR * bounds->max : 0;
+    const double found[] = {clipped(low), clipped(high)};
+    for (const double value : found) {
+        // Instruments give a little less than nothing where there is nothing.
+        const bool isTooLow = value < bounds->min - (m_type == Type::RelativeHumidity ? 0 : tolerance);
+        if (!isTooLow && value <= bounds->max + tolerance)
+            continue;
+        const KOR::Unit unit(KeywordList::Unit(m_type));
+        const auto shown = [&](double number) {
+            KOR::UnitList::instance().convert(baseUnit(), unit, number);
+            return KOR::toString(number, 6);
+        };
+        const std::string allowed = std::isfinite(bounds->max)
+                                        ? KOR::text("lie within %1..%2", shown(bounds->min), shown(bounds->max))
+                                        : KOR::text("be at least %1", shown(bounds->min));
+        fail(KOR::text("Climate condition '%1': '%2' %3 %4 %5, it must %6 %5%7.", m_name, KeywordList::Keyword(m_type),
+                       isTooLow ? "goes down to" : "goes up to", shown(value), unit.name(), allowed,
+                       isMeasured ? "; 'MinClippingValue' and 'MaxClippingValue' cut the data off" : ""),
+             where);
+    }
+}
+
 void ClimateCond::checkParameters() const {
     constexpr const char * WHERE = "[ClimateCond::checkParameters]";
     requireParameters(WHERE);
@@ -151,6 +212,16 @@ void ClimateCond::checkParameters() const {
         fail(KOR::text("Climate condition '%1': parameter 'MinClippingValue' is larger than 'MaxClippingValue'.",
                        m_name),
              WHERE);
+    if (m_kind == kind_t::Constant) {
+        const double value = baseValue(para_t::ConstantValue, WHERE);
+        checkBounds(value, value, WHERE);
+    } else if (m_kind == kind_t::Sinus || m_kind == kind_t::DoubleSinus) {
+        double swing = difference(para_t::Amplitude1, WHERE);
+        if (m_kind == kind_t::DoubleSinus)
+            swing += difference(para_t::Amplitude2, WHERE);
+        const double mean = baseValue(para_t::MeanValue, WHERE);
+        checkBounds(mean - swing, mean + swing, WHERE);
+    }
 }
 
 // *** Calculation ***
@@ -242,6 +313,8 @@ void ClimateCond::prepareCalculation() {
     if (needsData(*m_kind)) {
         if (calculation.m_data.empty())
             fail("Climate data not loaded. Call setData() before prepareCalculation()!", WHERE);
+        const auto [low, high] = std::minmax_element(calculation.m_data.y().begin(), calculation.m_data.y().end());
+        checkBounds(*low, *high, WHERE);
         if (!calculation.m_isCyclic && calculation.m_startYear == NO_YEAR)
             fail(
                 "Missing start year for continuous (non-cyclic) calculation mode. Call setData() with valid start year "

@@ -25,15 +25,15 @@ constexpr NamedValueTexts FLAGS{
 
 //  parameter                    unit  min  max
 constexpr ParaLimit LIMITS[] = {
-    {"HeatConductionResistance",   "",  0, UNLIMITED},
-    {"VaporDiffusionResistance",   "",  0, UNLIMITED},
-    {"VaporDiffusionSD",           "m", 0, UNLIMITED},
-    {"WaterConductionResistance",  "",  0, UNLIMITED},
-    {"AirConvectionResistance",    "",  0, UNLIMITED},
-    {"SaltDiffusionResistance",    "",  0, UNLIMITED},
-    {"VOCMassTransferCoefficient", "",  0, UNLIMITED},
-    {"HeatExchangeCoefficient",    "",  0, UNLIMITED},
-    {"VaporExchangeCoefficient",   "",  0, UNLIMITED},
+    {"HeatConductionResistance",   "m2K/W", 0, UNLIMITED},
+    {"VaporDiffusionResistance",   "m/s",   0, UNLIMITED},
+    {"VaporDiffusionSD",           "m",     0, UNLIMITED},
+    {"WaterConductionResistance",  "m/s",   0, UNLIMITED},
+    {"AirConvectionResistance",    "",      0, UNLIMITED},
+    {"SaltDiffusionResistance",    "",      0, UNLIMITED},
+    {"VOCMassTransferCoefficient", "",      0, UNLIMITED},
+    {"HeatExchangeCoefficient",    "W/m2K", 0, 1e6      },
+    {"VaporExchangeCoefficient",   "s/m",   0, 1        },
 };
 
 void readFunction(const TiXmlElement & element, const xml::ElementReader & reader,

@@ -165,6 +165,10 @@ void Init::checkParameters() const {
     constexpr const char * WHERE = "[Init::checkParameters]";
     static_cast<void>(balanceEquationModule());
     m_interval.checkParameters();
+    const bool hasEnd =
+        m_interval.m_para.contains(Interval::para_t::End) || m_interval.m_para.contains(Interval::para_t::Duration);
+    if (m_interval.start() > LONGEST_TIME || (hasEnd && m_interval.end() > LONGEST_TIME))
+        throw KOR::Exception("The simulation lasts beyond 1000 a.", WHERE);
     checkDefaultLimits(m_para, WHERE);
     checkDefaultLimits(m_intPara, WHERE);
     checkDefaultLimits(m_defaultInitialCondition, WHERE);

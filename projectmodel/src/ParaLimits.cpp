@@ -30,9 +30,8 @@ void checkLimit(const KOR::Parameter & parameter, const ParaLimit & limit, std::
     double value = 0;
     try {
         value = limit.unit.empty() ? parameter.ioValue() : parameter.get_value(limit.unit);
-    } catch (const KOR::Exception & ex) {
-        throw KOR::Exception(ex,
-                             KOR::text("%1Parameter '%2' has an unsuitable unit '%3'.", context, parameter.name(),
+    } catch (const KOR::Exception &) { // which says less
+        throw KOR::Exception(KOR::text("%1Parameter '%2' has an unsuitable unit '%3'.", context, parameter.name(),
                                        parameter.ioUnit().name()),
                              where);
     }

@@ -1,7 +1,9 @@
 #include <HYGRION/ProjectCheck.h>
 
 #include <KOR/FileIO.h>
+#include <KOR/MessageHandler.h>
 #include <KOR/Numbers.h>
+#include <KOR/Strings.h>
 #include <KOR/Xml.h>
 
 #include <algorithm>
@@ -193,7 +195,7 @@ bool checkAssignments(const Project & project, Findings & findings) {
         return false;
     for (std::size_t i = 0; i < project.m_assignments.size(); ++i) {
         const Assignment & assignment = project.m_assignments.m_list[i];
-        const std::string place = placeOf("assignment", project.assignmentLabel(i));
+        const std::string place = ProjectCheck::assignmentPlace(project, i);
         collect(findings, place, [&] { assignment.checkParameters(project.m_disc); });
         for (const RotationMatrix & matrix : assignment.m_rotationMatrices)
             if (!matrix.isRotation())
@@ -229,7 +231,7 @@ void checkCoverage(const Project & project, Findings & findings) {
 
 std::string placeOf(const Project & project, const ReferenceSource & source) {
     if (source.place == ReferenceSource::ASSIGNMENT)
-        return placeOf("assignment", project.assignmentLabel(source.index));
+        return ProjectCheck::assignmentPlace(project, source.index);
     if (source.place == ReferenceSource::MATERIAL_MAPPING)
         return "Init";
     std::string place;
@@ -285,7 +287,7 @@ std::string ProjectCheck::Finding::text() const {
     return result + message;
 }
 
-std::vector<Finding> ProjectCheck::checkFile(const std::string & filename, Project & project) {
+std::vector<Finding> ProjectCheck::checkFile(const std::string & filename, Project & project, const Further & further) {
     Findings findings;
     project = Project();
     TiXmlDocument document;
@@ -308,7 +310,10 @@ std::vector<Finding> ProjectCheck::checkFile(const std::string & filename, Proje
     std::map<std::string, int> lines;
     std::size_t assignments = 0;
     collectLines(root, 3, lines, assignments);
-    for (Finding & finding : checked(project, leftOut)) {
+    std::vector<Finding> all = checked(project, leftOut);
+    if (further)
+        further(project, all);
+    for (Finding & finding : all) {
         if (const auto line = lines.find(finding.place); line != lines.end())
             finding.line = line->second;
         add(findings, std::move(finding));
@@ -318,6 +323,34 @@ std::vector<Finding> ProjectCheck::checkFile(const std::string & filename, Proje
 
 std::vector<Finding> ProjectCheck::checkProject(const Project & project) {
     return checked(project, {});
+}
+
+void ProjectCheck::collect(std::vector<Finding> & findings, const std::string & place,
+                           const std::function<void()> & check) {
+    const bool isFaulty = std::any_of(findings.begin(), findings.end(), [&place](const Finding & finding) {
+        return finding.severity == FAULT && finding.place == place;
+    });
+    if (isFaulty)
+        return;
+    const KOR::MessageCollector collected;
+    HYGRION::collect(findings, place, check);
+    for (const KOR::MessageCollector::Message & message : collected.messages()) {
+        if (message.type != KOR::MSG_WARNING && message.type != KOR::MSG_ERROR)
+            continue;
+        // What messages begin with is the place itself.
+        const bool isNamed = KOR::lowered(message.text).starts_with(KOR::lowered(place) + ": ");
+        add(findings, {.severity = WARNING,
+                       .place = place,
+                       .message = isNamed ? message.text.substr(place.size() + 2) : message.text});
+    }
+}
+
+std::string ProjectCheck::place(definition_t kind, const std::string & name) {
+    return placeOf(definitionWord(kind), name);
+}
+
+std::string ProjectCheck::assignmentPlace(const Project & project, std::size_t index) {
+    return placeOf("assignment", project.assignmentLabel(index));
 }
 
 } // namespace HYGRION

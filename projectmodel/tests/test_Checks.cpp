@@ -143,6 +143,9 @@ TEST(Checks, NonsenseInSettingsIsRefusedByName) {
     init.m_interval.m_para.set(Interval::para_t::Duration, 1, "h");
     EXPECT_EQ(refusal(init), "Parameters 'End' and 'Duration' of the interval exclude one another.");
     init.m_interval.m_para.erase(Interval::para_t::End);
+    init.m_interval.m_para.set(Interval::para_t::Duration, 1001, "a");
+    EXPECT_EQ(refusal(init), "The simulation lasts beyond 1000 a.");
+    init.m_interval.m_para.set(Interval::para_t::Duration, 1, "h");
     EXPECT_DOUBLE_EQ(init.m_interval.end(), 241 * 3600);
     init.m_intPara.set(Init::intpara_t::TimeZone, 15);
     EXPECT_EQ(refusal(init), "Parameter 'TimeZone' is 15, it must lie within -12..14.");
@@ -154,10 +157,15 @@ TEST(Checks, ConditionsAndOutputs) {
     BoundaryCond law;
     law.m_name = "b";
     EXPECT_EQ(refusal(law), "Boundary condition 'b': Parameter 'ExchangeCoefficient' is missing for kind 'Exchange'.");
-    law.m_para.set(BoundaryCond::para_t::ExchangeCoefficient, -1, "s/m");
-    EXPECT_EQ(refusal(law),
-              "Boundary condition 'b': Parameter 'ExchangeCoefficient' is -1 s/m, it must not be negative.");
+    law.m_para.set(BoundaryCond::para_t::ExchangeCoefficient, -1, "W/m2K");
+    EXPECT_EQ(refusal(law), "Boundary condition 'b': Parameter 'ExchangeCoefficient' is -1 W/m2K, it must lie within "
+                            "0..1e+06 W/m2K.");
+    law.m_para.set(BoundaryCond::para_t::ExchangeCoefficient, 1e300, "W/m2K");
+    EXPECT_NE(refusal(law), "");
     law.m_para.set(BoundaryCond::para_t::ExchangeCoefficient, 1, "s/m");
+    EXPECT_EQ(caught([&] { law.checkParameters(); }).message(),
+              "Boundary condition 'b': Parameter 'ExchangeCoefficient' has an unsuitable unit 's/m'.");
+    law.m_type = BoundaryCond::condition_t::VaporDiffusion;
     law.m_intPara.set(BoundaryCond::intpara_t::HP_GlycolKind, 3);
     EXPECT_EQ(refusal(law), "Boundary condition 'b': Parameter 'HP_GlycolKind' is 3, it must lie within 0..2.");
 

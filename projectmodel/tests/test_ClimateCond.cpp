@@ -234,3 +234,82 @@ TEST(ClimateCond, UnpreparedConditionsAreRefused) {
                 "Initializing of climate data in climate condition 'c' for calculation failed with error message: "));
     EXPECT_THROW(condition(Kind::Constant, {}).calcCurrentValue(0), KOR::Exception);
 }
+
+TEST(ClimateCond, KeepsToWhatAClimateCanBe) {
+    using Type = ClimateCond::condition_t;
+    struct Row {
+        Type type;
+        Kind kind;
+        std::initializer_list<Setting> settings;
+        const char * message; ///< behind the name; empty: accepted
+    };
+    const Row ROWS[] = {
+        {Type::RelativeHumidity,        Kind::Constant, {{Para::ConstantValue, 100, "%"}},                             ""},
+        {Type::RelativeHumidity,
+         Kind::Constant,
+         {{Para::ConstantValue, 120, "%"}},
+         "'RelativeHumidity' goes up to 120 %, it must lie within 0..100 %."                                             },
+        {Type::RelativeHumidity,
+         Kind::Constant,
+         {{Para::ConstantValue, -0.05, "---"}},
+         "'RelativeHumidity' goes down to -5 %, it must lie within 0..100 %."                                            },
+        {Type::RelativeHumidity,
+         Kind::Constant,
+         {{Para::ConstantValue, 120, "%"}, {Para::MaxClippingValue, 95, "%"}},
+         ""                                                                                                              },
+        {Type::RelativeHumidity,
+         Kind::Sinus,
+         {{Para::MeanValue, 90, "%"},
+          {Para::Amplitude1, 20, "%"},
+          {Para::OscPeriod1, 1, "d"},
+          {Para::PhaseShift1, 0, "d"}},
+         "'RelativeHumidity' goes up to 110 %, it must lie within 0..100 %."                                             },
+        {Type::Temperature,
+         Kind::Constant,
+         {{Para::ConstantValue, 293.15, "C"}},
+         "'Temperature' goes up to 293.15 C, it must lie within -100..200 C."                                            },
+        {Type::Temperature,             Kind::Constant, {{Para::ConstantValue, 15, "C"}, {Para::ShiftValue, 10, "C"}}, ""},
+        {Type::HeatTransferCoefficient,
+         Kind::Constant,
+         {{Para::ConstantValue, 1e300, "W/m2K"}},
+         "'HeatTransferCoefficient' goes up to 1e+300 W/m2K, it must lie within 0..1e+06 W/m2K."                         },
+        {Type::FluidChangeRate,
+         Kind::Constant,
+         {{Para::ConstantValue, -1, "1/h"}},
+         "'FluidChangeRate' goes down to -1 1/h, it must be at least 0 1/h."                                             },
+    };
+    for (const Row & row : ROWS) {
+        ClimateCond climate = condition(row.kind, row.settings);
+        climate.m_type = row.type;
+        std::string said;
+        try {
+            climate.checkParameters();
+        } catch (const KOR::Exception & ex) {
+            said = ex.cause();
+        }
+        EXPECT_EQ(said, *row.message == 0 ? "" : std::string("Climate condition 'c': ") + row.message);
+    }
+    // Tables may be off by an error of measurement, and be cut off.
+    ClimateCond table = condition(Kind::TabulatedData, {}, {Flag::Cyclic});
+    table.m_type = Type::RelativeHumidity;
+    table.setData(
+        {
+            "RelativeHumidity", "%", {     },
+              {  0,  3600},
+              { 80, 100.5}
+    },
+        2000);
+    EXPECT_NO_THROW(table.prepareCalculation());
+    table.setData(
+        {
+            "RelativeHumidity", "%", {    },
+              {  0, 3600},
+              { 80,  120}
+    },
+        2000);
+    EXPECT_EQ(causeOf([&] { table.prepareCalculation(); }),
+              "Climate condition 'c': 'RelativeHumidity' goes up to 120 %, it must lie within 0..100 %; "
+              "'MinClippingValue' and 'MaxClippingValue' cut the data off.");
+    table.m_para.set(Para::MaxClippingValue, 100, "%");
+    EXPECT_NO_THROW(table.prepareCalculation());
+}

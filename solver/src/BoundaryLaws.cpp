@@ -85,7 +85,7 @@ void heatExchange(const BoundaryLaw & law, const ClimateMoment & moment, Surface
                 temperature(law, moment), law, load);
 }
 
-void pipeCollector(const BoundaryLaw & law, const ClimateMoment & moment, SurfaceLoad & load) {
+PipeFlow pipeFlowOf(const BoundaryLaw & law, const ClimateMoment & moment) {
     const double T = temperature(law, moment);
     const auto given = [&](Quantity quantity) { return law.signals.value(moment, quantity); };
     const double massFlow = law.signals.has(Quantity::MassFlowRate) ? given(Quantity::MassFlowRate)
@@ -95,7 +95,12 @@ void pipeCollector(const BoundaryLaw & law, const ClimateMoment & moment, Surfac
     const double inner = law.signals.has(Quantity::HeatTransferCoefficient)
                              ? given(Quantity::HeatTransferCoefficient)
                              : law.pipe.innerCoefficient(T, std::max(massFlow, 0.0));
-    addExchange(law.pipe.perArea * law.pipe.conductance(massFlow, inner), T, law, load);
+    return {T, std::max(massFlow, 0.0) * law.pipe.specificHeat(), inner, law.pipe.conductance(massFlow, inner)};
+}
+
+void pipeCollector(const BoundaryLaw & law, const ClimateMoment & moment, SurfaceLoad & load) {
+    const PipeFlow flow = pipeFlowOf(law, moment);
+    addExchange(law.pipe.perArea * flow.conductance, flow.inlet, law, load);
 }
 
 void vaporSurfaceValue(const BoundaryLaw & law, const ClimateMoment & moment, SurfaceLoad & load) {
@@ -434,6 +439,13 @@ bool BoundaryLaw::isRain() const {
 
 bool BoundaryLaw::isPipe() const {
     return apply == pipeCollector;
+}
+
+PipeFlow BoundaryLaw::pipeFlow(const ClimateMoment & moment) const {
+    PipeFlow flow = pipeFlowOf(*this, moment);
+    if (!active.contains(moment.time))
+        flow.capacity = flow.innerCoefficient = flow.conductance = 0;
+    return flow;
 }
 
 bool BoundaryLaw::isHeatExchange() const {

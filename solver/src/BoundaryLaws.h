@@ -95,6 +95,8 @@ struct BoundaryLaw {
     /// Depends on the height of the surface.
     bool isHydrostatic() const;
     bool isPipe() const;
+    /// Of a pipe; nothing flows while the schedule switches it off.
+    PipeFlow pipeFlow(const ClimateMoment & moment) const;
     /// Brings heat by a difference of temperatures.
     bool isHeatExchange() const;
 };

@@ -78,6 +78,17 @@ void ClimateDriver::evaluate(double time, Scratch & scratch, ModelInput::Loads l
     }
 }
 
+std::optional<PipeFlow> ClimateDriver::pipeFlow(double time, std::size_t surface, Scratch & scratch) const {
+    const std::vector<BoundaryLaw> & laws = m_groups[m_groupOfSurface.at(surface)];
+    const auto isPipe = [](const BoundaryLaw & law) { return law.isPipe(); };
+    if (std::count_if(laws.begin(), laws.end(), isPipe) != 1)
+        return {};
+    if (time != scratch.time)
+        m_signals.evaluate(time, scratch.values);
+    scratch.time = time;
+    return std::find_if(laws.begin(), laws.end(), isPipe)->pipeFlow({time, scratch.values, scratch.suns});
+}
+
 JumpTable ClimateDriver::jumps() const {
     JumpTable table;
     m_signals.addJumps(table);

@@ -7,6 +7,7 @@
 #include <SOLVER/Model.h>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace SOLVER {
@@ -50,6 +51,9 @@ public:
 
     Scratch makeScratch() const;
     void evaluate(double time, Scratch & scratch, ModelInput::Loads loads) const;
+    /// The flow in the pipe behind a surface; nothing where there is none, or more than one.
+    /// \param scratch of this function alone
+    std::optional<PipeFlow> pipeFlow(double time, std::size_t surface, Scratch & scratch) const;
     /// All times that no step may pass.
     JumpTable jumps() const;
 

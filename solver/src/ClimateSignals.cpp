@@ -76,11 +76,21 @@ ClimateSignals::Index ClimateSignals::add(const std::string & name, Quantity qua
                                     [&](const ClimateCond & condition) { return condition.m_name == name; });
     if (found == known.end())
         throw Exception(text("Climate condition '%1' is not defined.", name), WHERE);
-    if (found->m_type != quantity)
-        throw Exception(text("Climate condition '%1' is of quantity '%2', but '%3' is asked for.", name,
-                             KeywordList::Keyword(found->m_type), KeywordList::Keyword(quantity)),
-                        WHERE);
+    checkUse(*found, quantity);
+    found->checkParameters();
     return append(*found, name);
+}
+
+void ClimateSignals::checkUse(const ClimateCond & condition, Quantity quantity) {
+    if (condition.m_type != quantity)
+        throw Exception(text("Climate condition '%1' is of quantity '%2', but '%3' is asked for.", condition.m_name,
+                             KeywordList::Keyword(condition.m_type), KeywordList::Keyword(quantity)),
+                        WHERE);
+    if (condition.m_kind == Kind::External)
+        throw Exception(text("Climate condition '%1': kind 'External' needs an external model, which the solver cannot "
+                             "run with.",
+                             condition.m_name),
+                        WHERE);
 }
 
 ClimateSignals::Index ClimateSignals::addGenerated(const ClimateCond & condition, const std::string & owner) {
@@ -95,8 +105,7 @@ ClimateSignals::Index ClimateSignals::append(ClimateCond condition, const std::s
     try {
         if (!signal.condition.m_kind)
             throw Exception(text("Missing kind type in climate condition '%1'!", signal.condition.m_name), WHERE);
-        if (signal.condition.m_kind == Kind::External)
-            throw Exception("Kind 'External' needs an external model, which the solver cannot run with.", WHERE);
+        checkUse(signal.condition, signal.condition.m_type);
         if (signal.condition.m_kind == Kind::TabulatedData || signal.condition.m_kind == Kind::CCM)
             loadData(signal);
         else

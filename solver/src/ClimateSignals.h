@@ -32,6 +32,8 @@ public:
     /// conditions that are missing, of another quantity, of kind External, whose file cannot be read or does not cover
     /// the simulation.
     Index add(const std::string & name, Quantity quantity);
+    /// Throws ("[ClimateSignals::add]") unless a condition can supply a quantity, whatever lies in its file.
+    static void checkUse(const HYGRION::ClimateCond & condition, Quantity quantity);
     /// A condition that an interface generated; \p owner is the interface's name.
     Index addGenerated(const HYGRION::ClimateCond & condition, const std::string & owner);
 

@@ -161,7 +161,7 @@ Model::FaceFlux result(const HalfCell::Flux & flux, double T, module_t module) {
 
 /// One node shared by both half cells. Rows: heat with the latent part of vapour, moisture.
 Model::FaceFlux perfectContact(const HalfCell & a, const HalfCell & b, const Thermodynamics & thermodynamics,
-                               module_t module) {
+                               module_t module, FaceNodes * nodes) {
     const FaceNode nodeA = nodeAtCell(a);
     const FaceNode nodeB = nodeAtCell(b);
     FaceNode node{(nodeA.temperature + nodeB.temperature) / 2, std::sqrt(nodeA.humidity * nodeB.humidity)};
@@ -188,12 +188,14 @@ Model::FaceFlux perfectContact(const HalfCell & a, const HalfCell & b, const The
     fa.vapor = (fa.vapor - fb.vapor) / 2;
     fa.liquid = (fa.liquid - fb.liquid) / 2;
     fa.conduction = (fa.conduction - fb.conduction) / 2;
+    if (nodes != nullptr)
+        *nodes = {node, node};
     return result(fa, node.temperature, module);
 }
 
 /// Two nodes with resistances between them. Rows: heat and moisture at a, heat and moisture at b.
 Model::FaceFlux resistiveContact(const HalfCell & a, const HalfCell & b, const Contact & joint,
-                                 const Thermodynamics & thermodynamics, module_t module) {
+                                 const Thermodynamics & thermodynamics, module_t module, FaceNodes * nodes) {
     const ContactResistance & contact = joint.resistance;
     const double latent = latentHeat(module, (a.cell.temperature + b.cell.temperature) / 2);
     // A resistance of zero stands for a contact whose drop cannot be seen.
@@ -262,6 +264,8 @@ Model::FaceFlux resistiveContact(const HalfCell & a, const HalfCell & b, const C
     flux.conduction = (fa.conduction + latent * fa.vapor - fb.conduction - latent * fb.vapor) / 2 - latent * flux.vapor;
     if (!converged)
         flux.conduction = NOT_A_NUMBER;
+    if (nodes != nullptr)
+        *nodes = {na, nb};
     return result(flux, (na.temperature + nb.temperature) / 2, module);
 }
 
@@ -283,7 +287,7 @@ Arrival arrival(const SurfaceLoad & load, const HalfCell::Flux & f, double T, do
     in.waterByT = vaporByT;
     in.waterByPhi = vaporByPhi;
     in.heat = load.heatTransfer * (load.airTemperature - T) + load.heatFlux + load.shortWave + load.longWave -
-              emitted * T + latent * in.vapor + liquid * C_WATER * (load.waterTemperature - T);
+              emitted * T + latent * in.vapor + liquid * C_WATER * (load.temperatureOfWater(T) - T);
     in.heatByT = -load.heatTransfer - 4 * emitted + latent * vaporByT - liquid * C_WATER;
     in.heatByPhi = latent * vaporByPhi;
     return in;
@@ -332,9 +336,9 @@ HalfCell::Flux solveSurface(const HalfCell & inside, const SurfaceLoad & load, d
 } // namespace
 
 Model::FaceFlux eliminateContact(const HalfCell & a, const HalfCell & b, const Contact & contact,
-                                 const Thermodynamics & thermodynamics, module_t module) {
-    return contact.resistance.isPerfect() ? perfectContact(a, b, thermodynamics, module)
-                                          : resistiveContact(a, b, contact, thermodynamics, module);
+                                 const Thermodynamics & thermodynamics, module_t module, FaceNodes * nodes) {
+    return contact.resistance.isPerfect() ? perfectContact(a, b, thermodynamics, module, nodes)
+                                          : resistiveContact(a, b, contact, thermodynamics, module, nodes);
 }
 
 SurfaceState eliminateSurface(const HalfCell & inside, const SurfaceLoad & given, const Thermodynamics & thermodynamics,
@@ -374,7 +378,9 @@ SurfaceState eliminateSurface(const HalfCell & inside, const SurfaceLoad & given
         state.vaporArrival = arrival(load, f, node.temperature, load.rain, 0).vapor;
         state.liquidArrival = std::max(0.0, load.rain - state.runoff) + load.liquidFlux;
         state.vaporEnthalpy = state.vaporArrival * enthalpyOfVapor(node.temperature);
-        state.liquidEnthalpy = state.liquidArrival * enthalpyOfLiquid(load.waterTemperature);
+        state.liquidEnthalpy =
+            (load.rain + load.liquidFlux) * enthalpyOfLiquid(load.temperatureOfWater(node.temperature)) -
+            state.runoff * enthalpyOfLiquid(node.temperature);
     }
     if (module != module_t::moisture) {
         state.conduction = -f.conduction;

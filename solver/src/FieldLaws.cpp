@@ -63,7 +63,7 @@ void rainSource(const FieldLaw & law, const ClimateMoment & moment, CellLoad & l
                  load);
         return;
     }
-    SurfaceLoad surface{.airTemperature = 0}; // rain of an unknown temperature is as warm as the cell
+    SurfaceLoad surface; // rain of an unknown temperature is as warm as the cell
     for (const BoundaryLaw & rain : law.rain)
         if (rain.active.contains(moment.time))
             rain.apply(rain, moment, surface);

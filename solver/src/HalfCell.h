@@ -14,7 +14,7 @@ struct Thermodynamics {
     double kelvin(double T) const { return kelvinPressure(useReferenceTemperature ? T_REF : T); }
     /// Of the vapour permeability: diffusivity in air grows with T^1.81, its gas constant divides by T.
     double permeabilityFactor(double T) const {
-        return useReferenceTemperature ? 1 : 1 + 0.81 * (T - T_REF) / T_REF; // of T^0.81, 0.4 % off at 0 C
+        return useReferenceTemperature ? 1 : 1 + 0.81 * (T - T_REF) / T_REF; // of T^0.81, 0.04 % off at 0 C
     }
 };
 

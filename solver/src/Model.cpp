@@ -194,32 +194,52 @@ Model::FaceFlux Model::homogeneousFlux(const ModelInput::Face & face, const Mate
     return flux;
 }
 
-void Model::evaluateFaces() {
-    const Thermodynamics thermodynamics{m_input.useReferenceTemperature};
+bool Model::isHomogeneous(const ModelInput::Face & face) const {
+    return m_input.cells[face.a].material == m_input.cells[face.b].material &&
+           materialDirection(face.a, face.direction) == materialDirection(face.b, face.direction) &&
+           face.contact.isPerfect();
+}
+
+Model::FaceFlux Model::solveFace(const ModelInput::Face & face, FaceNodes * nodes) const {
     CellState bufferA;
     CellState bufferB;
-    for (std::size_t f = 0; f < m_faceFluxes.size(); ++f) {
-        const ModelInput::Face & face = m_input.faces[f];
-        const std::uint32_t materialA = m_input.cells[face.a].material;
-        const std::uint32_t materialB = m_input.cells[face.b].material;
-        const int directionA = materialDirection(face.a, face.direction);
-        const int directionB = materialDirection(face.b, face.direction);
-        const CellState & a = along(face.a, face.direction, bufferA);
-        const CellState & b = along(face.b, face.direction, bufferB);
-        const MaterialTable & tableA = m_input.materials[materialA].along(directionA);
-        if (materialA == materialB && directionA == directionB && face.contact.isPerfect()) {
-            m_faceFluxes[f] = homogeneousFlux(face, tableA, a, b);
-            continue;
-        }
-        const double head = m_input.useGravity ? RHO_WATER * GRAVITY * face.rise : 0;
-        const double distance = face.distanceA + face.distanceB;
-        const ModelInput::Foil * const foil =
-            face.contact.foil < 0 ? nullptr : &m_input.foils[static_cast<std::size_t>(face.contact.foil)];
-        m_faceFluxes[f] = eliminateContact(
-            {tableA, a, face.distanceA, head * face.distanceA / distance},
-            {m_input.materials[materialB].along(directionB), b, face.distanceB, -head * face.distanceB / distance},
-            {face.contact, foil}, thermodynamics, m_input.module);
+    const CellState & a = along(face.a, face.direction, bufferA);
+    const CellState & b = along(face.b, face.direction, bufferB);
+    const auto tableOf = [&](std::uint32_t cell) -> const MaterialTable & {
+        return m_input.materials[m_input.cells[cell].material].along(materialDirection(cell, face.direction));
+    };
+    if (nodes == nullptr && isHomogeneous(face))
+        return homogeneousFlux(face, tableOf(face.a), a, b);
+    const double head = m_input.useGravity ? RHO_WATER * GRAVITY * face.rise : 0;
+    const double distance = face.distanceA + face.distanceB;
+    const ModelInput::Foil * const foil =
+        face.contact.foil < 0 ? nullptr : &m_input.foils[static_cast<std::size_t>(face.contact.foil)];
+    return eliminateContact({tableOf(face.a), a, face.distanceA, head * face.distanceA / distance},
+                            {tableOf(face.b), b, face.distanceB, -head * face.distanceB / distance},
+                            {face.contact, foil}, {m_input.useReferenceTemperature}, m_input.module, nodes);
+}
+
+void Model::evaluateFaces() {
+    for (std::size_t f = 0; f < m_faceFluxes.size(); ++f)
+        m_faceFluxes[f] = solveFace(m_input.faces[f], nullptr);
+}
+
+Model::SideState Model::sideState(std::size_t f, bool isSeenFromB) const {
+    const ModelInput::Face & face = m_input.faces.at(f);
+    if (isHomogeneous(face)) {
+        const CellState & a = m_cells[face.a];
+        const CellState & b = m_cells[face.b];
+        const double share = face.distanceA / (face.distanceA + face.distanceB);
+        const auto between = [share](double atA, double atB) { return (1 - share) * atA + share * atB; };
+        return {between(a.temperature, b.temperature), between(a.suction, b.suction), between(a.humidity, b.humidity),
+                between(a.vaporPressure, b.vaporPressure)};
     }
+    FaceNodes nodes{};
+    solveFace(face, &nodes);
+    const FaceNode & node = isSeenFromB ? nodes.b : nodes.a;
+    const Thermodynamics thermodynamics{m_input.useReferenceTemperature};
+    return {node.temperature, -thermodynamics.kelvin(node.temperature) * std::log(node.humidity), node.humidity,
+            node.humidity * saturationPressure(node.temperature)};
 }
 
 void Model::evaluateSurfaces() {
@@ -228,10 +248,11 @@ void Model::evaluateSurfaces() {
     for (std::size_t s = 0; s < m_surfaceStates.size(); ++s) {
         const ModelInput::Surface & surface = m_input.surfaces[s];
         const MaterialTable & table = m_input.materials[m_input.cells[surface.cell].material];
-        m_surfaceStates[s] = eliminateSurface({table.along(materialDirection(surface.cell, surface.direction)),
-                                               along(surface.cell, surface.direction, buffer), surface.distance, 0,
-                                               m_loads[s].openToLiquid},
-                                              m_loads[s], thermodynamics, m_input.module);
+        m_surfaceStates[s] =
+            eliminateSurface({table.along(materialDirection(surface.cell, surface.direction)),
+                              along(surface.cell, surface.direction, buffer), surface.distance,
+                              m_input.useGravity ? RHO_WATER * GRAVITY * surface.rise : 0, m_loads[s].openToLiquid},
+                             m_loads[s], thermodynamics, m_input.module);
     }
 }
 

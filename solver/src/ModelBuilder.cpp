@@ -69,7 +69,8 @@ Construction buildConstruction(const HYGRION::Project & project) {
 Construction ModelBuilder::build() {
     m_project.checkReferences();
     m_project.GUISanityChecks();
-    checkAssignments();
+    for (std::size_t a = 0; a < m_project.m_assignments.size(); ++a)
+        checkAssignment(m_project.m_assignments.m_list[a], m_project.assignmentLabel(a));
     readSettings();
     m_driver = std::make_unique<ClimateDriver>(ClimateSignals(m_project, m_result.startTime, m_result.endTime));
     readGrid();
@@ -86,44 +87,33 @@ Construction ModelBuilder::build() {
 }
 
 /// What would have no effect where it lies.
-void ModelBuilder::checkAssignments() const {
+void ModelBuilder::checkAssignment(const HYGRION::Assignment & assignment, const std::string & label) {
     using HYGRION::Assignment;
     using Type = Assignment::type_t;
-    for (std::size_t a = 0; a < m_project.m_assignments.size(); ++a) {
-        const Assignment & assignment = m_project.m_assignments.m_list[a];
-        const bool needsSide = assignment.m_type == Type::Interface || assignment.m_type == Type::ContactCondition;
-        const bool hasSide = assignment.m_location != Assignment::location_t::Element &&
-                             assignment.m_location != Assignment::location_t::Coordinate;
-        const bool fits = needsSide ? hasSide : assignment.m_location == Assignment::location_t::Element;
-        if (!fits && assignment.m_type != Type::Output)
-            refuse(text("Assignment %1: type '%2' cannot be used with location '%3'; it needs %4.",
-                        m_project.assignmentLabel(a), KeywordList::Keyword(assignment.m_type),
-                        KeywordList::Keyword(assignment.m_location), needsSide ? "a side of cells" : "'Element'"));
-    }
+    const bool needsSide = assignment.m_type == Type::Interface || assignment.m_type == Type::ContactCondition;
+    const bool hasSide = assignment.m_location != Assignment::location_t::Element &&
+                         assignment.m_location != Assignment::location_t::Coordinate;
+    const bool fits = needsSide ? hasSide : assignment.m_location == Assignment::location_t::Element;
+    if (!fits && assignment.m_type != Type::Output)
+        refuse(text("Assignment %1: type '%2' cannot be used with location '%3'; it needs %4.", label,
+                    KeywordList::Keyword(assignment.m_type), KeywordList::Keyword(assignment.m_location),
+                    needsSide ? "a side of cells" : "'Element'"));
 }
 
-void ModelBuilder::checkModules() const {
+module_t ModelBuilder::moduleOf(const Init & init) {
     const auto refuseModules = [](const std::vector<Init::Module> & modules, const char * kind) {
         for (const Init::Module & module : modules)
             refuse(text("%1 module '%2' is not known to the solver.", kind, module.m_name));
     };
-    refuseModules(m_project.m_init.m_fluxModules, "Flux");
-    refuseModules(m_project.m_init.m_sourceModules, "Source");
-}
-
-void ModelBuilder::readSettings() {
+    refuseModules(init.m_fluxModules, "Flux");
+    refuseModules(init.m_sourceModules, "Source");
     using Module = Init::balanceEquationModule_t;
-    const Init & init = m_project.m_init;
-    init.checkParameters();
     switch (const Module module = init.balanceEquationModule()) {
     case Module::HeatTransport:
-        m_result.input.module = module_t::heat;
-        break;
+        return module_t::heat;
     case Module::MoistureTransport:
-        m_result.input.module = module_t::moisture;
-        break;
+        return module_t::moisture;
     case Module::HeatMoistureTransport:
-        m_result.input.module = module_t::heatAndMoisture;
         break;
     case Module::HeatAirMoistureTransport:
     case Module::HeatMoistureVOCTransport:
@@ -132,15 +122,25 @@ void ModelBuilder::readSettings() {
                     "air, pollutants (VOC) and salt.",
                     KeywordList::Keyword(module)));
     }
-    checkModules();
+    return module_t::heatAndMoisture;
+}
+
+void ModelBuilder::checkInterval(const Init & init) {
+    if (!std::isfinite(init.m_interval.end()))
+        refuse("The simulation interval has no end: parameter 'Duration' or 'End' is missing.");
+}
+
+void ModelBuilder::readSettings() {
+    const Init & init = m_project.m_init;
+    init.checkParameters();
+    m_result.input.module = moduleOf(init);
+    checkInterval(init);
     m_materialOptions = {m_result.input.module, init.lambdaSelection(),
                          init.isEnabled(Init::flag_t::UseStrictMaterialChecks)};
 
     m_result.startYear = init.intParameter(Init::intpara_t::StartYear);
     m_result.startTime = init.m_interval.start();
     m_result.endTime = init.m_interval.end();
-    if (!std::isfinite(m_result.endTime))
-        refuse("The simulation interval has no end: parameter 'Duration' or 'End' is missing.");
 
     m_result.input.useGravity = init.isEnabled(Init::flag_t::UseBouyancyLiquid);
     m_result.input.useIce = init.isEnabled(Init::flag_t::UseIce);
@@ -196,6 +196,9 @@ void ModelBuilder::finishClimate() {
     const std::shared_ptr<const ClimateDriver> driver = std::move(m_driver);
     m_result.input.climate = [driver, scratch = driver->makeScratch()](double time, ModelInput::Loads loads) mutable {
         driver->evaluate(time, scratch, loads);
+    };
+    m_result.pipeFlow = [driver, scratch = driver->makeScratch()](double time, std::size_t surface) mutable {
+        return driver->pipeFlow(time, surface, scratch);
     };
     const auto jumps = std::make_shared<const JumpTable>(driver->jumps());
     m_result.nextJump = [jumps](double time) { return jumps->next(time); };

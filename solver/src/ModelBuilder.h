@@ -21,6 +21,17 @@ public:
 
     Construction build();
 
+    // What definitions tell by themselves; all throw with the reason.
+    static void checkAssignment(const HYGRION::Assignment & assignment, const std::string & label);
+    static module_t moduleOf(const HYGRION::Init & init);
+    static void checkInterval(const HYGRION::Init & init);
+    /// Conditions of an interface that do not couple it to another one.
+    static void checkCondition(const HYGRION::BoundaryCond & condition);
+    static void checkContact(const HYGRION::ContactCond & condition);
+    static bool isCoupling(const HYGRION::BoundaryCond & condition) {
+        return !condition.m_otherInterfaceReference.empty();
+    }
+
 private:
     using Index = std::array<std::uint32_t, 3>; ///< column, row, plane
     static constexpr std::int64_t NO_CELL = -1;
@@ -45,9 +56,7 @@ private:
     };
 
     // ModelBuilder.cpp
-    void checkAssignments() const;
     void readSettings();
-    void checkModules() const;
     void readIntegratorSettings();
     void finishClimate();
 

@@ -55,7 +55,7 @@ bool contains(std::span<const Para> list, Para key) {
     return std::find(list.begin(), list.end(), key) != list.end();
 }
 
-void checkParameters(const ContactCond & condition) {
+void checkParametersOf(const ContactCond & condition) {
     for (const auto & [key, parameter] : condition.m_para) {
         const bool isUsed =
             std::any_of(std::begin(ROWS), std::end(ROWS),
@@ -86,18 +86,21 @@ const ContactCond & ModelBuilder::contactCondition(const std::string & name) con
     return named(m_project.m_conditions.m_contactConditions, name, "Contact condition");
 }
 
+void ModelBuilder::checkContact(const ContactCond & condition) {
+    if (condition.m_type == Type::VOCMassTransfer)
+        refuse("Type 'VOCMassTransfer' belongs to the transport of pollutants (VOC), which is not available.");
+    if (condition.m_kind == ContactCond::kind_t::ExchangeVelocityDependent)
+        KOR::message(text("Contact condition '%1': the air inside stands still as long as its flow is not calculated; "
+                          "the coefficients for still air count.",
+                          condition.m_name),
+                     KOR::MSG_WARNING, "[SOLVER::buildConstruction]");
+    condition.checkParameters();
+    checkParametersOf(condition);
+}
+
 ContactResistance ModelBuilder::contactOf(const ContactCond & condition) {
     return inContext(text("Contact condition '%1' cannot be calculated.", condition.m_name), [&] {
-        if (condition.m_type == Type::VOCMassTransfer)
-            refuse("Type 'VOCMassTransfer' belongs to the transport of pollutants (VOC), which is not available.");
-        if (condition.m_kind == ContactCond::kind_t::ExchangeVelocityDependent)
-            KOR::message(text("Contact condition '%1': the air inside stands still as long as its flow is not "
-                              "calculated; the coefficients for still air count.",
-                              condition.m_name),
-                         KOR::MSG_WARNING, "[SOLVER::buildConstruction]");
-        condition.checkParameters();
-        checkParameters(condition);
-
+        checkContact(condition);
         ContactResistance contact;
         contact.blocksLiquid = condition.m_type != Type::AdditionalResistance;
         for (const Row & row : ROWS) {

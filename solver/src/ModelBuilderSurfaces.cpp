@@ -19,10 +19,6 @@ namespace {
 
 constexpr double RADIANS = std::numbers::pi / 180;
 
-bool isCoupling(const BoundaryCond & condition) {
-    return !condition.m_otherInterfaceReference.empty();
-}
-
 } // namespace
 
 const Interface & ModelBuilder::interfaceOf(const std::string & name) const {
@@ -79,12 +75,16 @@ const CCM::SolarRadiationModel & ModelBuilder::place() {
     return *m_place;
 }
 
-BoundaryLaw ModelBuilder::lawOf(const Interface & interface, const BoundaryCond & condition,
-                                const Interface::Generated * generated) {
-    using Type = BoundaryCond::condition_t;
+void ModelBuilder::checkCondition(const BoundaryCond & condition) {
     condition.checkParameters();
     if (!condition.m_contactConditionName.empty())
         refuse("'ContactConditionName' needs an 'OtherInterfaceReference', to which the contact leads.");
+}
+
+BoundaryLaw ModelBuilder::lawOf(const Interface & interface, const BoundaryCond & condition,
+                                const Interface::Generated * generated) {
+    using Type = BoundaryCond::condition_t;
+    checkCondition(condition);
     BoundaryLaw law = BoundaryLaw::fromCondition(condition);
     ClimateSignals & signals = m_driver->signals();
     for (const auto & [quantity, name] : condition.m_ccReferences) {
@@ -184,7 +184,9 @@ void ModelBuilder::makeSurface(const Assignment & assignment, const GridFace & f
     const auto cell = static_cast<std::uint32_t>(isUpper ? before : behind);
     const Index & index = m_result.cellPlaces[cell].index;
     const std::size_t d = face.direction;
-    m_result.input.surfaces.push_back({cell, faceArea, m_widths[d][index[d]] / 2, static_cast<int>(d)});
+    const double distance = m_widths[d][index[d]] / 2;
+    m_result.input.surfaces.push_back(
+        {cell, faceArea, distance, static_cast<int>(d), (isUpper ? distance : -distance) * upDirection()[d]});
     const Interface & interface = interfaceOf(assignment.m_reference);
     const auto degrees = [&](Interface::para_t key, double otherwise) {
         return interface.m_para.value(key, "Deg").value_or(otherwise);
@@ -297,6 +299,8 @@ void ModelBuilder::couple(const Interface & interface, const Coupling & coupling
         const ModelInput::Surface & b = m_result.input.surfaces[there[i]];
         if (std::fabs(a.area - b.area) > 1e-6 * a.area || a.cell == b.cell)
             refuse(text("Its surfaces and those of interface '%1' differ in area.", other));
+        for (const std::uint32_t s : {here[i], there[i]})
+            m_result.surfacePlaces[s].coupling = static_cast<std::int64_t>(m_result.input.faces.size());
         m_result.input.faces.push_back({a.cell, b.cell, a.area, a.distance, b.distance, 0, contact, a.direction});
     }
 }

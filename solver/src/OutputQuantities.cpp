@@ -14,8 +14,6 @@ namespace SOLVER {
 namespace {
 
 using Kind = OutputQuantity::kind_t;
-constexpr double RHO_ICE = 917; ///< density of ice [kg/m3]
-
 constexpr Kind FIELD = OutputQuantity::FIELD;
 constexpr Kind FLUX = OutputQuantity::FLUX;
 constexpr Kind STATE = OutputQuantity::STATE;
@@ -31,21 +29,17 @@ const MaterialTable & materialOf(const Snapshot & s, std::size_t c) {
 template <double Model::CellState::*Member> double cell(const Snapshot & s, std::size_t c) {
     return s.model.cellStates()[c].*Member;
 }
-template <double Model::FaceFlux::*Member> double face(const Snapshot & s, std::size_t f) {
+template <double Model::FaceFlux::*Member> double face(const Snapshot & s, std::size_t f, bool) {
     return s.model.faceFluxes()[f].*Member;
+}
+template <double Model::SideState::*Member> double side(const Snapshot & s, std::size_t f, bool isSeenFromB) {
+    return s.model.sideState(f, isSeenFromB).*Member;
 }
 template <double SurfaceState::*Member> double surface(const Snapshot & s, std::size_t i) {
     return s.model.surfaceStates()[i].*Member;
 }
 template <double SurfaceLoad::*Member> double load(const Snapshot & s, std::size_t i) {
     return s.model.surfaceLoads()[i].*Member;
-}
-
-/// A cell's quantity at a face, between the centres.
-template <double (*OfCell)(const Snapshot &, std::size_t)> double between(const Snapshot & s, std::size_t f) {
-    const ModelInput::Face & face = s.model.input().faces[f];
-    const double share = face.distanceA / (face.distanceA + face.distanceB);
-    return (1 - share) * OfCell(s, face.a) + share * OfCell(s, face.b);
 }
 
 double moistureContent(const Snapshot & s, std::size_t c) {
@@ -92,32 +86,29 @@ template <int Axis> double hygricStrain(const Snapshot & s, std::size_t c) {
            (s.model.cellStates()[c].moisture - reference) / RHO_WATER;
 }
 
-/// All cell loads of a cell, added up.
-template <double (*OfLoad)(const CellLoad &, const Model::CellState &)>
+/// What all loads of a cell bring, by its volume.
+template <double (*OfLoad)(const Snapshot &, std::uint32_t load, std::size_t cell)>
 double loadsOf(const Snapshot & s, std::size_t c) {
     double sum = 0;
-    const std::vector<std::uint32_t> & cells = s.model.input().loadedCells;
-    for (std::size_t i = 0; i < cells.size(); ++i)
-        if (cells[i] == c)
-            sum += OfLoad(s.model.cellLoads()[i], s.model.cellStates()[c]);
+    if (!s.loadsOfCell.empty())
+        for (const std::uint32_t load : s.loadsOfCell[c])
+            sum += OfLoad(s, load, c);
     return sum;
 }
-double imposedHeat(const CellLoad & load, const Model::CellState & state) {
-    return load.imposedHeat(state.temperature);
+double fluidHeat(const Snapshot & s, std::uint32_t load, std::size_t c) {
+    return s.model.cellLoads()[load].fluidHeat(s.model.cellStates()[c].temperature);
 }
-double fluidHeat(const CellLoad & load, const Model::CellState & state) {
-    return load.fluidHeat(state.temperature);
+double sourceHeat(const Snapshot & s, std::uint32_t load, std::size_t c) {
+    return s.model.loadRates()[load].heat / inputOf(s, c).volume - fluidHeat(s, load, c);
 }
-double imposedWater(const CellLoad & load, const Model::CellState & state) {
-    const bool isBarred =
-        load.water > 0 ? state.moisture >= load.maxMoisture : load.water < 0 && state.moisture <= load.minMoisture;
-    return isBarred ? 0 : load.water;
+double sourceMoisture(const Snapshot & s, std::uint32_t load, std::size_t c) {
+    return s.model.loadRates()[load].water / inputOf(s, c).volume;
 }
 
-double totalFaceHeat(const Snapshot & s, std::size_t f) {
+double totalFaceHeat(const Snapshot & s, std::size_t f, bool) {
     return s.model.faceFluxes()[f].conduction + s.model.faceFluxes()[f].enthalpy;
 }
-double totalFaceMoisture(const Snapshot & s, std::size_t f) {
+double totalFaceMoisture(const Snapshot & s, std::size_t f, bool) {
     return s.model.faceFluxes()[f].vapor + s.model.faceFluxes()[f].liquid;
 }
 double totalSurfaceHeat(const Snapshot & s, std::size_t i) {
@@ -130,16 +121,43 @@ double surfaceHumidity(const Snapshot & s, std::size_t i) {
     const SurfaceState & state = s.model.surfaceStates()[i];
     return state.vaporPressure / saturationPressure(state.temperature);
 }
-double airHumidity(const Snapshot & s, std::size_t i) {
-    const SurfaceLoad & load = s.model.surfaceLoads()[i];
-    return load.vaporPressure / saturationPressure(load.airTemperature);
+/// Where no air is defined it is as the surface.
+double airTemperature(const Snapshot & s, std::size_t i) {
+    const double T = s.model.surfaceLoads()[i].airTemperature;
+    return T > 0 ? T : s.model.surfaceStates()[i].temperature;
 }
-double surfaceEnthalpy(const Snapshot & s, std::size_t i) {
-    return s.model.surfaceStates()[i].vaporEnthalpy + s.model.surfaceStates()[i].liquidEnthalpy;
+double airVaporPressure(const Snapshot & s, std::size_t i) {
+    const SurfaceLoad & load = s.model.surfaceLoads()[i];
+    return load.vaporTransfer > 0 ? load.vaporPressure : s.model.surfaceStates()[i].vaporPressure;
+}
+double airHumidity(const Snapshot & s, std::size_t i) {
+    return airVaporPressure(s, i) / saturationPressure(airTemperature(s, i));
+}
+
+PipeFlow pipeFlow(const Snapshot & s, std::size_t i) {
+    const std::function<std::optional<PipeFlow>(double, std::size_t)> & flow = s.construction.pipeFlow;
+    return flow ? flow(s.time, i).value_or(PipeFlow()) : PipeFlow();
+}
+/// Of the whole pipe, if all of it lay behind a surface of this temperature. What only heats or cools may stand still.
+double pipeHeat(const Snapshot & s, std::size_t i) {
+    const SurfaceState & state = s.model.surfaceStates()[i];
+    const PipeFlow flow = pipeFlow(s, i);
+    return state.convection != 0 ? flow.conductance * (flow.inlet - state.temperature) : 0;
+}
+double pipeReturn(const Snapshot & s, std::size_t i) {
+    const PipeFlow flow = pipeFlow(s, i);
+    return flow.capacity > 0 ? flow.inlet - pipeHeat(s, i) / flow.capacity : s.model.surfaceStates()[i].temperature;
+}
+double pipeInlet(const Snapshot & s, std::size_t i) {
+    return pipeFlow(s, i).inlet;
+}
+double pipeCoefficient(const Snapshot & s, std::size_t i) {
+    return pipeFlow(s, i).innerCoefficient;
 }
 
 using C = Model::CellState;
 using F = Model::FaceFlux;
+using P = Model::SideState;
 using S = SurfaceState;
 using L = SurfaceLoad;
 constexpr auto temperature = cell<&C::temperature>;
@@ -149,10 +167,10 @@ constexpr auto vaporPressure = cell<&C::vaporPressure>;
 // clang-format off
 //   keyword                       description                                                        unit      integral kind   amount cell                          face                      surface                      heat   moisture
 constexpr OutputQuantity QUANTITIES[] = {
-    {"Temperature",                "Temperature; of the surface at sides",                            "C",      "---",   FIELD, false, temperature,                  between<temperature>,     surface<&S::temperature>,    true,  false},
-    {"RelativeHumidity",           "Relative humidity of the pore air; at the surface at sides",      "%",      "m3",    FIELD, false, humidity,                     between<humidity>,        surfaceHumidity,             false, true },
-    {"VaporPressure",              "Partial pressure of water vapour; at the surface at sides",       "Pa",     "---",   FIELD, false, vaporPressure,                between<vaporPressure>,   surface<&S::vaporPressure>,  false, true },
-    {"CapillaryPressure",          "Capillary pressure, positive as suction; at the surface at sides", "Pa",    "---",   FIELD, false, cell<&C::suction>,            between<cell<&C::suction>>, surface<&S::suction>,      false, true },
+    {"Temperature",                "Temperature; of the surface at sides",                            "C",      "---",   FIELD, false, temperature,                  side<&P::temperature>,    surface<&S::temperature>,    true,  false},
+    {"RelativeHumidity",           "Relative humidity of the pore air; at the surface at sides",      "%",      "m3",    FIELD, false, humidity,                     side<&P::humidity>,       surfaceHumidity,             false, true },
+    {"VaporPressure",              "Partial pressure of water vapour; at the surface at sides",       "Pa",     "---",   FIELD, false, vaporPressure,                side<&P::vaporPressure>,  surface<&S::vaporPressure>,  false, true },
+    {"CapillaryPressure",          "Capillary pressure, positive as suction; at the surface at sides", "Pa",    "---",   FIELD, false, cell<&C::suction>,            side<&P::suction>,        surface<&S::suction>,      false, true },
     {"MoistureContent",            "Volume of water by volume of material",                           "m3/m3",  "m3",    FIELD, false, moistureContent,              nullptr,                  nullptr,                     false, true },
     {"MoistureMassDensity",        "Mass of water by volume of material",                             "kg/m3",  "kg",    FIELD, false, cell<&C::moisture>,           nullptr,                  nullptr,                     false, true },
     {"MoistureMass",               "Mass of water in a cell",                                         "kg",     "kg",    FIELD, true,  moistureMass,                 nullptr,                  nullptr,                     false, true },
@@ -171,17 +189,17 @@ constexpr OutputQuantity QUANTITIES[] = {
     {"HygricExpansionX",           "Strain by moisture in x, from HygricExpansionRHRef",              "---",    "m3",    FIELD, false, hygricStrain<0>,              nullptr,                  nullptr,                     false, true },
     {"HygricExpansionY",           "Strain by moisture in y",                                         "---",    "m3",    FIELD, false, hygricStrain<1>,              nullptr,                  nullptr,                     false, true },
     {"HygricExpansionZ",           "Strain by moisture in z",                                         "---",    "m3",    FIELD, false, hygricStrain<2>,              nullptr,                  nullptr,                     false, true },
-    {"SourceHeat",                 "Heat that field conditions impose",                               "W/m3",   "W",     FIELD, false, loadsOf<imposedHeat>,         nullptr,                  nullptr,                     true,  false},
-    {"SourceMoisture",             "Water that field conditions impose",                              "kg/m3s", "kg/s",  FIELD, false, loadsOf<imposedWater>,        nullptr,                  nullptr,                     false, true },
+    {"SourceHeat",                 "Heat that field conditions bring, without that of fluids",         "W/m3",   "W",     FIELD, false, loadsOf<sourceHeat>,          nullptr,                  nullptr,                     true,  false},
+    {"SourceMoisture",             "Water that field conditions bring",                                "kg/m3s", "kg/s",  FIELD, false, loadsOf<sourceMoisture>,      nullptr,                  nullptr,                     false, true },
     {"ThermalLoadGroundWaterFlow", "Heat from ground water or the fluid of a heat exchanger",         "W/m3",   "W",     FIELD, false, loadsOf<fluidHeat>,           nullptr,                  nullptr,                     true,  false},
     {"TotalFluxHeat",              "Heat by all mechanisms",                                          "W/m2",   "W",     FLUX,  false, nullptr,                      totalFaceHeat,            totalSurfaceHeat,            true,  false},
     {"FluxHeatConduction",         "Heat by conduction in the material",                              "W/m2",   "W",     FLUX,  false, nullptr,                      face<&F::conduction>,     surface<&S::conduction>,     true,  false},
-    {"FluxHeatEnthalpy",           "Heat carried by vapour and liquid",                               "W/m2",   "W",     FLUX,  false, nullptr,                      face<&F::enthalpy>,       surfaceEnthalpy,             true,  true },
+    {"FluxHeatEnthalpy",           "Heat carried by vapour and liquid",                               "W/m2",   "W",     FLUX,  false, nullptr,                      face<&F::enthalpy>,       surface<&S::enthalpyFlux>,   true,  true },
     {"FluxHeatConvection",         "Heat from the air at the surface",                                "W/m2",   "W",     FLUX,  false, nullptr,                      nullptr,                  surface<&S::convection>,     true,  false},
     {"FluxHeatShortWave",          "Short-wave radiation absorbed by the surface",                    "W/m2",   "W",     FLUX,  false, nullptr,                      nullptr,                  load<&L::shortWave>,         true,  false},
     {"FluxHeatLongWave",           "Long-wave radiation absorbed less emitted by the surface",        "W/m2",   "W",     FLUX,  false, nullptr,                      nullptr,                  surface<&S::longWave>,       true,  false},
     {"FluxHeatVapor",              "Heat carried by vapour from the air",                             "W/m2",   "W",     FLUX,  false, nullptr,                      nullptr,                  surface<&S::vaporEnthalpy>,  true,  true },
-    {"FluxHeatRain",               "Heat carried by rain and imposed water",                          "W/m2",   "W",     FLUX,  false, nullptr,                      nullptr,                  surface<&S::liquidEnthalpy>, true,  true },
+    {"FluxHeatRain",               "Heat carried by rain and imposed water, less that of the runoff",  "W/m2",   "W",     FLUX,  false, nullptr,                      nullptr,                  surface<&S::liquidEnthalpy>, true,  true },
     {"TotalFluxMoisture",          "Vapour and liquid",                                               "kg/m2s", "kg/s",  FLUX,  false, nullptr,                      totalFaceMoisture,        totalSurfaceMoisture,        false, true },
     {"FluxVapor",                  "Vapour; at surfaces what comes from the air",                     "kg/m2s", "kg/s",  FLUX,  false, nullptr,                      face<&F::vapor>,          surface<&S::vaporArrival>,   false, true },
     {"FluxLiquid",                 "Liquid water; at surfaces rain and water taken up",               "kg/m2s", "kg/s",  FLUX,  false, nullptr,                      face<&F::liquid>,         surface<&S::liquidArrival>,  false, true },
@@ -189,9 +207,13 @@ constexpr OutputQuantity QUANTITIES[] = {
     {"FluxLiquidMaterial",         "Liquid water in the material next to the surface",                "kg/m2s", "kg/s",  FLUX,  false, nullptr,                      face<&F::liquid>,         surface<&S::liquidFlux>,     false, true },
     {"FluxRain",                   "Rain that reaches the surface",                                   "kg/m2s", "kg/s",  FLUX,  false, nullptr,                      nullptr,                  load<&L::rain>,              false, true },
     {"FluxRunoff",                 "Rain and condensate that the surface does not take",              "kg/m2s", "kg/s",  FLUX,  false, nullptr,                      nullptr,                  surface<&S::runoff>,         false, true },
-    {"AirTemperature",             "Temperature of the air before the surface",                       "C",      "---",   FLUX,  false, nullptr,                      nullptr,                  load<&L::airTemperature>,    false, false},
-    {"AirVaporPressure",           "Vapour pressure of the air before the surface",                   "Pa",     "---",   FLUX,  false, nullptr,                      nullptr,                  load<&L::vaporPressure>,     false, false},
+    {"AirTemperature",             "Temperature of the air before the surface",                       "C",      "---",   FLUX,  false, nullptr,                      nullptr,                  airTemperature,              false, false},
+    {"AirVaporPressure",           "Vapour pressure of the air before the surface",                   "Pa",     "---",   FLUX,  false, nullptr,                      nullptr,                  airVaporPressure,            false, false},
     {"AirRelativeHumidity",        "Relative humidity of the air before the surface",                 "%",      "m2",    FLUX,  false, nullptr,                      nullptr,                  airHumidity,                 false, false},
+    {"PipeCollectorTr",            "Return temperature of a pipe",                                    "C",      "---",   FLUX,  false, nullptr,                      nullptr,                  pipeReturn,                  true,  false, true},
+    {"PipeCollectorQdot",          "Heat that the whole pipe gives",                                  "W",      "---",   FLUX,  false, nullptr,                      nullptr,                  pipeHeat,                    true,  false, true},
+    {"PipeCollectorT0",            "Inlet temperature of a pipe",                                     "C",      "---",   FLUX,  false, nullptr,                      nullptr,                  pipeInlet,                   false, false, true},
+    {"PipeCollectorHP",            "Heat transfer coefficient between fluid and pipe",                "W/m2K",  "---",   FLUX,  false, nullptr,                      nullptr,                  pipeCoefficient,             false, false, true},
     {"LayerMoistureMass",          "Mass of water of each assigned block of cells",                   "kg",     "kg",    STATE, true,  moistureMass,                 nullptr,                  nullptr,                     false, true },
     {"LayerEnergy",                "Energy of each assigned block of cells",                          "J",      "J",     STATE, true,  energyOfCell,                 nullptr,                  nullptr,                     true,  false},
 };

@@ -29,6 +29,8 @@ constexpr const char * WHERE = "[OutputWriter::OutputWriter]";
 constexpr const char * GEOMETRY_FILE = "geometry.h6g";
 /// Of the length of a step: output times that lie closer are one.
 constexpr double TIME_TOLERANCE = 1e-9;
+/// No grid has more times.
+constexpr double MOST_OUTPUTS = 1e8;
 
 std::uint64_t key(std::uint64_t high, std::uint64_t low) {
     return high << 32 | low;
@@ -147,6 +149,10 @@ void OutputWriter::makeGrids(double startTime, double endTime) {
             if (!(step > 0))
                 throw Exception(text("Output grid '%1' has an interval without StepSize.", definition.m_name), WHERE);
             Grid::Span span{interval.start(), std::min(interval.end(), endTime), step};
+            if ((span.end - span.start) / step > MOST_OUTPUTS)
+                throw Exception(text("Output grid '%1' asks for more than %2 outputs, its StepSize is too small.",
+                                     definition.m_name, MOST_OUTPUTS),
+                                WHERE);
             // What lies before the simulation is not written.
             if (span.start < startTime)
                 span.start += step * std::ceil((startTime - span.start) / step - TIME_TOLERANCE);
@@ -177,6 +183,10 @@ void OutputWriter::indexSides() {
         const Construction::SurfacePlace & place = m_construction.surfacePlaces[s];
         m_surfaces[sideKey(gridCell(place.index[0], place.index[1], place.index[2]), place.location)] = s;
     }
+    if (!input.loadedCells.empty())
+        m_loadsOfCell.resize(input.cells.size());
+    for (std::uint32_t i = 0; i < input.loadedCells.size(); ++i)
+        m_loadsOfCell.at(input.loadedCells[i]).push_back(i);
     for (std::uint32_t f = 0; f < input.faces.size(); ++f)
         m_faces[key(input.faces[f].a, input.faces[f].b)] = f;
 }
@@ -203,6 +213,7 @@ void OutputWriter::resolve(File & file) {
     for (const HYGRION::Assignment & assignment : m_assignments) {
         if (assignment.m_reference != definition.m_name)
             continue;
+        checkPlace(definition, assignment);
         isAssigned = true;
         (assignment.isOnSide() ? hasSides : hasCells) = true;
         if (hasSides && hasCells)
@@ -227,7 +238,9 @@ void OutputWriter::resolve(File & file) {
     if ((quantity.needsHeat && module == module_t::moisture) || (quantity.needsMoisture && module == module_t::heat))
         m_warnings.push_back(text("Output '%1': %2 stays as it is, the project does not balance %3.", definition.m_name,
                                   quantity.keyword, module == module_t::heat ? "moisture" : "heat"));
-    resolveUnits(file);
+    const Units units = unitsOf(definition, quantity);
+    file.baseUnit = units.base;
+    file.unit = units.written;
     Header & header = file.header;
     header.type = quantity.kind == OutputQuantity::STATE ? Header::STATE : hasSides ? Header::FLUX : Header::FIELD;
     header.projectFile = m_projectFile;
@@ -242,31 +255,42 @@ void OutputWriter::resolve(File & file) {
     file.accumulated.assign(header.valueCount(), 0.0);
 }
 
-void OutputWriter::resolveUnits(File & file) const {
-    const HYGRION::OutputFile & definition = *file.definition;
-    const OutputQuantity & quantity = *file.quantity;
+OutputWriter::Units OutputWriter::unitsOf(const HYGRION::OutputFile & definition, const OutputQuantity & quantity) {
     const KOR::Unit own(quantity.unit);
-    file.baseUnit = own.base();
+    KOR::Unit base = own.base();
     const bool isSum = definition.m_spaceType == SpaceType::Integral;
     if (isSum && !quantity.isAmount)
-        file.baseUnit = spaceIntegral(quantity);
+        base = spaceIntegral(quantity);
     if (definition.m_timeType == TimeType::Integral)
-        file.baseUnit = timeIntegral(file.baseUnit);
-    const bool isPlain = file.baseUnit == own.base();
+        base = timeIntegral(base);
+    const bool isPlain = base == own.base();
     const KOR::Unit asked = definition.m_outputUnit;
-    if (file.baseUnit == KOR::Unit()) { // an integral without a name, in base units
+    if (base == KOR::Unit()) { // an integral without a name, in base units
         if (asked != KOR::Unit() && asked != KOR::Unit("---"))
             throw Exception(text("This integral of %1 has no unit of the list, '%2' cannot be used.", quantity.keyword,
                                  asked.name()),
                             WHERE);
-        file.baseUnit = KOR::Unit("---");
-        file.unit = file.baseUnit;
-        return;
+        return {KOR::Unit("---"), KOR::Unit("---")};
     }
-    file.unit = asked != KOR::Unit() ? asked : isPlain ? own : file.baseUnit;
-    if (file.unit.base() != file.baseUnit)
+    const KOR::Unit written = asked != KOR::Unit() ? asked : isPlain ? own : base;
+    if (written.base() != base)
         throw Exception(text("Unit '%1' does not fit %2, which is given in '%3'.", asked.name(), quantity.keyword,
-                             isPlain ? own.name() : file.baseUnit.name()),
+                             isPlain ? own.name() : base.name()),
+                        WHERE);
+    return {base, written};
+}
+
+void OutputWriter::checkDefinition(const HYGRION::OutputFile & definition) {
+    unitsOf(definition, outputQuantity(definition.m_quantity));
+}
+
+void OutputWriter::checkPlace(const HYGRION::OutputFile & definition, const HYGRION::Assignment & assignment) {
+    const OutputQuantity & quantity = outputQuantity(definition.m_quantity);
+    if (!assignment.isOnSide() && quantity.ofCell == nullptr)
+        throw Exception(text("Quantity %1 belongs to sides, it cannot be assigned to elements.", quantity.keyword),
+                        WHERE);
+    if (assignment.isOnSide() && quantity.ofFace == nullptr && quantity.ofSurface == nullptr)
+        throw Exception(text("Quantity %1 belongs to elements, it cannot be assigned to sides.", quantity.keyword),
                         WHERE);
 }
 
@@ -274,9 +298,6 @@ void OutputWriter::addCell(File & file, std::size_t gridCell, std::size_t block)
     const std::int64_t cell = m_construction.cellOfGrid.at(gridCell);
     if (cell < 0)
         return;
-    if (file.quantity->ofCell == nullptr)
-        throw Exception(
-            text("Quantity %1 belongs to sides, it cannot be assigned to elements.", file.quantity->keyword), WHERE);
     const auto number = static_cast<std::uint32_t>(gridCell);
     auto & indices = file.header.indices;
     const auto index = static_cast<std::size_t>(cell);
@@ -330,9 +351,6 @@ void OutputWriter::addPoint(File & file, const HYGRION::Assignment & assignment)
 
 void OutputWriter::addSides(File & file, const HYGRION::Assignment & assignment) {
     const OutputQuantity & quantity = *file.quantity;
-    if (quantity.ofFace == nullptr && quantity.ofSurface == nullptr)
-        throw Exception(text("Quantity %1 belongs to elements, it cannot be assigned to sides.", quantity.keyword),
-                        WHERE);
     const DATAIO::GeoFile & geometry = m_construction.geometry;
     const std::array<std::int64_t, 3> n{static_cast<std::int64_t>(geometry.widths(0).size()),
                                         static_cast<std::int64_t>(geometry.widths(1).size()),
@@ -386,12 +404,26 @@ void OutputWriter::addSides(File & file, const HYGRION::Assignment & assignment)
                 if ((below >= 0 && find(m_surfaces, sideKey(gridNumber(lower), upperOf))) ||
                     (above >= 0 && find(m_surfaces, sideKey(gridNumber(upper), lowerOf)))) {
                     target.kind = Target::SURFACE;
-                    target.weight = m_model.input().surfaces[target.index].area;
+                    const ModelInput::Surface & surface = m_model.input().surfaces[target.index];
+                    target.weight = surface.area;
+                    target.coupling = m_construction.surfacePlaces[target.index].coupling;
+                    if (target.coupling >= 0) {
+                        const auto & face = m_model.input().faces[static_cast<std::size_t>(target.coupling)];
+                        target.isSeenFromB = face.b == surface.cell;
+                        target.sign = target.isSeenFromB ? 1 : -1;
+                    }
+                    if (quantity.needsPipe &&
+                        !(m_construction.pipeFlow && m_construction.pipeFlow(m_construction.startTime, target.index)))
+                        throw Exception(text("Quantity %1 belongs to the surfaces of a pipe; interface '%2' has no "
+                                             "boundary condition of kind 'PipeCollectorModel', or several.",
+                                             quantity.keyword, m_construction.surfacePlaces[target.index].interface),
+                                        WHERE);
                 } else if (below >= 0 && above >= 0 && (find(m_faces, key(a, b)) || find(m_faces, key(b, a)))) {
                     target.kind = Target::FACE;
                     const ModelInput::Face & face = m_model.input().faces[target.index];
                     target.weight = face.area;
                     target.sign = quantity.kind == OutputQuantity::FLUX && face.a != a ? -1 : 1;
+                    target.isSeenFromB = face.b == (isUpper ? a : b);
                 } else {
                     target.kind = Target::CLOSED;
                     target.index = below >= 0 ? a : b;
@@ -411,8 +443,23 @@ void OutputWriter::addSides(File & file, const HYGRION::Assignment & assignment)
 
 // *** values ***
 
-Snapshot OutputWriter::snapshot(std::span<const double> state) const {
-    return {m_model, m_construction, state, m_maxHygroscopicHumidity, m_expansionTemperature, m_expansionHumidity};
+Snapshot OutputWriter::snapshot(double time, std::span<const double> state) const {
+    return {m_model,
+            m_construction,
+            time,
+            state,
+            m_loadsOfCell,
+            m_maxHygroscopicHumidity,
+            m_expansionTemperature,
+            m_expansionHumidity};
+}
+
+double OutputWriter::surfaceValue(const OutputQuantity & quantity, const Target & target, const Snapshot & snapshot) {
+    const double own = quantity.ofSurface(snapshot, target.index);
+    if (target.coupling < 0 || quantity.ofFace == nullptr)
+        return own;
+    const double across = quantity.ofFace(snapshot, static_cast<std::size_t>(target.coupling), target.isSeenFromB);
+    return quantity.kind == OutputQuantity::FLUX ? own + target.sign * across : across;
 }
 
 void OutputWriter::evaluate(const File & file, const Snapshot & snapshot) {
@@ -430,10 +477,10 @@ void OutputWriter::evaluate(const File & file, const Snapshot & snapshot) {
             value = quantity.ofCell(snapshot, target.index);
             break;
         case Target::FACE:
-            value = target.sign * quantity.ofFace(snapshot, target.index);
+            value = target.sign * quantity.ofFace(snapshot, target.index, target.isSeenFromB);
             break;
         case Target::SURFACE:
-            value = quantity.ofSurface(snapshot, target.index);
+            value = surfaceValue(quantity, target, snapshot);
             break;
         case Target::CLOSED:
             value = quantity.ofCell != nullptr ? quantity.ofCell(snapshot, target.index) : 0;

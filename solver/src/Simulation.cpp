@@ -170,7 +170,7 @@ Simulation::end_t Simulation::run(double until, const std::function<bool()> & ca
 Snapshot Simulation::evaluate(double time, std::span<const double> state) {
     if (!m_model->rightHandSide(time, state, m_derivative))
         throw Exception(text("The balances give values that are not finite at %1 s.", time), "[Simulation::evaluate]");
-    return m_outputs->snapshot(state);
+    return m_outputs->snapshot(time, state);
 }
 
 Snapshot Simulation::evaluateAt(double time) {

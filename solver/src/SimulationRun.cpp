@@ -8,9 +8,12 @@
 
 #include <omp.h>
 
+#include <algorithm>
+#include <cerrno>
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
+#include <system_error>
 
 namespace SOLVER {
 
@@ -41,7 +44,27 @@ std::optional<RestartFile> readRestart(const RunDirectory & directory, const Sol
         message("There is no restart file; the simulation starts from the beginning.", KOR::MSG_WARNING, WHERE);
         return {};
     }
-    return RestartFile::read(directory.restartFile());
+    try {
+        return RestartFile::read(directory.restartFile());
+    } catch (const Exception & ex) {
+        throw Exception(ex, "The interrupted run cannot be continued; without --restart it starts from the beginning.",
+                        WHERE);
+    }
+}
+
+/// What helps where the disk had no room for a file.
+void tellRemedy(const Exception & failure, const RunDirectory * directory) {
+    const std::string all = failure.what();
+    constexpr int FULL[] = {ENOSPC, EDQUOT, EFBIG};
+    if (std::none_of(std::begin(FULL), std::end(FULL), [&all](int error) {
+            return all.find(std::generic_category().message(error)) != std::string::npos;
+        }))
+        return;
+    const bool canContinue = directory != nullptr && std::filesystem::exists(directory->restartFile());
+    message(canContinue ? "Make room, then go on with --restart; results are complete up to the last record that found "
+                          "room."
+                        : "Make room, then start again.",
+            KOR::MSG_ERROR, WHERE);
 }
 
 void tell(const Construction & construction, const SolverOptions & options) {
@@ -150,6 +173,7 @@ private:
     exit_t fail(const Exception & failure) {
         m_log.stop();
         failure.report();
+        tellRemedy(failure, &m_directory);
         std::optional<RunSummary> summary;
         if (m_simulation) {
             try {
@@ -217,6 +241,7 @@ exit_t simulate(const SolverOptions & options, const std::atomic<bool> & stop,
         return Run(options, stop, directory, log, observe).perform();
     } catch (const Exception & ex) {
         ex.report();
+        tellRemedy(ex, nullptr);
     } catch (const std::exception & ex) {
         Exception(ex.what(), WHERE).report();
     }

@@ -1,5 +1,6 @@
 #include <SOLVER/SolverOptions.h>
 
+#include <HYGRION/Init.h>
 #include <KOR/Exception.h>
 #include <KOR/Parameter.h>
 
@@ -75,8 +76,8 @@ KOR::Parameter SolverOptions::parseTime(std::string_view written, KOR::Unit defa
 
 double SolverOptions::parseDuration(std::string_view written) {
     const double seconds = parseTime(written, KOR::Unit("d")).get_value("s");
-    if (!(seconds > 0))
-        throw Exception("A duration is above 0.", "[SolverOptions::parseDuration]");
+    if (!(seconds > 0 && seconds <= HYGRION::Init::LONGEST_TIME))
+        throw Exception("A duration is above 0 and at most 1000 a.", "[SolverOptions::parseDuration]");
     return seconds;
 }
 

@@ -258,11 +258,56 @@ TEST(Model, WaterInHydrostaticEquilibriumDoesNotFlow) {
     derivativeOf(model, model.initialState());
     for (const Model::FaceFlux & flux : model.faceFluxes())
         EXPECT_NEAR(flux.liquid, 0, 1e-5 * 1e-10 * RHO_WATER * GRAVITY);
+    // Nor at surfaces whose suctions belong to their heights.
+    input.surfaces[0].rise = -0.05;
+    input.surfaces[1].rise = 0.05;
+    input.climate = [](double, ModelInput::Loads loads) {
+        loads.surfaces[0] = {.hasSuction = true, .suction = 2e4 - RHO_WATER * GRAVITY * 0.05};
+        loads.surfaces[1] = {.hasSuction = true, .suction = 2e4 + RHO_WATER * GRAVITY * 0.95};
+    };
+    Model open(input);
+    derivativeOf(open, open.initialState());
+    for (const SurfaceState & surface : open.surfaceStates())
+        EXPECT_NEAR(surface.liquidFlux, 0, 1e-5 * 1e-10 * RHO_WATER * GRAVITY);
+    input.climate = nullptr;
     input.useGravity = false;
     Model light(input);
     derivativeOf(light, light.initialState());
     for (const Model::FaceFlux & flux : light.faceFluxes())
         EXPECT_GT(flux.liquid, 0);
+}
+
+/// Between two materials the state is that of the joint, not one on the line between the centres; a resistance parts it.
+TEST(Model, StatesOfSidesAreThoseThatAreSolvedFor) {
+    for (const double resistance : {0.0, 0.5}) {
+        ModelInput input = wall(
+            {0.1, 0.1, 0.2}, {conductor(2), conductor(0.1)}, [](double x) { return x < 0.2 ? 0u : 1u; }, 290,
+            [](std::uint32_t) { return 1e7; });
+        input.module = module_t::heat;
+        input.cells[0].temperature = 300;
+        input.cells[2].temperature = 270;
+        input.faces[1].contact.heat = resistance;
+        Model model(input);
+        std::vector<double> derivative(3);
+        ASSERT_TRUE(model.rightHandSide(0, model.initialState(), derivative));
+        const double flux = 20 / (0.05 / 2 + resistance + 0.1 / 0.1);
+        EXPECT_NEAR(model.faceFluxes()[1].conduction, flux, 1e-6 * flux);
+        EXPECT_NEAR(model.sideState(1, false).temperature, 290 - flux * 0.05 / 2, 1e-5);
+        EXPECT_NEAR(model.sideState(1, true).temperature, 270 + flux * 0.1 / 0.1, 1e-5);
+        EXPECT_NEAR(model.sideState(0, false).temperature, 295, 1e-12);
+    }
+    // With moisture, suction and vapour pressure belong together and are common to both materials.
+    ModelInput input = wall(
+        {0.01, 0.01}, {loadBearing(), insulation()}, [](double x) { return x < 0.01 ? 0u : 1u; }, 290,
+        [](std::uint32_t material) { return suctionAt(material == 0 ? 0.9 : 0.4); });
+    Model model(input);
+    std::vector<double> derivative(4);
+    ASSERT_TRUE(model.rightHandSide(0, model.initialState(), derivative));
+    const Model::SideState side = model.sideState(0, false);
+    EXPECT_NEAR(side.humidity, std::exp(-side.suction / kelvinPressure(side.temperature)), 1e-12);
+    EXPECT_NEAR(side.vaporPressure, side.humidity * saturationPressure(side.temperature), 1e-9);
+    EXPECT_DOUBLE_EQ(model.sideState(0, true).suction, side.suction);
+    EXPECT_LT(side.humidity, 0.45) << "the open insulation sets the humidity of the joint";
 }
 
 /// A surface whose heat exchange only heats or only cools, and one that is half closed to liquid.

@@ -150,19 +150,6 @@ std::string message(const std::function<void()> & act) {
 
 } // namespace
 
-TEST(OutputQuantities, HaveUnitsOfTheRegistryAndPlaces) {
-    std::set<std::string_view> keywords;
-    for (const OutputQuantity & quantity : outputQuantities()) {
-        EXPECT_TRUE(keywords.insert(quantity.keyword).second) << quantity.keyword;
-        EXPECT_NO_THROW(KOR::Unit(quantity.unit).base()) << quantity.keyword;
-        EXPECT_NO_THROW(KOR::Unit(quantity.integralUnit).base()) << quantity.keyword;
-        const bool isOfSides = quantity.kind == OutputQuantity::FLUX;
-        EXPECT_EQ(quantity.ofCell == nullptr, isOfSides) << quantity.keyword;
-        EXPECT_TRUE(!isOfSides || quantity.ofSurface != nullptr) << quantity.keyword;
-    }
-    EXPECT_THAT(message([] { outputQuantity("relativehumidty"); }), HasSubstr("Did you mean 'RelativeHumidity'?"));
-}
-
 TEST(Simulation, KeepsItsBalancesAcrossAJump) {
     Simulation simulation(wall(), Outputs().project, {});
     EXPECT_EQ(simulation.run(1e9), Simulation::end_t::REACHED);

@@ -138,6 +138,7 @@ private:
 
     void requireParameters(const char * where) const;
     double baseValue(para_t key, const char * where) const;
+    void checkBounds(double low, double high, const char * where) const;
     double difference(para_t key, const char * where) const;
     Calculation::Wave wave(para_t amplitude, para_t period, para_t phase, const char * where) const;
     void closeYear();

@@ -51,6 +51,9 @@ public:
         bool operator==(const Module &) const = default;
     };
 
+    /// The longest simulation [s]: a thousand years.
+    static constexpr double LONGEST_TIME = 1000 * 365 * 86400.0;
+
     std::string m_balanceEquationModule; ///< keyword of balanceEquationModule_t; empty: the default
     std::vector<Module> m_fluxModules;
     std::vector<Module> m_sourceModules;

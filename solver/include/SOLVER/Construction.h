@@ -8,6 +8,7 @@
 #include <array>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -33,6 +34,8 @@ struct Construction {
         std::string interface;   ///< name of the project's interface
         double orientation = 0;  ///< [Deg] from north, clockwise
         double inclination = 90; ///< [Deg] 0 is a roof, 90 a wall
+        /// Index into input.faces of what leads to another interface, or -1.
+        std::int64_t coupling = -1;
     };
     std::vector<CellPlace> cellPlaces;       ///< one for each of input.cells
     std::vector<SurfacePlace> surfacePlaces; ///< one for each of input.surfaces
@@ -49,6 +52,9 @@ struct Construction {
     double endTime = 0;   ///< [s]
     int startYear = 0;
     IntegratorSettings integrator;
+
+    /// The flow in the pipe behind a surface at a time [s]; nothing where there is none, or more than one.
+    std::function<std::optional<PipeFlow>(double time, std::size_t surface)> pipeFlow;
 
     /// The next moment after a time [s] at which a load jumps (schedule, steps of climate data, start and end of rain),
     /// infinity if there is none. No step of an integrator passes it.

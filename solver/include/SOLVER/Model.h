@@ -10,6 +10,8 @@
 
 namespace SOLVER {
 
+struct FaceNodes;
+
 /// Which balances are solved.
 enum class module_t { heat, moisture, heatAndMoisture };
 
@@ -37,6 +39,7 @@ struct ModelInput {
         double area = 0;     ///< [m2]
         double distance = 0; ///< from the cell's centre to the surface [m]
         int direction = 0;
+        double rise = 0; ///< height of the surface above the cell's centre [m], for gravity
     };
     /// A pair of opposite cavity walls that exchange long-wave radiation across the cells between them.
     struct RadiationLink {
@@ -121,8 +124,18 @@ public:
         double liquid = 0;     ///< [kg/m2s]
         double enthalpy = 0;   ///< carried by vapour and liquid [W/m2]
     };
+    /// The state on a face, seen from one of its cells.
+    struct SideState {
+        double temperature;   ///< [K]
+        double suction;       ///< [Pa]
+        double humidity;      ///< relative humidity [-]
+        double vaporPressure; ///< [Pa]
+    };
     std::span<const CellState> cellStates() const { return m_cells; }
     std::span<const FaceFlux> faceFluxes() const { return m_faceFluxes; }
+    /// Where the state of the face is solved for it is that, anew; in one material that on the line between the centres.
+    /// \param isSeenFromB whether from cell b; that matters where a resistance lies in the face
+    SideState sideState(std::size_t face, bool isSeenFromB) const;
     /// Long-wave radiation from a to b across each of the cavity's pairs of walls [W/m2].
     std::span<const double> radiationFluxes() const { return m_radiation; }
     std::span<const SurfaceState> surfaceStates() const { return m_surfaceStates; }
@@ -151,6 +164,9 @@ private:
     }
     FaceFlux homogeneousFlux(const ModelInput::Face & face, const MaterialTable & table, const CellState & a,
                              const CellState & b) const;
+    bool isHomogeneous(const ModelInput::Face & face) const;
+    /// \param nodes if given, the states on both sides of the face
+    FaceFlux solveFace(const ModelInput::Face & face, FaceNodes * nodes) const;
 
     ModelInput m_input;
     std::size_t m_unknowns;

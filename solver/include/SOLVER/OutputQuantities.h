@@ -13,7 +13,10 @@ namespace SOLVER {
 struct Snapshot {
     Model & model; ///< after its right-hand side
     const Construction & construction;
-    std::span<const double> state;        ///< of the model
+    double time = 0;               ///< [s]
+    std::span<const double> state; ///< of the model
+    /// Of each cell the indices of its loads; empty where there are no loads at all.
+    std::span<const std::vector<std::uint32_t>> loadsOfCell;
     double maxHygroscopicHumidity = 0.98; ///< [-] above it moisture counts as overhygroscopic
     double expansionTemperature = 293.15; ///< [K] at which nothing has expanded
     double expansionHumidity = 0;         ///< [-] at which nothing has expanded
@@ -35,11 +38,12 @@ struct OutputQuantity {
     kind_t kind;
     bool isAmount; ///< belongs to the cell as a whole [kg], not to each of its points: sums instead of integrals
     double (*ofCell)(const Snapshot &, std::size_t cell);
-    /// At a face, from its cell a to its cell b.
-    double (*ofFace)(const Snapshot &, std::size_t face);
+    /// At a face: fluxes from its cell a to its cell b, states as seen from one of both.
+    double (*ofFace)(const Snapshot &, std::size_t face, bool isSeenFromB);
     /// At a surface, towards the construction.
     double (*ofSurface)(const Snapshot &, std::size_t surface);
     bool needsHeat, needsMoisture; ///< balances without which the quantity does not change
+    bool needsPipe = false;        ///< exists at the surfaces of one pipe only
 };
 
 /// All quantities, in the order of the manual.

@@ -30,6 +30,10 @@ public:
     OutputWriter(const HYGRION::Project & project, const Construction & construction, Model & model,
                  std::string directory);
 
+    /// What an output's definition and one of its places tell without a grid: throw as the constructor does.
+    static void checkDefinition(const HYGRION::OutputFile & definition);
+    static void checkPlace(const HYGRION::OutputFile & definition, const HYGRION::Assignment & assignment);
+
     /// Creates the geometry file and all result files, or goes on behind the last record not after \p resumeAt [s].
     void open(std::optional<double> resumeAt);
 
@@ -52,7 +56,7 @@ public:
     void load(std::istream & in);
 
     /// A snapshot with the references that the project gives for its outputs.
-    Snapshot snapshot(std::span<const double> state) const;
+    Snapshot snapshot(double time, std::span<const double> state) const;
     /// Paths of the result files, in the order of the project; empty without a directory.
     std::vector<std::string> paths() const;
     /// Moisture or heat outputs that stay as they are because nothing balances them, and outputs that no assignment uses.
@@ -65,7 +69,9 @@ private:
         std::size_t index = 0;                                   ///< CLOSED: of the cell
         double weight = 1;                                       ///< volume or area; 1 for amounts
         double sign = 1;
-        std::size_t block = 0; ///< assignment, for STATE
+        std::size_t block = 0;      ///< assignment, for STATE
+        bool isSeenFromB = false;   ///< FACE: the assigned cell is the face's b
+        std::int64_t coupling = -1; ///< SURFACE: the face that leads to another interface; \p sign is that of its flux
     };
     struct Grid {
         struct Span {
@@ -92,12 +98,16 @@ private:
     };
 
     void resolve(File & file);
-    void resolveUnits(File & file) const;
+    struct Units {
+        KOR::Unit base, written;
+    };
+    static Units unitsOf(const HYGRION::OutputFile & definition, const OutputQuantity & quantity);
     void addElements(File & file, const HYGRION::Assignment & assignment, std::size_t block);
     void addSides(File & file, const HYGRION::Assignment & assignment);
     void addPoint(File & file, const HYGRION::Assignment & assignment);
     void addCell(File & file, std::size_t gridCell, std::size_t block);
     void evaluate(const File & file, const Snapshot & snapshot);
+    static double surfaceValue(const OutputQuantity & quantity, const Target & target, const Snapshot & snapshot);
     void makeGrids(double startTime, double endTime);
     void indexSides();
     std::string resultPath(const HYGRION::OutputFile & file) const;
@@ -118,6 +128,7 @@ private:
     std::vector<double> m_values; ///< of evaluate()
     /// By key of cell and location: sides of the geometry, surfaces; by pair of cells: faces.
     std::unordered_map<std::uint64_t, std::uint32_t> m_sides, m_surfaces, m_faces;
+    std::vector<std::vector<std::uint32_t>> m_loadsOfCell; ///< as in Snapshot
 };
 
 } // namespace SOLVER

@@ -6,23 +6,34 @@ namespace SOLVER {
 
 /// What acts on one surface of the construction at one moment. Heat and moisture towards the construction are positive.
 struct SurfaceLoad {
-    double heatTransfer = 0;       ///< convective (and linearised radiative) coefficient [W/m2K]
-    double airTemperature = 293;   ///< [K]
-    double heatFlux = 0;           ///< imposed [W/m2]
-    double shortWave = 0;          ///< absorbed short-wave radiation [W/m2]
-    double longWave = 0;           ///< absorbed long-wave radiation [W/m2]
-    double emissivity = 0;         ///< of the surface, for long-wave emission after Stefan and Boltzmann [-]
-    double vaporTransfer = 0;      ///< coefficient on vapour pressure [s/m]
-    double vaporPressure = 0;      ///< of the air [Pa]
-    double vaporFlux = 0;          ///< imposed [kg/m2s]
-    double liquidFlux = 0;         ///< imposed liquid water, all of it taken up [kg/m2s]
-    double rain = 0;               ///< liquid water offered; what the surface cannot take runs off [kg/m2s]
-    double waterTemperature = 293; ///< of rain and imposed water [K]
-    bool hasTemperature = false;   ///< the surface has airTemperature, whatever flows
-    bool hasSuction = false;       ///< the surface has \p suction, whatever flows
-    double suction = 0;            ///< [Pa], negative under a head of water
-    double openToLiquid = 1;       ///< share of the surface through which liquid passes [-]
+    double heatTransfer = 0;     ///< convective (and linearised radiative) coefficient [W/m2K]
+    double airTemperature = 0;   ///< [K]; 0: there is no air that exchanges heat
+    double heatFlux = 0;         ///< imposed [W/m2]
+    double shortWave = 0;        ///< absorbed short-wave radiation [W/m2]
+    double longWave = 0;         ///< absorbed long-wave radiation [W/m2]
+    double emissivity = 0;       ///< of the surface, for long-wave emission after Stefan and Boltzmann [-]
+    double vaporTransfer = 0;    ///< coefficient on vapour pressure [s/m]
+    double vaporPressure = 0;    ///< of the air [Pa]
+    double vaporFlux = 0;        ///< imposed [kg/m2s]
+    double liquidFlux = 0;       ///< imposed liquid water, all of it taken up [kg/m2s]
+    double rain = 0;             ///< liquid water offered; what the surface cannot take runs off [kg/m2s]
+    double waterTemperature = 0; ///< of rain and imposed water [K]; 0: as warm as the surface
+    bool hasTemperature = false; ///< the surface has airTemperature, whatever flows
+    bool hasSuction = false;     ///< the surface has \p suction, whatever flows
+    double suction = 0;          ///< [Pa], negative under a head of water
+    double openToLiquid = 1;     ///< share of the surface through which liquid passes [-]
     int heatDirection = 0; ///< the air, or the fixed temperature, only heats (1), only cools (-1) or does both (0)
+
+    /// Temperature of rain and imposed water at a surface at T [K].
+    double temperatureOfWater(double T) const { return waterTemperature > 0 ? waterTemperature : T; }
+};
+
+/// What flows in a pipe behind a surface, at one moment.
+struct PipeFlow {
+    double inlet = 0;            ///< temperature [K]
+    double capacity = 0;         ///< mass flow times specific heat [W/K]
+    double innerCoefficient = 0; ///< between fluid and pipe [W/m2K]
+    double conductance = 0;      ///< of the whole pipe, by the difference of inlet and surroundings [W/K]
 };
 
 /// What acts on one cell of the inside at one moment, per volume of the cell. How it depends on the cell's state is told
@@ -76,7 +87,7 @@ struct SurfaceState {
     double vaporArrival = 0;   ///< vapour from the air [kg/m2s]
     double vaporEnthalpy = 0;  ///< carried by it [W/m2]
     double liquidArrival = 0;  ///< rain and imposed water that was taken [kg/m2s]
-    double liquidEnthalpy = 0; ///< carried by it [W/m2]
+    double liquidEnthalpy = 0; ///< carried by rain and imposed water, less what the runoff takes along [W/m2]
     double runoff = 0;         ///< rain and condensate that was not taken [kg/m2s]
 };
 
