@@ -1,6 +1,7 @@
 #include <KOR/MessageHandler.h>
 
 #include <KOR/Exception.h>
+#include <KOR/MessageCollector.h>
 
 #include <unistd.h>
 
@@ -116,7 +117,7 @@ void MessageHandlerRegistry::setMessageHandler(MessageHandler * handler) {
 
 namespace {
 thread_local MessageCollector * collector = nullptr;
-}
+} // namespace
 
 MessageCollector::MessageCollector() : m_outer(collector) {
     collector = this;
@@ -126,11 +127,13 @@ MessageCollector::~MessageCollector() {
     collector = m_outer;
 }
 
+MessageCollector * MessageCollector::current() {
+    return collector;
+}
+
 void message(const std::string & text, msg_t type, const std::string & where, int verbosityLevel) {
-    if (collector != nullptr) {
-        collector->m_messages.push_back({text, type, where});
-        return;
-    }
+    if (collector != nullptr)
+        return collector->add(text, type, where);
     MessageHandlerRegistry::instance().messageHandler().msg(text, type, where, verbosityLevel);
 }
 

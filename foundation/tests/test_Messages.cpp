@@ -1,6 +1,7 @@
 #include "TestTools.h"
 
 #include <KOR/FileIO.h>
+#include <KOR/MessageCollector.h>
 
 #include <gmock/gmock.h>
 
@@ -148,6 +149,33 @@ TEST(Messages, RegistryFallsBackToTheDefaultHandler) {
         EXPECT_EQ(recorder.m_entries[0].level, 2);
     }
     EXPECT_EQ(&registry.messageHandler(), standard);
+}
+
+TEST(Messages, AreCollectedForTheThreadThatAsksForIt) {
+    using namespace KOR;
+    const auto texts = [](const MessageCollector & collector) {
+        std::vector<std::string> all;
+        for (const MessageCollector::Message & message : collector.messages())
+            all.push_back(message.text);
+        return all;
+    };
+    const MessageCollector outer;
+    message("first", MSG_WARNING, "[here]");
+    std::vector<std::string> others;
+    std::thread([&] {
+        const MessageCollector own;
+        message("other", MSG_WARNING, "[there]");
+        others = texts(own);
+    }).join();
+    {
+        const MessageCollector inner;
+        message("second", MSG_ERROR, "[here]");
+        EXPECT_EQ(texts(inner), std::vector<std::string>{"second"});
+    }
+    message("third", MSG_PROGRESS, "[here]");
+    EXPECT_EQ(texts(outer), (std::vector<std::string>{"first", "third"}));
+    EXPECT_EQ(others, std::vector<std::string>{"other"});
+    EXPECT_EQ(outer.messages().front().where, "[here]");
 }
 
 TEST(Exception, ChainsFromTheCauseToTheCaller) {

@@ -1,7 +1,7 @@
 #include <HYGRION/ProjectCheck.h>
 
 #include <KOR/FileIO.h>
-#include <KOR/MessageHandler.h>
+#include <KOR/MessageCollector.h>
 #include <KOR/Numbers.h>
 #include <KOR/Strings.h>
 #include <KOR/Xml.h>

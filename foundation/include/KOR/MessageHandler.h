@@ -5,7 +5,6 @@
 #include <mutex>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace KOR {
 
@@ -68,30 +67,7 @@ private:
     std::atomic<MessageHandler *> m_current;
 };
 
-void message(const std::string & text, msg_t type, const std::string & where, int verbosityLevel);
-
-/// While it lives, messages of its thread are kept in it instead of being handed to the message handler.
-class MessageCollector {
-public:
-    struct Message {
-        std::string text;
-        msg_t type;
-        std::string where;
-    };
-    MessageCollector();
-    ~MessageCollector();
-    MessageCollector(const MessageCollector &) = delete;
-    MessageCollector & operator=(const MessageCollector &) = delete;
-
-    const std::vector<Message> & messages() const { return m_messages; }
-
-private:
-    friend void message(const std::string & text, msg_t type, const std::string & where, int verbosityLevel);
-    MessageCollector * m_outer; ///< that was collecting before
-    std::vector<Message> m_messages;
-};
-
-/// Hands a message to the process-wide message handler, or to the collector of the thread.
+/// Hands a message to the process-wide message handler.
 void message(const std::string & text, msg_t type, const std::string & where, int verbosityLevel = 1);
 
 } // namespace KOR
