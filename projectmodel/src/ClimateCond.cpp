@@ -181,25 +181,26 @@ void ClimateCond::checkBounds(double low, double high, const char * where) const
     };
     const bool isMeasured = needsData(*m_kind);
     const double tolerance = isMeasured && std::isfinite(bounds->max) ? MEASURING_ERROR * bounds->max : 0;
-    const double found[] = {clipped(low), clipped(high)};
-    for (const double value : found) {
-        // Instruments give a little less than nothing where there is nothing.
-        const bool isTooLow = value < bounds->min - (m_type == Type::RelativeHumidity ? 0 : tolerance);
-        if (!isTooLow && value <= bounds->max + tolerance)
-            continue;
-        const KOR::Unit unit(KeywordList::Unit(m_type));
-        const auto shown = [&](double number) {
-            KOR::UnitList::instance().convert(baseUnit(), unit, number);
-            return KOR::toString(number, 6);
-        };
-        const std::string allowed = std::isfinite(bounds->max)
-                                        ? KOR::text("lie within %1..%2", shown(bounds->min), shown(bounds->max))
-                                        : KOR::text("be at least %1", shown(bounds->min));
-        fail(KOR::text("Climate condition '%1': '%2' %3 %4 %5, it must %6 %5%7.", m_name, KeywordList::Keyword(m_type),
-                       isTooLow ? "goes down to" : "goes up to", shown(value), unit.name(), allowed,
-                       isMeasured ? "; 'MinClippingValue' and 'MaxClippingValue' cut the data off" : ""),
-             where);
-    }
+    // Instruments give a little less than nothing where there is nothing.
+    const double least = bounds->min - (m_type == Type::RelativeHumidity ? 0 : tolerance);
+    const auto isWithin = [&](double value) { return value >= least && value <= bounds->max + tolerance; };
+    low = clipped(low);
+    high = clipped(high);
+    if (isWithin(low) && isWithin(high))
+        return;
+    const bool isTooLow = !(low >= least);
+    const KOR::Unit unit(KeywordList::Unit(m_type));
+    const auto shown = [&](double number) {
+        KOR::UnitList::instance().convert(baseUnit(), unit, number);
+        return KOR::toString(number, 6);
+    };
+    const std::string allowed = std::isfinite(bounds->max)
+                                    ? KOR::text("lie within %1..%2", shown(bounds->min), shown(bounds->max))
+                                    : KOR::text("be at least %1", shown(bounds->min));
+    fail(KOR::text("Climate condition '%1': '%2' goes %3 to %4 %5, it must %6 %5%7.", m_name,
+                   KeywordList::Keyword(m_type), isTooLow ? "down" : "up", shown(isTooLow ? low : high), unit.name(),
+                   allowed, isMeasured ? "; 'MinClippingValue' and 'MaxClippingValue' cut the data off" : ""),
+         where);
 }
 
 void ClimateCond::checkParameters() const {
@@ -216,9 +217,9 @@ void ClimateCond::checkParameters() const {
         const double value = baseValue(para_t::ConstantValue, WHERE);
         checkBounds(value, value, WHERE);
     } else if (m_kind == kind_t::Sinus || m_kind == kind_t::DoubleSinus) {
-        double swing = difference(para_t::Amplitude1, WHERE);
+        double swing = wave(para_t::Amplitude1, para_t::OscPeriod1, para_t::PhaseShift1, WHERE).m_amplitude;
         if (m_kind == kind_t::DoubleSinus)
-            swing += difference(para_t::Amplitude2, WHERE);
+            swing += wave(para_t::Amplitude2, para_t::OscPeriod2, para_t::PhaseShift2, WHERE).m_amplitude;
         const double mean = baseValue(para_t::MeanValue, WHERE);
         checkBounds(mean - swing, mean + swing, WHERE);
     }
@@ -245,8 +246,17 @@ ClimateCond::Calculation::Wave ClimateCond::wave(para_t amplitude, para_t period
                                                  const char * where) const {
     Calculation::Wave result;
     result.m_amplitude = difference(amplitude, where);
-    result.m_frequency = 2 * std::numbers::pi / m_para.find(period)->get_value("s");
     const KOR::Parameter & shift = *m_para.find(phase);
+    const auto isTime = [](const KOR::Parameter & parameter) { return parameter.ioUnit().base() == KOR::Unit("s"); };
+    const auto requireTime = [&](const KOR::Parameter & parameter, bool isFulfilled) {
+        if (!isFulfilled)
+            fail(KOR::text("Unit '%1' of parameter '%2' in climate condition '%3' is not a time.",
+                           parameter.ioUnit().name(), parameter.name(), m_name),
+                 where);
+    };
+    requireTime(*m_para.find(period), isTime(*m_para.find(period)));
+    requireTime(shift, isTime(shift) || shift.ioUnit().base() == KOR::Unit("Rad"));
+    result.m_frequency = 2 * std::numbers::pi / m_para.find(period)->get_value("s");
     result.m_phase =
         shift.ioUnit().base() == KOR::Unit("Rad") ? shift.get_value("Rad") : result.m_frequency * shift.get_value("s");
     return result;

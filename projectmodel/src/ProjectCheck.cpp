@@ -44,11 +44,19 @@ void add(Findings & findings, Finding finding) {
         findings.push_back(std::move(finding));
 }
 
+/// A message without the place at its begin.
+std::string withoutPlace(const std::string & message, const std::string & place) {
+    const bool isNamed = !place.empty() && KOR::lowered(message).starts_with(KOR::lowered(place) + ": ");
+    return isNamed ? message.substr(place.size() + 2) : message;
+}
+
 template <typename Check> void collect(Findings & findings, const std::string & place, const Check & check) {
     try {
         check();
     } catch (const KOR::Exception & ex) {
-        add(findings, findingOf(ex, place));
+        Finding finding = findingOf(ex, place);
+        finding.message = withoutPlace(finding.message, place);
+        add(findings, std::move(finding));
     }
 }
 
@@ -337,11 +345,7 @@ void ProjectCheck::collect(std::vector<Finding> & findings, const std::string & 
     for (const KOR::MessageCollector::Message & message : collected.messages()) {
         if (message.type != KOR::MSG_WARNING && message.type != KOR::MSG_ERROR)
             continue;
-        // What messages begin with is the place itself.
-        const bool isNamed = KOR::lowered(message.text).starts_with(KOR::lowered(place) + ": ");
-        add(findings, {.severity = WARNING,
-                       .place = place,
-                       .message = isNamed ? message.text.substr(place.size() + 2) : message.text});
+        add(findings, {.severity = WARNING, .place = place, .message = withoutPlace(message.text, place)});
     }
 }
 

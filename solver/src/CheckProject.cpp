@@ -4,6 +4,7 @@
 
 #include <SOLVER/OutputWriter.h>
 
+#include <cmath>
 #include <set>
 
 namespace SOLVER {
@@ -33,6 +34,7 @@ public:
     void perform() {
         module_t module = module_t::heatAndMoisture;
         collect("Init", [&] { module = ModelBuilder::moduleOf(m_project.m_init); });
+        collect("Discretization", [&] { ModelBuilder::checkGrid(m_project.m_disc); });
         const auto & conditions = m_project.m_conditions;
         for (std::size_t a = 0; a < m_project.m_assignments.size(); ++a) {
             const Assignment & assignment = m_project.m_assignments.m_list[a];
@@ -50,6 +52,9 @@ public:
         checkOutputs();
     }
 
+    /// Whether something in use takes its climate from the file of the location.
+    bool needsLocation() const { return m_needsLocation; }
+
 private:
     template <typename Body> void collect(const std::string & place, Body && body) {
         ProjectCheck::collect(m_findings, place, body);
@@ -62,6 +67,11 @@ private:
             collect(ProjectCheck::place(definition_t::Interface, interface->m_name), [] {
                 refuse("Interfaces of type 'External' need an external model, which the solver cannot run with.");
             });
+        m_needsLocation = m_needsLocation ||
+                          (interface->m_type == Interface::type_t::EngineeringOutdoor &&
+                           interface->m_climateTypeOutdoor == Interface::climateTypeOutdoor_t::OutdoorUserData) ||
+                          (interface->m_type == Interface::type_t::EngineeringIndoor &&
+                           interface->m_climateTypeIndoor == Interface::climateTypeIndoor_t::IndoorWTA);
         if (interface->m_type != Interface::type_t::Detailed)
             return;
         for (const std::string & name : interface->m_bcReferences) {
@@ -99,11 +109,19 @@ private:
 
     void checkClimate(const std::string & place, const HYGRION::ClimateReferences & references) {
         for (const auto & [quantity, name] : references)
-            if (const auto * climate = find(m_project.m_conditions.m_climateConditions, name))
+            if (const auto * climate = find(m_project.m_conditions.m_climateConditions, name)) {
+                m_needsLocation = m_needsLocation ||
+                                  (climate->m_kind == HYGRION::ClimateCond::kind_t::CCM && climate->m_filename.empty());
                 collect(place, [&, quantity = quantity] { ClimateSignals::checkUse(*climate, quantity); });
+            }
     }
 
     void checkOutputs() {
+        const double endTime = m_project.m_init.m_interval.end();
+        for (const HYGRION::OutputGrid & grid : m_project.m_outputs.m_outputGrids)
+            if (std::isfinite(endTime))
+                collect(ProjectCheck::place(definition_t::OutputGrid, grid.m_name),
+                        [&] { OutputWriter::checkGrid(grid, endTime); });
         for (const HYGRION::OutputFile & definition : m_project.m_outputs.m_outputFiles)
             collect(ProjectCheck::place(definition_t::OutputFile, definition.m_name), [&] {
                 OutputWriter::checkDefinition(definition);
@@ -117,27 +135,34 @@ private:
     Findings & m_findings;
     std::set<std::pair<Assignment::type_t, std::string>> m_seen;
     std::set<std::string> m_seenConditions;
+    bool m_needsLocation = false;
 };
 
-void checkFurther(const Project & project, Findings & findings) {
-    Check(project, findings).perform();
+/// What the editor says in its own words and a command may still give.
+void checkRun(const Project & project, bool needsLocation, Findings & findings) {
+    if (!std::isfinite(project.m_init.m_interval.end()))
+        findings.push_back({.severity = ProjectCheck::WARNING,
+                            .place = "Init",
+                            .message = "The simulation has no end; it needs one when it is started."});
+    if (needsLocation && project.m_init.m_climateDataFilePath.empty())
+        findings.push_back(
+            {.place = "Init",
+             .message = "There is no climate data file of the location, but conditions take their values from it."});
 }
 
 } // namespace
 
 Findings checkProject(const Project & project) {
     Findings findings = ProjectCheck::checkProject(project);
-    checkFurther(project, findings);
+    Check(project, findings).perform();
     return findings;
 }
 
 Findings checkFile(const std::string & filename, Project & project) {
     return ProjectCheck::checkFile(filename, project, [](const Project & read, Findings & findings) {
-        checkFurther(read, findings);
-        if (!std::isfinite(read.m_init.m_interval.end()))
-            findings.push_back({.severity = ProjectCheck::WARNING,
-                                .place = "Init",
-                                .message = "The simulation has no end; it needs one when it is started."});
+        Check check(read, findings);
+        check.perform();
+        checkRun(read, check.needsLocation(), findings);
     });
 }
 

@@ -53,8 +53,25 @@ std::array<std::uint8_t, 3> directionsOf(const Assignment & assignment) {
 
 } // namespace
 
+void ModelBuilder::checkGrid(const HYGRION::Disc & disc) {
+    // Beyond them sums of widths and ratios of volumes lose their digits.
+    constexpr double NARROWEST = 1e-8;
+    constexpr double WIDEST = 1e5;
+    constexpr const char * NAMES[] = {"Column", "Row", "Stack plane"};
+    const std::array<const KOR::UnitVector *, 3> steps{&disc.m_xSteps, &disc.m_ySteps, &disc.m_zSteps};
+    for (std::size_t d = 0; d < 3; ++d) {
+        const std::vector<double> widths = steps[d]->baseValues();
+        const bool isPlane = d == 2 && widths.size() == 1 && widths[0] == 0;
+        for (std::size_t i = 0; i < widths.size() && !isPlane; ++i)
+            if (!(widths[i] >= NARROWEST && widths[i] <= WIDEST))
+                refuse(text("%1 %2 is %3 m wide; cells must be %4 to %5 m wide.", NAMES[d], i + 1, widths[i], NARROWEST,
+                            WIDEST));
+    }
+}
+
 void ModelBuilder::readGrid() {
     const HYGRION::Disc & disc = m_project.m_disc;
+    checkGrid(disc);
     const std::array<const KOR::UnitVector *, 3> steps{&disc.m_xSteps, &disc.m_ySteps, &disc.m_zSteps};
     for (std::size_t d = 0; d < 3; ++d) {
         m_widths[d] = steps[d]->baseValues();

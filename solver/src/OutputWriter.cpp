@@ -141,18 +141,25 @@ void OutputWriter::Grid::advance() {
     next = NEVER;
 }
 
+void OutputWriter::checkGrid(const HYGRION::OutputGrid & definition, double endTime) {
+    for (const HYGRION::Interval & interval : definition.m_intervals) {
+        const double step = interval.stepSize();
+        if (!(step > 0))
+            throw Exception(text("Output grid '%1' has an interval without StepSize.", definition.m_name), WHERE);
+        if ((std::min(interval.end(), endTime) - interval.start()) / step > MOST_OUTPUTS)
+            throw Exception(text("Output grid '%1': more than %2 outputs are asked for, the StepSize is too small.",
+                                 definition.m_name, MOST_OUTPUTS),
+                            WHERE);
+    }
+}
+
 void OutputWriter::makeGrids(double startTime, double endTime) {
     for (const HYGRION::OutputGrid & definition : m_outputs.m_outputGrids) {
         Grid & grid = m_grids.emplace_back();
+        checkGrid(definition, endTime);
         for (const HYGRION::Interval & interval : definition.m_intervals) {
             const double step = interval.stepSize();
-            if (!(step > 0))
-                throw Exception(text("Output grid '%1' has an interval without StepSize.", definition.m_name), WHERE);
             Grid::Span span{interval.start(), std::min(interval.end(), endTime), step};
-            if ((span.end - span.start) / step > MOST_OUTPUTS)
-                throw Exception(text("Output grid '%1' asks for more than %2 outputs, its StepSize is too small.",
-                                     definition.m_name, MOST_OUTPUTS),
-                                WHERE);
             // What lies before the simulation is not written.
             if (span.start < startTime)
                 span.start += step * std::ceil((startTime - span.start) / step - TIME_TOLERANCE);

@@ -33,6 +33,8 @@ public:
     /// What an output's definition and one of its places tell without a grid: throw as the constructor does.
     static void checkDefinition(const HYGRION::OutputFile & definition);
     static void checkPlace(const HYGRION::OutputFile & definition, const HYGRION::Assignment & assignment);
+    /// \param endTime of the simulation [s]
+    static void checkGrid(const HYGRION::OutputGrid & definition, double endTime);
 
     /// Creates the geometry file and all result files, or goes on behind the last record not after \p resumeAt [s].
     void open(std::optional<double> resumeAt);
