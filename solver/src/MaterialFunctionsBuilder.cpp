@@ -149,6 +149,7 @@ Construction::Expansion buildExpansion(const MM::Material & material) {
         expansion.thermal[d] = value(THERMAL[d], "m/mK", d > 0 ? expansion.thermal[d - 1] : 0);
         expansion.hygric[d] = value(HYGRIC[d], "m3m/m3m", d > 0 ? expansion.hygric[d - 1] : 0);
     }
+    expansion.fiberSaturation = value(Para::BETA_THETA_L2, "m3/m3", expansion.fiberSaturation);
     return expansion;
 }
 

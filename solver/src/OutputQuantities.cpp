@@ -82,8 +82,9 @@ template <int Axis> double hygricStrain(const Snapshot & s, std::size_t c) {
         s.expansionHumidity > 0
             ? materialOf(s, c).moisture(-kelvinPressure(T_REF) * std::log(std::min(1.0, s.expansionHumidity)))
             : 0;
-    return s.construction.expansion.at(cell.material).hygric[cell.direction[Axis]] *
-           (s.model.cellStates()[c].moisture - reference) / RHO_WATER;
+    const Construction::Expansion & expansion = s.construction.expansion.at(cell.material);
+    const auto swelling = [&](double moisture) { return std::min(moisture / RHO_WATER, expansion.fiberSaturation); };
+    return expansion.hygric[cell.direction[Axis]] * (swelling(s.model.cellStates()[c].moisture) - swelling(reference));
 }
 
 /// What all loads of a cell bring, by its volume.

@@ -5,10 +5,12 @@
 
 #include <DATAIO/DataIO.h>
 #include <KOR/Exception.h>
+#include <KOR/FileIO.h>
 #include <KOR/UnitList.h>
 
 #include <gmock/gmock.h>
 
+#include <fstream>
 #include <numbers>
 #include <numeric>
 #include <set>
@@ -235,6 +237,44 @@ TEST(OutputQuantities, WithoutAirTheSurfaceStandsForIt) {
     EXPECT_DOUBLE_EQ(values.surface("AirTemperature"), wall.surface().temperature);
     EXPECT_DOUBLE_EQ(values.surface("AirVaporPressure"), wall.surface().vaporPressure);
     EXPECT_NEAR(values.surface("FluxHeatRain"), 1 / 3600.0 * 4187 * (wall.surface().temperature - 273.15), 1e-6);
+}
+
+/// Brick that swells like wood: by its coefficients along the axes of the grid, and no more once its fibres are full.
+TEST(OutputQuantities, MaterialsExpandAlongTheirDirections) {
+    std::string content = KOR::readFile(HYG_BINARY_DIR "/DB_materials/clay_brick_solid_108.m6", 1 << 20);
+    content.insert(content.find("[MOISTURE_STORAGE]"),
+                   "[MECHANICAL_BASE_PARAMETERS]\n  ALPHA = 0.005 mm/mK\n"
+                   "  ALPHA_V = 0.03 mm/mK\n  BETA_THETA_L = 0.02 m3m/m3m\n"
+                   "  BETA_THETA_L_V = 0.5 m3m/m3m\n  BETA_THETA_L2 = 0.1 m3/m3\n\n");
+    Parts parts;
+    parts.material = testing::TempDir() + "swelling_905.m6";
+    std::ofstream(parts.material) << content;
+    parts.boundary = "<BoundaryCondition name='Law' type='HeatConduction' kind='SurfaceValue'>" +
+                     reference("Temperature") + "</BoundaryCondition>";
+    parts.initial = "<InitialCondition name='Warm' type='Temperature'>" + parameter("Value", "30", "C") +
+                    "</InitialCondition>" + "<InitialCondition name='Damp' type='MoistureMass'>" +
+                    parameter("Value", "60", "kg/m3") + "</InitialCondition>" +
+                    "<InitialCondition name='Wet' type='MoistureMass'>" + parameter("Value", "300", "kg/m3") +
+                    "</InitialCondition>";
+    parts.assignments = assignment("InitialCondition", "Element", "Warm", "0 0 3 0") +
+                        assignment("InitialCondition", "Element", "Damp", "0 0 1 0") +
+                        assignment("InitialCondition", "Element", "Wet", "2 0 3 0");
+    for (const bool isTurned : {false, true}) {
+        parts.assignments += "<Assignment type='Material' location='Element'><Reference>Brick</Reference><Mapping>" +
+                             std::string(isTurned ? "VUW" : "UVW") + "</Mapping><Range>0 0 3 0</Range></Assignment>";
+        Evaluated wall(parts);
+        const Values values{wall};
+        const double alongX = values.cell("ThermalExpansionX", 0), alongY = values.cell("ThermalExpansionY", 0);
+        EXPECT_NEAR(isTurned ? alongY : alongX, 5e-6 * 10, 1e-12);
+        EXPECT_NEAR(isTurned ? alongX : alongY, 30e-6 * 10, 1e-12);
+        EXPECT_NEAR(values.cell("ThermalExpansionZ", 0), 30e-6 * 10, 1e-12) << "as the direction before";
+        EXPECT_NEAR(values.cell(isTurned ? "HygricExpansionY" : "HygricExpansionX", 0), 0.02 * 0.06, 1e-9);
+        EXPECT_NEAR(values.cell(isTurned ? "HygricExpansionX" : "HygricExpansionY", 0), 0.5 * 0.06, 1e-7);
+        EXPECT_NEAR(values.cell(isTurned ? "HygricExpansionX" : "HygricExpansionY", 2), 0.5 * 0.1, 1e-9);
+        Snapshot fromDamp = values.snapshot();
+        fromDamp.expansionHumidity = 0.8; // 9.2 kg/m3
+        EXPECT_NEAR(outputQuantity("HygricExpansionZ").ofCell(fromDamp, 0), 0.5 * (0.06 - 0.0092), 1e-5);
+    }
 }
 
 /// What passes a gap from interface to interface is told at both of them.

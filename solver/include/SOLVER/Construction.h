@@ -7,6 +7,7 @@
 
 #include <array>
 #include <functional>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <string>
@@ -45,6 +46,8 @@ struct Construction {
     struct Expansion {
         std::array<double, 3> thermal{}, hygric{};
         double density = 0; ///< of the dry material [kg/m3]
+        /// Fibre saturation of wood: water beyond it fills its pores without swelling it [m3/m3].
+        double fiberSaturation = std::numeric_limits<double>::infinity();
     };
     std::vector<Expansion> expansion;
 
