@@ -33,7 +33,10 @@ public:
 
     void perform() {
         module_t module = module_t::heatAndMoisture;
-        collect("Init", [&] { module = ModelBuilder::moduleOf(m_project.m_init); });
+        collect("Init", [&] {
+            module = ModelBuilder::moduleOf(m_project.m_init);
+            ModelBuilder::warnOfSettings(m_project.m_init);
+        });
         collect("Discretization", [&] { ModelBuilder::checkGrid(m_project.m_disc); });
         const auto & conditions = m_project.m_conditions;
         for (std::size_t a = 0; a < m_project.m_assignments.size(); ++a) {
@@ -94,7 +97,7 @@ private:
         const std::string place = ProjectCheck::place(definition_t::FieldCondition, condition->m_name);
         collect(place, [&] {
             if (condition->m_type == FieldCond::condition_t::LongWaveRadiation)
-                checkCavityRadiation(*condition);
+                cavityEmissions(*condition);
             else
                 FieldLaw::fromCondition(*condition, module != module_t::heat);
         });

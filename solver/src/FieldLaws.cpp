@@ -209,8 +209,11 @@ void requireClimate(const Row & row, const FieldCond & condition, bool hasMoistu
     const bool needsHumidity = row.apply == convectiveSource || row.apply == airChange;
     if (needsHumidity && hasMoisture && !has(Quantity::VaporPressure))
         require(Quantity::RelativeHumidity);
-    if (row.share == FieldLaw::FLOW)
-        requireOneOf(condition, {Quantity::MassFlowRate, Quantity::FluidFlowRate, Quantity::Velocity}, WHERE);
+    if (row.share != FieldLaw::FLOW)
+        return;
+    requireOneOf(condition, {Quantity::MassFlowRate, Quantity::FluidFlowRate, Quantity::Velocity}, WHERE);
+    if (!condition.m_intPara.contains(FieldCond::intpara_t::FlowDirection))
+        throw Exception("Parameter 'FlowDirection' is missing.", WHERE);
 }
 
 void readThermostat(const FieldCond & condition, FieldLaw & law) {
@@ -276,10 +279,33 @@ FieldLaw FieldLaw::fromCondition(const FieldCond & condition, bool hasMoisture) 
     return law;
 }
 
-void checkCavityRadiation(const FieldCond & condition) {
+std::array<std::optional<std::array<double, 2>>, 3> cavityEmissions(const FieldCond & condition) {
+    constexpr Flag FLAGS[] = {Flag::LongWaveRadiationX, Flag::LongWaveRadiationY, Flag::LongWaveRadiationZ};
+    constexpr Para EMISSIONS[3][2] = {
+        {LeftEmissionCoefficient,   RightEmissionCoefficient},
+        {BottomEmissionCoefficient, TopEmissionCoefficient  },
+        {BackEmissionCoefficient,   FrontEmissionCoefficient},
+    };
     checkUseOf(CAVITY, condition);
     if (!condition.m_schedule.empty())
         throw Exception("A schedule cannot switch the radiation in a cavity.", WHERE);
+    std::array<std::optional<std::array<double, 2>>, 3> all;
+    for (std::size_t d = 0; d < 3; ++d) {
+        if (!condition.m_flag.isEnabled(FLAGS[d]))
+            continue;
+        all[d].emplace();
+        for (std::size_t side = 0; side < 2; ++side) {
+            const auto given = condition.m_para.value(EMISSIONS[d][side], "---");
+            if (!given)
+                throw Exception(text("Parameter '%1' is missing.", KeywordList::Keyword(EMISSIONS[d][side])), WHERE);
+            (*all[d])[side] = *given;
+        }
+    }
+    if (!all[0] && !all[1] && !all[2])
+        throw Exception("None of the flags 'LongWaveRadiationX', 'LongWaveRadiationY' and 'LongWaveRadiationZ' is set, "
+                        "so that it has no direction.",
+                        WHERE);
+    return all;
 }
 
 void scale(CellLoad & load, double factor) {

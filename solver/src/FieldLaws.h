@@ -6,6 +6,8 @@
 
 #include <HYGRION/FieldCond.h>
 
+#include <array>
+#include <optional>
 #include <vector>
 
 namespace SOLVER {
@@ -40,8 +42,9 @@ struct FieldLaw {
     bool isFlow() const { return share == FLOW; }
 };
 
-/// The parameters of a cavity's long-wave exchange; throws as above.
-void checkCavityRadiation(const HYGRION::FieldCond & condition);
+/// The emission coefficients of the lower and the upper walls of a cavity, for each direction in which they exchange
+/// long-wave radiation. Throws as above.
+std::array<std::optional<std::array<double, 2>>, 3> cavityEmissions(const HYGRION::FieldCond & condition);
 
 /// Multiplies all that is a density.
 void scale(CellLoad & load, double factor);

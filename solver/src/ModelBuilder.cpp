@@ -130,11 +130,27 @@ void ModelBuilder::checkInterval(const Init & init) {
         refuse("The simulation interval has no end: parameter 'Duration' or 'End' is missing.");
 }
 
+void ModelBuilder::warnOfSettings(const Init & init) {
+    const auto warn = [](const std::string & message) {
+        KOR::message(message, KOR::MSG_WARNING, "[SOLVER::buildConstruction]");
+    };
+    if (init.isEnabled(Init::flag_t::UseBouyancyGas))
+        warn("Flag 'UseBouyancyGas' has no effect: the flow of air is not calculated.");
+    using Para = SolverSettings::para_t;
+    for (const Para key : {Para::LESBandWidth, Para::PreILUWidth})
+        if (init.m_solverSettings.m_para.contains(key))
+            warn(
+                text("Parameter '%1' has no effect: band matrices are as wide as the grid asks for, and the incomplete "
+                     "factorisation keeps to the entries of the matrix.",
+                     KeywordList::Keyword(key)));
+}
+
 void ModelBuilder::readSettings() {
     const Init & init = m_project.m_init;
     init.checkParameters();
     m_result.input.module = moduleOf(init);
     checkInterval(init);
+    warnOfSettings(init);
     m_materialOptions = {m_result.input.module, init.lambdaSelection(),
                          init.isEnabled(Init::flag_t::UseStrictMaterialChecks)};
 
@@ -144,9 +160,6 @@ void ModelBuilder::readSettings() {
 
     m_result.input.useGravity = init.isEnabled(Init::flag_t::UseBouyancyLiquid);
     m_result.input.useIce = init.isEnabled(Init::flag_t::UseIce);
-    if (init.isEnabled(Init::flag_t::UseBouyancyGas))
-        KOR::message("Flag 'UseBouyancyGas' has no effect: the flow of air is not calculated.", KOR::MSG_WARNING,
-                     "[SOLVER::buildConstruction]");
     const double reference = init.parameter(Init::para_t::IsothermalTRef).get_value("K");
     if (m_result.input.module == module_t::moisture)
         m_isothermalTemperature = reference;
@@ -163,12 +176,6 @@ void ModelBuilder::readIntegratorSettings() {
     const SolverSettings & given = m_project.m_init.m_solverSettings;
     const auto number = [&](Para key) { return given.parameter(key).value(); };
     const auto count = [&](Para key) { return static_cast<int>(std::lround(number(key))); };
-    for (const Para key : {Para::LESBandWidth, Para::PreILUWidth})
-        if (given.m_para.contains(key))
-            KOR::message(text("Parameter '%1' has no effect: band matrices are as wide as the grid asks for, and the "
-                              "incomplete factorisation keeps to the entries of the matrix.",
-                              KeywordList::Keyword(key)),
-                         KOR::MSG_WARNING, "[SOLVER::buildConstruction]");
     IntegratorSettings & settings = m_result.integrator;
     settings.integrator = translated(INTEGRATORS, given.integrator());
     settings.linearSolver = translated(LINEAR_SOLVERS, given.lesSolver());

@@ -25,6 +25,8 @@ public:
     static void checkAssignment(const HYGRION::Assignment & assignment, const std::string & label);
     static module_t moduleOf(const HYGRION::Init & init);
     static void checkInterval(const HYGRION::Init & init);
+    /// Settings that change nothing.
+    static void warnOfSettings(const HYGRION::Init & init);
     static void checkGrid(const HYGRION::Disc & disc);
     /// Conditions of an interface that do not couple it to another one.
     static void checkCondition(const HYGRION::BoundaryCond & condition);

@@ -126,13 +126,11 @@ void ModelBuilder::makeFieldLoads(const FieldCond & condition, const Range & ran
 }
 
 ModelBuilder::WaterFlow ModelBuilder::waterFlow(const FieldCond & condition, const Range & range) const {
-    const auto given = condition.m_intPara.value(FieldCond::intpara_t::FlowDirection);
-    if (!given)
-        refuse("Parameter 'FlowDirection' is missing.");
+    const int given = condition.m_intPara.value(FieldCond::intpara_t::FlowDirection).value_or(0);
     const auto [first, last] = corners(range);
     WaterFlow flow;
-    flow.direction = static_cast<std::size_t>(*given) / 2;
-    flow.isUpwards = *given % 2 == 1; // to the right, the top, the front
+    flow.direction = static_cast<std::size_t>(given) / 2;
+    flow.isUpwards = given % 2 == 1; // to the right, the top, the front
     flow.first = flow.isUpwards ? first[flow.direction] : last[flow.direction];
     flow.inlet = flow.isUpwards ? flow.first : flow.first + 1;
     std::array<Index, 2> plane{first, last};
@@ -145,30 +143,14 @@ ModelBuilder::WaterFlow ModelBuilder::waterFlow(const FieldCond & condition, con
 
 /// Pairs of opposite walls, line by line; each direction for itself, as between parallel planes.
 void ModelBuilder::makeCavityRadiation(const FieldCond & condition, const Range & range) {
-    using Flag = FieldCond::flag_t;
-    using Para = FieldCond::para_t;
-    constexpr Flag FLAGS[] = {Flag::LongWaveRadiationX, Flag::LongWaveRadiationY, Flag::LongWaveRadiationZ};
-    constexpr Para EMISSIONS[3][2] = {
-        {Para::LeftEmissionCoefficient,   Para::RightEmissionCoefficient},
-        {Para::BottomEmissionCoefficient, Para::TopEmissionCoefficient  },
-        {Para::BackEmissionCoefficient,   Para::FrontEmissionCoefficient},
-    };
-    checkCavityRadiation(condition);
+    const auto emissions = cavityEmissions(condition);
     const std::array<Index, 2> ends = corners(range);
     const Index & first = ends[0];
     const Index & last = ends[1];
-    bool hasDirection = false;
     for (std::size_t d = 0; d < 3; ++d) {
-        if (!condition.m_flag.isEnabled(FLAGS[d]))
+        if (!emissions[d])
             continue;
-        hasDirection = true;
-        double emission[2];
-        for (std::size_t side = 0; side < 2; ++side) {
-            const auto given = condition.m_para.value(EMISSIONS[d][side], "---");
-            if (!given)
-                refuse(text("Parameter '%1' is missing.", KeywordList::Keyword(EMISSIONS[d][side])));
-            emission[side] = *given;
-        }
+        const std::array<double, 2> & emission = *emissions[d];
         std::array<Index, 2> plane{first, last};
         plane[1][d] = first[d];
         forEachCell(plane, [&](const Index & index) {
@@ -196,9 +178,6 @@ void ModelBuilder::makeCavityRadiation(const FieldCond & condition, const Range 
                                                 distance(walls[1]), inner, exchange, static_cast<int>(d)});
         });
     }
-    if (!hasDirection)
-        refuse("None of the flags 'LongWaveRadiationX', 'LongWaveRadiationY' and 'LongWaveRadiationZ' is set, so that "
-               "it has no direction.");
 }
 
 void ModelBuilder::makeFieldConditions() {
