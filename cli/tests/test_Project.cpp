@@ -126,11 +126,13 @@ TEST(Project, CheckTellsWhatTheSolverRefuses) {
         EXPECT_THAT(result.out, HasSubstr(said)) << edit;
         EXPECT_EQ(result.exitCode, 1) << edit << result.out;
     }
-    const Result noPlace =
-        shell("sed 's/<ClimateDataFilePath>.*//; s/<XSteps unit=.mm.>/&1e300 /' 'examples/Brick wall.h6p' "
-              ">'" +
-              directory + "/case.h6p'; hygrion-cli project check '" + directory + "/case.h6p'");
+    const Result noPlace = shell("sed 's/<ClimateDataFilePath>.*//; s/<KOR:Parameter name=.Orientation.*//; s/<XSteps "
+                                 "unit=.mm.>/&1e300 /' 'examples/Brick wall.h6p' "
+                                 ">'" +
+                                 directory + "/case.h6p'; hygrion-cli project check '" + directory + "/case.h6p'");
     EXPECT_THAT(noPlace.out, HasSubstr("error: Init: There is no climate data file of the location"));
+    EXPECT_THAT(noPlace.out,
+                HasSubstr(": interface 'Outside': Parameter 'Orientation' of interface 'Outside' is missing"));
     EXPECT_THAT(noPlace.out, HasSubstr("error: Discretization: Column 1 is 1e+297 m wide; cells must be "));
     const Result unused = shell("sed -e \"s/<BCReference>Diffusion inside.*//\" 'examples/validation/HAMSTAD "
                                 "2.h6p' | sed '0,/<BoundaryCondition name=.Diffusion inside. type=.VaporDiffusion/s//"

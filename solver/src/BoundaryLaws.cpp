@@ -437,6 +437,10 @@ bool BoundaryLaw::isRain() const {
     return apply == rainFlux || apply == standardRain;
 }
 
+bool BoundaryLaw::needsOrientation() const {
+    return needsSun() || apply == standardRain;
+}
+
 bool BoundaryLaw::isPipe() const {
     return apply == pipeCollector;
 }

@@ -92,6 +92,8 @@ struct BoundaryLaw {
     static BoundaryLaw fromCondition(const HYGRION::BoundaryCond & condition);
     bool needsSun() const;
     bool isRain() const;
+    /// Sun and driving rain come from somewhere.
+    bool needsOrientation() const;
     /// Depends on the height of the surface.
     bool isHydrostatic() const;
     bool isPipe() const;

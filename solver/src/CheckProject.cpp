@@ -5,6 +5,7 @@
 #include <SOLVER/OutputWriter.h>
 
 #include <cmath>
+#include <map>
 #include <set>
 
 namespace SOLVER {
@@ -66,29 +67,44 @@ private:
     void check(const Interface * interface) {
         if (interface == nullptr)
             return;
-        if (interface->m_type == Interface::type_t::External)
-            collect(ProjectCheck::place(definition_t::Interface, interface->m_name), [] {
+        using Type = Interface::type_t;
+        using Flag = Interface::flag_t;
+        const std::string place = ProjectCheck::place(definition_t::Interface, interface->m_name);
+        bool needsOrientation = false;
+        if (interface->m_type == Type::External) {
+            collect(place, [] {
                 refuse("Interfaces of type 'External' need an external model, which the solver cannot run with.");
             });
-        m_needsLocation = m_needsLocation ||
-                          (interface->m_type == Interface::type_t::EngineeringOutdoor &&
-                           interface->m_climateTypeOutdoor == Interface::climateTypeOutdoor_t::OutdoorUserData) ||
-                          (interface->m_type == Interface::type_t::EngineeringIndoor &&
-                           interface->m_climateTypeIndoor == Interface::climateTypeIndoor_t::IndoorWTA);
-        if (interface->m_type != Interface::type_t::Detailed)
-            return;
-        for (const std::string & name : interface->m_bcReferences) {
-            const BoundaryCond * condition = find(m_project.m_conditions.m_boundaryConditions, name);
-            if (condition == nullptr || !m_seenConditions.insert(name).second)
-                continue;
-            const std::string place = ProjectCheck::place(definition_t::BoundaryCondition, name);
-            if (!ModelBuilder::isCoupling(*condition))
-                collect(place, [condition] {
-                    ModelBuilder::checkCondition(*condition);
-                    BoundaryLaw::fromCondition(*condition);
-                });
-            checkClimate(place, condition->m_ccReferences);
+        } else if (interface->m_type == Type::Detailed) {
+            for (const std::string & name : interface->m_bcReferences)
+                needsOrientation = check(find(m_project.m_conditions.m_boundaryConditions, name)) || needsOrientation;
+        } else {
+            const bool hasWeather = interface->m_type == Type::EngineeringOutdoor &&
+                                    interface->m_climateTypeOutdoor == Interface::climateTypeOutdoor_t::OutdoorUserData;
+            const bool isAdaptive = interface->m_type == Type::EngineeringIndoor &&
+                                    interface->m_climateTypeIndoor == Interface::climateTypeIndoor_t::IndoorWTA;
+            m_needsLocation = m_needsLocation || hasWeather || isAdaptive;
+            needsOrientation = hasWeather && (interface->m_flag.isEnabled(Flag::UseShortWaveRadiation) ||
+                                              interface->m_flag.isEnabled(Flag::UseStandardRain));
         }
+        collect(place, [&] { ModelBuilder::positionOf(*interface, needsOrientation); });
+    }
+
+    /// \return whether it matters where the surface faces
+    bool check(const BoundaryCond * condition) {
+        if (condition == nullptr)
+            return false;
+        const auto [known, isNew] = m_conditions.emplace(condition->m_name, false);
+        if (!isNew)
+            return known->second;
+        const std::string place = ProjectCheck::place(definition_t::BoundaryCondition, condition->m_name);
+        if (!ModelBuilder::isCoupling(*condition))
+            collect(place, [condition, &needsOrientation = known->second] {
+                ModelBuilder::checkCondition(*condition);
+                needsOrientation = BoundaryLaw::fromCondition(*condition).needsOrientation();
+            });
+        checkClimate(place, condition->m_ccReferences);
+        return known->second;
     }
 
     void check(const FieldCond * condition, module_t module) {
@@ -137,7 +153,7 @@ private:
     const Project & m_project;
     Findings & m_findings;
     std::set<std::pair<Assignment::type_t, std::string>> m_seen;
-    std::set<std::string> m_seenConditions;
+    std::map<std::string, bool> m_conditions; ///< boundary conditions; whether they need an orientation
     bool m_needsLocation = false;
 };
 

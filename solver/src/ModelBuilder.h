@@ -30,6 +30,8 @@ public:
     static void checkGrid(const HYGRION::Disc & disc);
     /// Conditions of an interface that do not couple it to another one.
     static void checkCondition(const HYGRION::BoundaryCond & condition);
+    /// How an interface stands, to which sun and driving rain come or not.
+    static SurfacePosition positionOf(const HYGRION::Interface & interface, bool needsOrientation);
     static void checkContact(const HYGRION::ContactCond & condition);
     static bool isCoupling(const HYGRION::BoundaryCond & condition) {
         return !condition.m_otherInterfaceReference.empty();
@@ -102,7 +104,6 @@ private:
     BoundaryLaw lawOf(const HYGRION::Interface & interface, const HYGRION::BoundaryCond & condition,
                       const HYGRION::Interface::Generated * generated);
     double pipeShare(const HYGRION::Interface & interface, const HYGRION::BoundaryCond & condition) const;
-    SurfacePosition positionOf(const HYGRION::Interface & interface, bool needsOrientation) const;
     ActiveTimes activeTimes(const std::string & schedule) const;
     const CCM::SolarRadiationModel & place();
     void coupleInterfaces();

@@ -37,7 +37,7 @@ ActiveTimes ModelBuilder::activeTimes(const std::string & schedule) const {
     return active;
 }
 
-SurfacePosition ModelBuilder::positionOf(const Interface & interface, bool needsOrientation) const {
+SurfacePosition ModelBuilder::positionOf(const Interface & interface, bool needsOrientation) {
     const auto inclination = interface.m_para.value(Interface::para_t::Inclination, "Deg");
     const auto orientation = interface.m_para.value(Interface::para_t::Orientation, "Deg");
     const SurfacePosition position{orientation.value_or(0) * RADIANS, inclination.value_or(90) * RADIANS, 0};
@@ -96,7 +96,7 @@ BoundaryLaw ModelBuilder::lawOf(const Interface & interface, const BoundaryCond 
         law.signals.set(quantity, own ? signals.addGenerated(*own, interface.m_name) : signals.add(name, quantity));
     }
     law.active = activeTimes(condition.m_schedule);
-    law.position = positionOf(interface, law.needsSun() || condition.m_kind == BoundaryCond::kind_t::StandardRainModel);
+    law.position = positionOf(interface, law.needsOrientation());
     law.skyView = (1 + std::cos(law.position.inclination)) / 2;
     if (law.isPipe())
         law.pipe.perArea = pipeShare(interface, condition);
