@@ -3631,6 +3631,543 @@
     </message>
 </context>
 <context>
+    <name>HygOutputDialog</name>
+    <message>
+        <source>Output</source>
+        <translation>Ausgabe</translation>
+    </message>
+    <message>
+        <source>&amp;Name</source>
+        <translation>&amp;Name</translation>
+    </message>
+    <message>
+        <source>Name of the output and of its result file</source>
+        <translation>Name der Ausgabe und ihrer Ergebnisdatei</translation>
+    </message>
+    <message>
+        <source>&amp;Quantity</source>
+        <translation>&amp;Größe</translation>
+    </message>
+    <message>
+        <source>&amp;Unit</source>
+        <translation>&amp;Einheit</translation>
+    </message>
+    <message>
+        <source>Unit in which the values are written</source>
+        <translation>Einheit, in der die Werte geschrieben werden</translation>
+    </message>
+    <message>
+        <source>&amp;Where</source>
+        <translation>&amp;Wo</translation>
+    </message>
+    <message>
+        <source>Cells or sides of which values are written; in the construction view any others can be assigned</source>
+        <translation>Zellen oder Seiten, deren Werte geschrieben werden; in der Ansicht der Konstruktion können beliebige andere zugewiesen werden</translation>
+    </message>
+    <message>
+        <source>In &amp;space</source>
+        <translation>&amp;Räumlich</translation>
+    </message>
+    <message>
+        <source>One value for each cell or side makes profiles and fields; means and sums make courses over time</source>
+        <translation>Ein Wert je Zelle oder Seite ergibt Profile und Felder; Mittel und Summen ergeben Verläufe über die Zeit</translation>
+    </message>
+    <message>
+        <source>In &amp;time</source>
+        <translation>&amp;Zeitlich</translation>
+    </message>
+    <message>
+        <source>Fluxes are best written as means, which leave no peak out</source>
+        <translation>Ströme werden am besten als Mittel geschrieben, das keine Spitze auslässt</translation>
+    </message>
+    <message>
+        <source>S&amp;chedule</source>
+        <translation>Zeit&amp;plan</translation>
+    </message>
+    <message>
+        <source>When values are written</source>
+        <translation>Wann Werte geschrieben werden</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>nowhere</source>
+        <translation>nirgends</translation>
+    </message>
+    <message>
+        <source>The output needs a name.</source>
+        <translation>Die Ausgabe braucht einen Namen.</translation>
+    </message>
+    <message>
+        <source>There is already an output with this name.</source>
+        <translation>Es gibt schon eine Ausgabe mit diesem Namen.</translation>
+    </message>
+    <message>
+        <source>The solver does not know this quantity.</source>
+        <translation>Der Löser kennt diese Größe nicht.</translation>
+    </message>
+    <message>
+        <source>This quantity exists on sides only; choose a surface.</source>
+        <translation>Diese Größe gibt es nur an Seiten; wählen Sie eine Oberfläche.</translation>
+    </message>
+    <message>
+        <source>This quantity exists in cells only; choose cells.</source>
+        <translation>Diese Größe gibt es nur in Zellen; wählen Sie Zellen.</translation>
+    </message>
+    <message>
+        <source>Shown in the results as a profile or a field.</source>
+        <translation>In den Ergebnissen als Profil oder Feld zu sehen.</translation>
+    </message>
+    <message>
+        <source>Shown in the results as a course over time.</source>
+        <translation>In den Ergebnissen als Verlauf über die Zeit zu sehen.</translation>
+    </message>
+</context>
+<context>
+    <name>HygOutputModel</name>
+    <message>
+        <source>The output is tied to no place and would not be written; edit it and choose one.</source>
+        <translation>Die Ausgabe gehört zu keinem Ort und würde nicht geschrieben; bearbeiten Sie sie und wählen Sie einen.</translation>
+    </message>
+    <message>
+        <source>⚠ nowhere</source>
+        <translation>⚠ nirgends</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Quantity</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>Einheit</translation>
+    </message>
+    <message>
+        <source>Where</source>
+        <translation>Wo</translation>
+    </message>
+    <message>
+        <source>In space</source>
+        <translation>Räumlich</translation>
+    </message>
+    <message>
+        <source>In time</source>
+        <translation>Zeitlich</translation>
+    </message>
+    <message>
+        <source>Schedule</source>
+        <translation>Zeitplan</translation>
+    </message>
+</context>
+<context>
+    <name>HygOutputPlaces</name>
+    <message>
+        <source>all cells</source>
+        <translation>alle Zellen</translation>
+    </message>
+    <message>
+        <source>surface %1 (%2)</source>
+        <translation>Oberfläche %1 (%2)</translation>
+    </message>
+    <message>
+        <source>material %1</source>
+        <translation>Material %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n places in the drawing</source>
+        <translation>
+            <numerusform>%n Ort in der Zeichnung</numerusform>
+            <numerusform>%n Orte in der Zeichnung</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>HygOutputTexts</name>
+    <message>
+        <source>Temperature</source>
+        <translation>Temperatur</translation>
+    </message>
+    <message>
+        <source>Relative humidity</source>
+        <translation>Relative Luftfeuchte</translation>
+    </message>
+    <message>
+        <source>Vapour pressure</source>
+        <translation>Dampfdruck</translation>
+    </message>
+    <message>
+        <source>Capillary pressure</source>
+        <translation>Kapillardruck</translation>
+    </message>
+    <message>
+        <source>Moisture content by volume</source>
+        <translation>Feuchtegehalt nach Volumen</translation>
+    </message>
+    <message>
+        <source>Moisture mass by volume</source>
+        <translation>Feuchtemasse je Volumen</translation>
+    </message>
+    <message>
+        <source>Moisture mass</source>
+        <translation>Feuchtemasse</translation>
+    </message>
+    <message>
+        <source>Moisture content by mass</source>
+        <translation>Feuchtegehalt nach Masse</translation>
+    </message>
+    <message>
+        <source>Overhygroscopic moisture by volume</source>
+        <translation>Überhygroskopische Feuchte je Volumen</translation>
+    </message>
+    <message>
+        <source>Unfrozen moisture by volume</source>
+        <translation>Nicht gefrorene Feuchte je Volumen</translation>
+    </message>
+    <message>
+        <source>Ice mass by volume</source>
+        <translation>Eismasse je Volumen</translation>
+    </message>
+    <message>
+        <source>Ice content by volume</source>
+        <translation>Eisgehalt nach Volumen</translation>
+    </message>
+    <message>
+        <source>Saturation with liquid water</source>
+        <translation>Sättigung mit flüssigem Wasser</translation>
+    </message>
+    <message>
+        <source>Thermal conductivity</source>
+        <translation>Wärmeleitfähigkeit</translation>
+    </message>
+    <message>
+        <source>Energy by volume</source>
+        <translation>Energie je Volumen</translation>
+    </message>
+    <message>
+        <source>Energy</source>
+        <translation>Energie</translation>
+    </message>
+    <message>
+        <source>Thermal strain in x</source>
+        <translation>Wärmedehnung in x</translation>
+    </message>
+    <message>
+        <source>Thermal strain in y</source>
+        <translation>Wärmedehnung in y</translation>
+    </message>
+    <message>
+        <source>Thermal strain in z</source>
+        <translation>Wärmedehnung in z</translation>
+    </message>
+    <message>
+        <source>Hygric strain in x</source>
+        <translation>Feuchtedehnung in x</translation>
+    </message>
+    <message>
+        <source>Hygric strain in y</source>
+        <translation>Feuchtedehnung in y</translation>
+    </message>
+    <message>
+        <source>Hygric strain in z</source>
+        <translation>Feuchtedehnung in z</translation>
+    </message>
+    <message>
+        <source>Heat of sources</source>
+        <translation>Wärme aus Quellen</translation>
+    </message>
+    <message>
+        <source>Water of sources</source>
+        <translation>Wasser aus Quellen</translation>
+    </message>
+    <message>
+        <source>Heat of ground water or heat exchanger</source>
+        <translation>Wärme aus Grundwasser oder Wärmetauscher</translation>
+    </message>
+    <message>
+        <source>Heat flux, all mechanisms</source>
+        <translation>Wärmestrom, gesamt</translation>
+    </message>
+    <message>
+        <source>Heat flux by conduction</source>
+        <translation>Wärmestrom durch Leitung</translation>
+    </message>
+    <message>
+        <source>Heat flux with vapour and liquid</source>
+        <translation>Wärmestrom mit Dampf und Flüssigwasser</translation>
+    </message>
+    <message>
+        <source>Heat flux from the air</source>
+        <translation>Wärmestrom aus der Luft</translation>
+    </message>
+    <message>
+        <source>Short-wave radiation absorbed</source>
+        <translation>Absorbierte kurzwellige Strahlung</translation>
+    </message>
+    <message>
+        <source>Long-wave radiation, net</source>
+        <translation>Langwellige Strahlung, Bilanz</translation>
+    </message>
+    <message>
+        <source>Heat flux with vapour from the air</source>
+        <translation>Wärmestrom mit Dampf aus der Luft</translation>
+    </message>
+    <message>
+        <source>Heat flux with rain</source>
+        <translation>Wärmestrom mit Regen</translation>
+    </message>
+    <message>
+        <source>Moisture flux, vapour and liquid</source>
+        <translation>Feuchtestrom, Dampf und Flüssigwasser</translation>
+    </message>
+    <message>
+        <source>Vapour flux</source>
+        <translation>Dampfstrom</translation>
+    </message>
+    <message>
+        <source>Liquid flux</source>
+        <translation>Flüssigwasserstrom</translation>
+    </message>
+    <message>
+        <source>Vapour flux in the material</source>
+        <translation>Dampfstrom im Material</translation>
+    </message>
+    <message>
+        <source>Liquid flux in the material</source>
+        <translation>Flüssigwasserstrom im Material</translation>
+    </message>
+    <message>
+        <source>Rain on the surface</source>
+        <translation>Regen auf der Oberfläche</translation>
+    </message>
+    <message>
+        <source>Water running off</source>
+        <translation>Ablaufendes Wasser</translation>
+    </message>
+    <message>
+        <source>Air temperature before the surface</source>
+        <translation>Lufttemperatur vor der Oberfläche</translation>
+    </message>
+    <message>
+        <source>Vapour pressure of the air before the surface</source>
+        <translation>Dampfdruck der Luft vor der Oberfläche</translation>
+    </message>
+    <message>
+        <source>Relative humidity of the air before the surface</source>
+        <translation>Relative Feuchte der Luft vor der Oberfläche</translation>
+    </message>
+    <message>
+        <source>Moisture mass of each block</source>
+        <translation>Feuchtemasse jedes Blocks</translation>
+    </message>
+    <message>
+        <source>Energy of each block</source>
+        <translation>Energie jedes Blocks</translation>
+    </message>
+    <message>
+        <source>each cell or side</source>
+        <translation>jede Zelle oder Seite</translation>
+    </message>
+    <message>
+        <source>mean</source>
+        <translation>Mittel</translation>
+    </message>
+    <message>
+        <source>integral or sum</source>
+        <translation>Integral oder Summe</translation>
+    </message>
+    <message>
+        <source>smallest</source>
+        <translation>kleinster Wert</translation>
+    </message>
+    <message>
+        <source>largest</source>
+        <translation>größter Wert</translation>
+    </message>
+    <message>
+        <source>at the time</source>
+        <translation>zum Zeitpunkt</translation>
+    </message>
+    <message>
+        <source>mean since the last time</source>
+        <translation>Mittel seit dem letzten Zeitpunkt</translation>
+    </message>
+    <message>
+        <source>integral since the start</source>
+        <translation>Integral seit dem Beginn</translation>
+    </message>
+    <message>
+        <source>smallest since the last time</source>
+        <translation>kleinster Wert seit dem letzten Zeitpunkt</translation>
+    </message>
+    <message>
+        <source>largest since the last time</source>
+        <translation>größter Wert seit dem letzten Zeitpunkt</translation>
+    </message>
+    <message>
+        <source>every %1</source>
+        <translation>alle %1</translation>
+    </message>
+    <message>
+        <source>from %1</source>
+        <translation>von %1</translation>
+    </message>
+    <message>
+        <source>to %1</source>
+        <translation>bis %1</translation>
+    </message>
+    <message>
+        <source>for %1</source>
+        <translation>für %1</translation>
+    </message>
+</context>
+<context>
+    <name>HygOutputsView</name>
+    <message>
+        <source>Add standard outputs</source>
+        <translation>Standardausgaben hinzufügen</translation>
+    </message>
+    <message>
+        <source>Temperature and humidity of all cells, the moisture in the construction, and the state and fluxes at each interface</source>
+        <translation>Temperatur und Feuchte aller Zellen, die Feuchte in der Konstruktion und an jeder Grenzfläche Zustand und Ströme</translation>
+    </message>
+    <message>
+        <source>New output ...</source>
+        <translation>Neue Ausgabe ...</translation>
+    </message>
+    <message>
+        <source>Choose a quantity, where and when it is written</source>
+        <translation>Eine Größe wählen, und wo und wann sie geschrieben wird</translation>
+    </message>
+    <message>
+        <source>Edit output ...</source>
+        <translation>Ausgabe bearbeiten ...</translation>
+    </message>
+    <message>
+        <source>Change the chosen output (Enter)</source>
+        <translation>Die gewählte Ausgabe ändern (Eingabe)</translation>
+    </message>
+    <message>
+        <source>Duplicate output ...</source>
+        <translation>Ausgabe duplizieren ...</translation>
+    </message>
+    <message>
+        <source>A further output like the chosen one</source>
+        <translation>Eine weitere Ausgabe wie die gewählte</translation>
+    </message>
+    <message>
+        <source>Remove outputs</source>
+        <translation>Ausgaben entfernen</translation>
+    </message>
+    <message>
+        <source>Take the chosen outputs out of the project (Delete)</source>
+        <translation>Die gewählten Ausgaben aus dem Projekt nehmen (Entf)</translation>
+    </message>
+    <message>
+        <source>New schedule ...</source>
+        <translation>Neuer Zeitplan ...</translation>
+    </message>
+    <message>
+        <source>Times at which outputs are written</source>
+        <translation>Zeiten, zu denen Ausgaben geschrieben werden</translation>
+    </message>
+    <message>
+        <source>Edit schedule ...</source>
+        <translation>Zeitplan bearbeiten ...</translation>
+    </message>
+    <message>
+        <source>Change the chosen schedule; outputs that use it follow</source>
+        <translation>Den gewählten Zeitplan ändern; Ausgaben, die ihn benutzen, folgen</translation>
+    </message>
+    <message>
+        <source>Remove schedule</source>
+        <translation>Zeitplan entfernen</translation>
+    </message>
+    <message>
+        <source>Take the chosen schedule out of the project</source>
+        <translation>Den gewählten Zeitplan aus dem Projekt nehmen</translation>
+    </message>
+    <message>
+        <source>Outputs</source>
+        <translation>Ausgaben</translation>
+    </message>
+    <message>
+        <source>Schedules</source>
+        <translation>Zeitpläne</translation>
+    </message>
+    <message>
+        <source>The project has no outputs yet: a simulation would leave no results.&lt;br&gt;&lt;br&gt;&lt;a href=&apos;standard&apos;&gt;Add standard outputs&lt;/a&gt; – temperature and humidity of all cells, the moisture in the construction, the state and fluxes at each interface</source>
+        <translation>Das Projekt hat noch keine Ausgaben: eine Simulation hinterließe keine Ergebnisse.&lt;br&gt;&lt;br&gt;&lt;a href=&apos;standard&apos;&gt;Standardausgaben hinzufügen&lt;/a&gt; – Temperatur und Feuchte aller Zellen, die Feuchte in der Konstruktion, an jeder Grenzfläche Zustand und Ströme</translation>
+    </message>
+    <message>
+        <source>The project has all standard outputs already.</source>
+        <translation>Das Projekt hat schon alle Standardausgaben.</translation>
+    </message>
+    <message>
+        <source>Assign standard outputs</source>
+        <translation>Standardausgaben zuweisen</translation>
+    </message>
+    <message>
+        <source>Hourly</source>
+        <translation>Stündlich</translation>
+    </message>
+    <message>
+        <source>New output &apos;%1&apos;</source>
+        <translation>Neue Ausgabe „%1“</translation>
+    </message>
+    <message>
+        <source>Add schedule</source>
+        <translation>Zeitplan hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add output</source>
+        <translation>Ausgabe hinzufügen</translation>
+    </message>
+    <message>
+        <source>Assign output</source>
+        <translation>Ausgabe zuweisen</translation>
+    </message>
+    <message>
+        <source>Edit output &apos;%1&apos;</source>
+        <translation>Ausgabe „%1“ bearbeiten</translation>
+    </message>
+    <message>
+        <source>Edit output</source>
+        <translation>Ausgabe bearbeiten</translation>
+    </message>
+    <message>
+        <source>Duplicate output</source>
+        <translation>Ausgabe duplizieren</translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove %n outputs</source>
+        <translation>
+            <numerusform>%n Ausgabe entfernen</numerusform>
+            <numerusform>%n Ausgaben entfernen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Take outputs off</source>
+        <translation>Ausgaben abnehmen</translation>
+    </message>
+    <message>
+        <source>New schedule</source>
+        <translation>Neuer Zeitplan</translation>
+    </message>
+    <message>
+        <source>Edit schedule</source>
+        <translation>Zeitplan bearbeiten</translation>
+    </message>
+    <message>
+        <source>The schedule &apos;%1&apos; is used by the output &apos;%2&apos;; give it another one first.</source>
+        <translation>Der Zeitplan „%1“ wird von der Ausgabe „%2“ benutzt; geben Sie ihr zuerst einen anderen.</translation>
+    </message>
+</context>
+<context>
     <name>HygPreferences</name>
     <message>
         <source>General</source>
@@ -4978,6 +5515,69 @@
     </message>
 </context>
 <context>
+    <name>HygScheduleDialog</name>
+    <message>
+        <source>Schedule of outputs</source>
+        <translation>Zeitplan für Ausgaben</translation>
+    </message>
+    <message>
+        <source>Name by which outputs refer to the schedule</source>
+        <translation>Name, unter dem Ausgaben auf den Zeitplan verweisen</translation>
+    </message>
+    <message>
+        <source>&amp;Name</source>
+        <translation>&amp;Name</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>Von</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>Bis</translation>
+    </message>
+    <message>
+        <source>Every</source>
+        <translation>Alle</translation>
+    </message>
+    <message>
+        <source>Add &amp;interval</source>
+        <translation>&amp;Zeitraum hinzufügen</translation>
+    </message>
+    <message>
+        <source>A further span of time with a step of its own, behind the others</source>
+        <translation>Ein weiterer Zeitraum mit eigener Schrittweite, hinter den anderen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Remove this interval</source>
+        <translation>Diesen Zeitraum entfernen</translation>
+    </message>
+    <message>
+        <source>Simulated time at which the interval begins; empty for 0</source>
+        <translation>Simulierte Zeit, zu der der Zeitraum beginnt; leer für 0</translation>
+    </message>
+    <message>
+        <source>Simulated time at which it ends; empty for the end of the simulation</source>
+        <translation>Simulierte Zeit, zu der er endet; leer für das Ende der Simulation</translation>
+    </message>
+    <message>
+        <source>Time between two values, usually 1 h to 1 d</source>
+        <translation>Zeit zwischen zwei Werten, gewöhnlich 1 h bis 1 d</translation>
+    </message>
+    <message>
+        <source>The schedule needs a name.</source>
+        <translation>Der Zeitplan braucht einen Namen.</translation>
+    </message>
+    <message>
+        <source>There is already a schedule with this name.</source>
+        <translation>Es gibt schon einen Zeitplan mit diesem Namen.</translation>
+    </message>
+</context>
+<context>
     <name>HygScreenLogView</name>
     <message>
         <source>Search (Enter: next)</source>
@@ -5427,6 +6027,45 @@
     <message>
         <source>Closes the window; the results stay</source>
         <translation>Schließt das Fenster; die Ergebnisse bleiben</translation>
+    </message>
+</context>
+<context>
+    <name>HygStandardOutputs</name>
+    <message>
+        <source>Temperature field</source>
+        <translation>Temperaturfeld</translation>
+    </message>
+    <message>
+        <source>Humidity field</source>
+        <translation>Feuchtefeld</translation>
+    </message>
+    <message>
+        <source>Moisture mass</source>
+        <translation>Feuchtemasse</translation>
+    </message>
+    <message>
+        <source>Surface temperature %1</source>
+        <translation>Oberflächentemperatur %1</translation>
+    </message>
+    <message>
+        <source>Surface humidity %1</source>
+        <translation>Oberflächenfeuchte %1</translation>
+    </message>
+    <message>
+        <source>Heat flux %1</source>
+        <translation>Wärmestrom %1</translation>
+    </message>
+    <message>
+        <source>Moisture flux %1</source>
+        <translation>Feuchtestrom %1</translation>
+    </message>
+    <message>
+        <source>Daily</source>
+        <translation>Täglich</translation>
+    </message>
+    <message>
+        <source>Hourly</source>
+        <translation>Stündlich</translation>
     </message>
 </context>
 <context>

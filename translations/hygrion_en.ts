@@ -111,6 +111,26 @@
     </message>
 </context>
 <context>
+    <name>HygOutputPlaces</name>
+    <message numerus="yes">
+        <source>%n places in the drawing</source>
+        <translation>
+            <numerusform>%n place in the drawing</numerusform>
+            <numerusform>%n places in the drawing</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>HygOutputsView</name>
+    <message numerus="yes">
+        <source>Remove %n outputs</source>
+        <translation>
+            <numerusform>Remove %n output</numerusform>
+            <numerusform>Remove %n outputs</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>HygRunLive</name>
     <message numerus="yes">
         <source>%n files</source>

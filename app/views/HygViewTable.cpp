@@ -2,6 +2,7 @@
 
 #include "construction/HygConstructionView.h"
 #include "materials/HygMaterialView.h"
+#include "outputs/HygOutputsView.h"
 #include "results/HygResultsView.h"
 #include "simulation/HygSimulationView.h"
 
@@ -22,7 +23,7 @@ constexpr Row ROWS[] = {
     {Start,        "start",         QT_TRANSLATE_NOOP("HygMainWindow", "Start"),        "projects",      false, nullptr},
     {Construction, "construction",  QT_TRANSLATE_NOOP("HygMainWindow", "Construction"), "construction",  true,  make<HygConstructionView>},
     {Conditions,   "conditions",    QT_TRANSLATE_NOOP("HygMainWindow", "Conditions"),   "conditions",    true,  nullptr},
-    {Outputs,      "outputs",       QT_TRANSLATE_NOOP("HygMainWindow", "Outputs"),      "outputs",       true,  nullptr},
+    {Outputs,      "outputs",       QT_TRANSLATE_NOOP("HygMainWindow", "Outputs"),      "outputs",       true,  make<HygOutputsView>},
     {Materials,    "materials",     QT_TRANSLATE_NOOP("HygMainWindow", "Materials"),    "materials",     false, make<HygMaterialView>},
     {Climate,      "climate",       QT_TRANSLATE_NOOP("HygMainWindow", "Climate"),      "climate",       false, nullptr},
     {Simulation,   "simulation",    QT_TRANSLATE_NOOP("HygMainWindow", "Simulation"),   "simulation",    true,  make<HygSimulationView>},
