@@ -1,6 +1,7 @@
 // pictures DIRECTORY [PART]: draws the pictures of the documentation, each in English and German, light and dark; of the
-// part "materials", "project", "construction" or "simulation" alone, if one is named.
+// part "materials", "project", "construction", "outputs" or "simulation" alone, if one is named.
 #include "ConstructionPictures.h"
+#include "OutputPictures.h"
 #include "MaterialPictures.h"
 #include "ProjectPictures.h"
 #include "SimulationPictures.h"
@@ -125,6 +126,8 @@ void draw(const QString & target, const QString & part, const QString & home, la
         drawProjectPictures(window, projectPath(home, 0, language), target, suffix);
     if (isWanted("construction"))
         drawConstructionPictures(target, suffix);
+    if (isWanted("outputs"))
+        drawOutputPictures(target, suffix);
     if (isWanted("simulation"))
         drawSimulationPictures(target, suffix);
     KOR::MessageHandlerRegistry::instance().setMessageHandler(nullptr);

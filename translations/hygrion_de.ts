@@ -4033,7 +4033,7 @@
     </message>
     <message>
         <source>Temperature and humidity of all cells, the moisture in the construction, and the state and fluxes at each interface</source>
-        <translation>Temperatur und Feuchte aller Zellen, die Feuchte in der Konstruktion und an jeder Grenzfläche Zustand und Ströme</translation>
+        <translation>Temperatur und Feuchte aller Zellen, die Feuchte in der Konstruktion und an jeder Oberfläche Zustand und Ströme</translation>
     </message>
     <message>
         <source>New output ...</source>
@@ -4101,7 +4101,7 @@
     </message>
     <message>
         <source>The project has no outputs yet: a simulation would leave no results.&lt;br&gt;&lt;br&gt;&lt;a href=&apos;standard&apos;&gt;Add standard outputs&lt;/a&gt; – temperature and humidity of all cells, the moisture in the construction, the state and fluxes at each interface</source>
-        <translation>Das Projekt hat noch keine Ausgaben: eine Simulation hinterließe keine Ergebnisse.&lt;br&gt;&lt;br&gt;&lt;a href=&apos;standard&apos;&gt;Standardausgaben hinzufügen&lt;/a&gt; – Temperatur und Feuchte aller Zellen, die Feuchte in der Konstruktion, an jeder Grenzfläche Zustand und Ströme</translation>
+        <translation>Das Projekt hat noch keine Ausgaben: eine Simulation hinterließe keine Ergebnisse.&lt;br&gt;&lt;br&gt;&lt;a href=&apos;standard&apos;&gt;Standardausgaben hinzufügen&lt;/a&gt; – Temperatur und Feuchte aller Zellen, die Feuchte in der Konstruktion, an jeder Oberfläche Zustand und Ströme</translation>
     </message>
     <message>
         <source>The project has all standard outputs already.</source>

@@ -221,7 +221,10 @@ void HygOutputsView::updateActions() {
 }
 
 int HygOutputsView::currentOutput() const {
-    return m_table->selectionModel()->hasSelection() ? m_table->currentIndex().row() : -1;
+    const QModelIndexList rows = m_table->selectionModel()->selectedRows();
+    return rows.isEmpty()                                              ? -1
+           : rows.contains(m_table->currentIndex().siblingAtColumn(0)) ? m_table->currentIndex().row()
+                                                                       : rows.front().row();
 }
 
 int HygOutputsView::currentSchedule() const {
