@@ -25,7 +25,7 @@ void save(QWidget & widget, const QString & path) {
 void drawOutputPictures(const QString & target, const QString & suffix) {
     HygProjectHandler projects;
     HygOutputsView view(&projects);
-    view.resize(1200, 420);
+    view.resize(1200, 460);
     view.show();
     projects.openProject(QStringLiteral(HYG_SOURCE_DIR "/examples/Brick wall.h6p"));
     view.findChild<QTableView *>(QStringLiteral("outputTable"))->selectRow(3);

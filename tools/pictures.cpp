@@ -1,8 +1,8 @@
 // pictures DIRECTORY [PART]: draws the pictures of the documentation, each in English and German, light and dark; of the
 // part "materials", "project", "construction", "outputs" or "simulation" alone, if one is named.
 #include "ConstructionPictures.h"
-#include "OutputPictures.h"
 #include "MaterialPictures.h"
+#include "OutputPictures.h"
 #include "ProjectPictures.h"
 #include "SimulationPictures.h"
 

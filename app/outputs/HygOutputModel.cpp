@@ -64,9 +64,8 @@ QVariant HygOutputModel::data(const QModelIndex & index, int role) const {
         return HygOutputTexts::timeType(file.m_timeType);
     case ScheduleColumn:
         for (const HYGRION::OutputGrid & grid : outputs.m_outputGrids)
-            if (grid.m_name == file.m_outputGrid)
-                return QStringLiteral("%1 (%2)").arg(QString::fromStdString(grid.m_name),
-                                                     HygOutputTexts::schedule(grid));
+            if (grid.m_name == file.m_outputGrid && role == Qt::ToolTipRole)
+                return HygOutputTexts::schedule(grid);
         return QString::fromStdString(file.m_outputGrid);
     case NUM_COLUMNS:
         break;

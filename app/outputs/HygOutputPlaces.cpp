@@ -58,8 +58,8 @@ std::vector<HygOutputPlaces::Place> HygOutputPlaces::offered(const Project & pro
         Place * place = nullptr;
         if (assignment.m_type == type_t::Interface && assignment.isOnSide()) {
             place = &surfaces[{assignment.m_reference, assignment.m_location}];
-            place->text = Text::tr("surface %1 (%2)")
-                              .arg(name, HygConstructionScene::locationName(assignment.m_location).toLower());
+            place->text =
+                Text::tr("surface %1 (%2)").arg(name, HygConstructionScene::locationName(assignment.m_location));
             place->isOnSide = true;
         } else if (assignment.m_type == type_t::Material && assignment.m_location == location_t::Element) {
             place = &materials[assignment.m_reference];

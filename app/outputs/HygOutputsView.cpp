@@ -117,7 +117,7 @@ HygOutputsView::HygOutputsView(HygProjectHandler * projects, QWidget * parent)
     m_empty->setAlignment(Qt::AlignCenter);
     m_empty->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     m_schedules->setObjectName(QStringLiteral("outputSchedules"));
-    m_schedules->setMaximumHeight(fontMetrics().height() * 8);
+    m_schedules->setMaximumHeight(fontMetrics().height() * 5);
     m_scheduleTitle->setBuddy(m_schedules);
 
     auto * layout = new QVBoxLayout(this);
