@@ -222,6 +222,9 @@ TEST_F(OutputsViewTest, WhatCannotBeIsRefusedWithTheReason) {
     trigger("removeSchedule"); // in use
     EXPECT_EQ(outputs(), before);
     EXPECT_EQ(m_projects.undoStack().count(), 0);
+    emit m_projects.definitionRequested(static_cast<int>(HYGRION::definition_t::OutputFile), "Inner heat flux");
+    EXPECT_EQ(m_view.findChild<QTableView *>("outputTable")->currentIndex().data().toString().toStdString(),
+              "Inner heat flux");
 }
 
 TEST_F(OutputsViewTest, StandardOutputsFillAProjectWithoutAny) {
