@@ -4024,6 +4024,22 @@
         <source>for %1</source>
         <translation>für %1</translation>
     </message>
+    <message>
+        <source>Return temperature of a pipe</source>
+        <translation>Rücklauftemperatur eines Rohrs</translation>
+    </message>
+    <message>
+        <source>Heat that a pipe gives</source>
+        <translation>Wärme, die ein Rohr abgibt</translation>
+    </message>
+    <message>
+        <source>Inlet temperature of a pipe</source>
+        <translation>Vorlauftemperatur eines Rohrs</translation>
+    </message>
+    <message>
+        <source>Heat transfer coefficient of a pipe</source>
+        <translation>Wärmeübergangskoeffizient eines Rohrs</translation>
+    </message>
 </context>
 <context>
     <name>HygOutputsView</name>

@@ -64,6 +64,10 @@ constexpr QuantityRow QUANTITIES[] = {
     {"AirTemperature",                     QT_TRANSLATE_NOOP("HygOutputTexts", "Air temperature before the surface")},
     {"AirVaporPressure",                   QT_TRANSLATE_NOOP("HygOutputTexts", "Vapour pressure of the air before the surface")},
     {"AirRelativeHumidity",                QT_TRANSLATE_NOOP("HygOutputTexts", "Relative humidity of the air before the surface")},
+    {"PipeCollectorTr",                    QT_TRANSLATE_NOOP("HygOutputTexts", "Return temperature of a pipe")},
+    {"PipeCollectorQdot",                  QT_TRANSLATE_NOOP("HygOutputTexts", "Heat that a pipe gives")},
+    {"PipeCollectorT0",                    QT_TRANSLATE_NOOP("HygOutputTexts", "Inlet temperature of a pipe")},
+    {"PipeCollectorHP",                    QT_TRANSLATE_NOOP("HygOutputTexts", "Heat transfer coefficient of a pipe")},
     {"LayerMoistureMass",                  QT_TRANSLATE_NOOP("HygOutputTexts", "Moisture mass of each block")},
     {"LayerEnergy",                        QT_TRANSLATE_NOOP("HygOutputTexts", "Energy of each block")},
 };

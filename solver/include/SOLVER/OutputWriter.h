@@ -35,6 +35,12 @@ public:
     static void checkPlace(const HYGRION::OutputFile & definition, const HYGRION::Assignment & assignment);
     /// \param endTime of the simulation [s]
     static void checkGrid(const HYGRION::OutputGrid & definition, double endTime);
+    struct Units {
+        KOR::Unit base;    ///< of the values as they are calculated; "---" for an integral that has no name
+        KOR::Unit written; ///< which the definition asks for, else the quantity's own
+    };
+    /// Throws as the constructor does when the definition's unit does not fit.
+    static Units unitsOf(const HYGRION::OutputFile & definition, const OutputQuantity & quantity);
 
     /// Creates the geometry file and all result files, or goes on behind the last record not after \p resumeAt [s].
     void open(std::optional<double> resumeAt);
@@ -100,10 +106,6 @@ private:
     };
 
     void resolve(File & file);
-    struct Units {
-        KOR::Unit base, written;
-    };
-    static Units unitsOf(const HYGRION::OutputFile & definition, const OutputQuantity & quantity);
     void addElements(File & file, const HYGRION::Assignment & assignment, std::size_t block);
     void addSides(File & file, const HYGRION::Assignment & assignment);
     void addPoint(File & file, const HYGRION::Assignment & assignment);
