@@ -10,6 +10,7 @@
 namespace {
 constexpr int ICON = 28;
 constexpr int MARGIN = 9;
+constexpr int MIN_MARGIN = 2;
 constexpr int GAP = 4;
 constexpr int MIN_WIDTH = 84;
 constexpr int REST_MS = 500;
@@ -18,7 +19,7 @@ constexpr int REST_MS = 500;
 HygNavigationButton::HygNavigationButton(const QString & iconName, QWidget * parent) : QAbstractButton(parent) {
     setIcon(HygIconEngine::icon(iconName));
     setFocusPolicy(Qt::StrongFocus);
-    setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
+    setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Maximum); // gives way in low windows
     setAcceptDrops(true);
 }
 
@@ -36,6 +37,10 @@ QFont HygNavigationButton::labelFont() const {
 QSize HygNavigationButton::sizeHint() const {
     const QFontMetrics metrics(labelFont());
     return {std::max(MIN_WIDTH, metrics.horizontalAdvance(text()) + 16), 2 * MARGIN + ICON + GAP + metrics.height()};
+}
+
+QSize HygNavigationButton::minimumSizeHint() const {
+    return sizeHint() - QSize(0, 2 * (MARGIN - MIN_MARGIN));
 }
 
 void HygNavigationButton::paintEvent(QPaintEvent *) {
@@ -62,7 +67,8 @@ void HygNavigationButton::paintEvent(QPaintEvent *) {
         painter.drawRoundedRect(frame.adjusted(0.75, 0.75, -0.75, -0.75), 7, 7);
     }
 
-    const QRect iconRect((width() - ICON) / 2, MARGIN, ICON, ICON);
+    const int margin = std::clamp((height() - sizeHint().height()) / 2 + MARGIN, MIN_MARGIN, MARGIN);
+    const QRect iconRect((width() - ICON) / 2, margin, ICON, ICON);
     icon().paint(&painter, iconRect, Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);
     painter.setFont(labelFont());
     painter.setPen(palette().color(QPalette::WindowText));

@@ -14,6 +14,7 @@ public:
     void setBadge(int number);
 
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
