@@ -15,7 +15,6 @@ public:
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
-    QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
     void paintEvent(QPaintEvent * event) override;
