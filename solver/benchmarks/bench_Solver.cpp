@@ -313,38 +313,49 @@ BENCHMARK(corner)
     ->Args({100, 3})
     ->Args({200, 3});
 
-/// Steady heat through a plate of many cells with a bridge in it.
+/// Steady heat through a plate or a block of many cells with a metal bridge in it.
 void steadyHeat(benchmark::State & counters) {
     const auto n = static_cast<std::uint32_t>(counters.range(0));
+    const std::uint32_t depth = counters.range(1) == 3 ? n : 1;
     const double h = 1.0 / n;
+    const double d = depth > 1 ? h : 1;
     ModelInput input;
     input.module = module_t::heat;
     input.materials.emplace_back(conductor(0.04));
     input.materials.emplace_back(conductor(50));
-    for (std::uint32_t j = 0; j < n; ++j)
-        for (std::uint32_t i = 0; i < n; ++i) {
-            const std::uint32_t cell = i + n * j;
-            input.cells.push_back({h * h, i > n / 2 && i < n / 2 + n / 20 ? 1u : 0u, 283, 1e7});
-            if (i > 0)
-                input.faces.push_back({cell - 1, cell, h, h / 2, h / 2, 0, {}, 0});
-            if (j > 0)
-                input.faces.push_back({cell - n, cell, h, h / 2, h / 2, 0, {}, 1});
-            if (j == 0 || j == n - 1)
-                input.surfaces.push_back({cell, h, h / 2, 1});
-        }
-    input.climate = [](double, ModelInput::Loads loads) {
+    std::vector<bool> isOutside;
+    for (std::uint32_t k = 0; k < depth; ++k)
+        for (std::uint32_t j = 0; j < n; ++j)
+            for (std::uint32_t i = 0; i < n; ++i) {
+                const std::uint32_t cell = i + n * (j + n * k);
+                const bool isBridge = i >= n / 2 && i <= n / 2 + n / 20 && k <= depth / 2;
+                input.cells.push_back({h * h * d, isBridge ? 1u : 0u, 283, 1e7});
+                if (i > 0)
+                    input.faces.push_back({cell - 1, cell, h * d, h / 2, h / 2, 0, {}, 0});
+                if (j > 0)
+                    input.faces.push_back({cell - n, cell, h * d, h / 2, h / 2, 0, {}, 1});
+                if (k > 0)
+                    input.faces.push_back({cell - n * n, cell, h * h, h / 2, h / 2, 0, {}, 2});
+                if (j == 0 || j == n - 1) {
+                    input.surfaces.push_back({cell, h * d, h / 2, 1});
+                    isOutside.push_back(j == 0);
+                }
+            }
+    input.climate = [&isOutside](double, ModelInput::Loads loads) {
         for (std::size_t s = 0; s < loads.surfaces.size(); ++s) {
-            loads.surfaces[s].heatTransfer = s < loads.surfaces.size() / 2 ? 25 : 8;
-            loads.surfaces[s].airTemperature = s < loads.surfaces.size() / 2 ? 263.15 : 293.15;
+            loads.surfaces[s].heatTransfer = isOutside[s] ? 25 : 8;
+            loads.surfaces[s].airTemperature = isOutside[s] ? 263.15 : 293.15;
         }
     };
     calculate(counters, input, {}, 1e10);
 }
 BENCHMARK(steadyHeat)
-    ->Name("SteadyHeat/target_10s_for_316x316")
+    ->Name("SteadyHeat/target_10s_for_100000_cells")
     ->Unit(benchmark::kMillisecond)
     ->Iterations(1)
-    ->Arg(100)
-    ->Arg(316);
+    ->Args({100, 2})
+    ->Args({316, 2})
+    ->Args({22, 3})
+    ->Args({46, 3});
 
 } // namespace

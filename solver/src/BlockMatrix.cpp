@@ -1,12 +1,19 @@
 #include "BlockMatrix.h"
 
 #include "Colouring.h"
+#include "SmallBlocks.h"
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
 
 namespace SOLVER {
+
+namespace {
+/// By how much temperatures are shifted for differences, at least [K]. Fluxes are nearly linear in them, and where a good
+/// conductor meets a long step, round-off of smaller shifts would be felt in what the conductor's cells have in common.
+constexpr double HEAT_SHIFT = 1e-3;
+} // namespace
 
 BlockMatrix::BlockMatrix(const std::vector<std::vector<std::uint32_t>> & neighbours, std::size_t blockSize)
     : m_blockSize(blockSize) {
@@ -90,7 +97,8 @@ void ExchangeRows::addProduct(double factor, std::span<const double> unknowns, s
 }
 
 JacobianBuilder::JacobianBuilder(Model & model)
-    : m_model(model), m_scales(model.scales()), m_colours(colourCells(model.neighbours())),
+    : m_model(model), m_scales(model.scales()), m_potentials(model.size()),
+      m_capacities(model.size() * model.unknowns()), m_colours(colourCells(model.neighbours())),
       m_colourOf(model.cellCount()), m_shifted(model.size()), m_difference(model.size()) {
     for (std::uint32_t k = 0; k < m_colours.size(); ++k)
         for (const std::uint32_t c : m_colours[k])
@@ -104,6 +112,9 @@ bool JacobianBuilder::build(double time, std::span<const double> state, std::spa
     std::copy(state.begin(), state.end(), m_shifted.begin());
     if (!m_model.rightHandSide(time, m_shifted, m_difference)) // for the rates of exchange at this state
         return false;
+    for (std::size_t c = 0; c < m_model.cellCount(); ++c)
+        for (std::size_t u = 0; u < unknowns; ++u)
+            m_potentials[unknowns * c + u] = potential(c, u);
     m_rates.resize(exchange.count());
     for (std::size_t i = 0; i < exchange.count(); ++i)
         m_rates[i] = exchange.rate(m_model, i);
@@ -112,7 +123,8 @@ bool JacobianBuilder::build(double time, std::span<const double> state, std::spa
             const std::vector<std::uint32_t> & cells = m_colours[k];
             for (const std::uint32_t c : cells) {
                 const std::size_t i = unknowns * c + u;
-                m_shifted[i] += root * std::max(std::fabs(state[i]), m_scales[i]);
+                const bool isHeat = u == 0 && m_model.input().module != module_t::moisture;
+                m_shifted[i] += std::max(root * std::fabs(state[i]), (isHeat ? HEAT_SHIFT : root) * m_scales[i]);
             }
             if (!m_model.rightHandSide(time, m_shifted, m_difference))
                 return false;
@@ -134,10 +146,34 @@ bool JacobianBuilder::build(double time, std::span<const double> state, std::spa
                         block[v * unknowns + u] =
                             (m_difference[unknowns * n + v] - derivative[unknowns * n + v]) * perShift;
                 }
+                for (std::size_t v = 0; v < unknowns; ++v)
+                    m_capacities[unknowns * (unknowns * c + v) + u] =
+                        (potential(c, v) - m_potentials[unknowns * c + v]) * perShift;
                 m_shifted[i] = state[i];
             }
         }
+    invertCapacities();
     return true;
+}
+
+double JacobianBuilder::potential(std::size_t cell, std::size_t which) const {
+    const Model::CellState & state = m_model.cellStates()[cell];
+    const bool isHeat = which == 0 && m_model.input().module != module_t::moisture;
+    return isHeat ? state.temperature : state.humidity;
+}
+
+/// What was found is how the potentials depend on the unknowns.
+void JacobianBuilder::invertCapacities() {
+    const std::size_t size = m_model.unknowns() * m_model.unknowns();
+    for (std::size_t c = 0; c < m_model.cellCount(); ++c) {
+        double * const block = m_capacities.data() + c * size;
+        if (!(size == 4 ? invert<2>(block)
+                        : invert<1>(block))) { // where something does not move, the unknowns themselves
+            std::fill(block, block + size, 0.0);
+            for (std::size_t u = 0; u < m_model.unknowns(); ++u)
+                block[u * (m_model.unknowns() + 1)] = m_scales[m_model.unknowns() * c + u];
+        }
+    }
 }
 
 } // namespace SOLVER

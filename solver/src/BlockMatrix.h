@@ -75,10 +75,16 @@ public:
                ExchangeRows & exchange);
     /// Right-hand sides that one build takes.
     std::size_t cost() const { return m_colours.size() * m_model.unknowns() + 1; }
+    /// At the last build, a block a cell, row by row: how its unknowns depend on its temperature and humidity; with one
+    /// unknown only on its own potential.
+    std::span<const double> capacities() const { return m_capacities; }
 
 private:
+    double potential(std::size_t cell, std::size_t which) const;
+    void invertCapacities();
+
     Model & m_model;
-    std::vector<double> m_scales;
+    std::vector<double> m_scales, m_potentials, m_capacities;
     std::vector<std::vector<std::uint32_t>> m_colours;
     std::vector<std::uint32_t> m_colourOf;
     std::vector<double> m_shifted, m_difference;

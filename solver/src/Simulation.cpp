@@ -24,6 +24,8 @@ constexpr const char * WHERE = "[Simulation::Simulation]";
 /// Layers are looked at with every output, and at least this often [s].
 constexpr double LONGEST_BLIND_TIME = 86400;
 constexpr std::size_t MAX_LIMITS = 5;
+/// Steps from one checkpoint to the next: starting anew costs about ten. Where it starts anew anyway, after a jump, fewer.
+constexpr long LONGEST_WAY = 500, SHORTEST_WAY = 100;
 
 /// What is kept of a layer; the order in restart files.
 enum layerValue_t { MIN_T, MAX_T, MIN_PHI, MAX_PHI, START_MASS, MAX_MASS, NUM_LAYER_VALUES };
@@ -78,6 +80,7 @@ Simulation::Simulation(Construction construction, const HYGRION::Project & proje
                         WHERE);
     }
     m_nextJump = time();
+    m_checkpoint = restartState();
 }
 
 void Simulation::start() {
@@ -124,10 +127,20 @@ void Simulation::resume(const RestartFile & restart) {
     m_limiting = restart.limiting;
     m_statisticsBefore = restart.statistics;
     m_wallTimeBefore = restart.wallTime;
-    m_lastObserved = restart.time;
+    m_lastObserved = restart.lastObserved;
     std::istringstream in(restart.outputs, std::ios::binary);
     m_outputs->load(in);
     m_outputs->open(restart.time);
+}
+
+/// Makes the integrator anew, as a run does that goes on from here.
+void Simulation::startAnew() {
+    m_isCheckpointDue = false;
+    m_stepsSinceCheckpoint = 0;
+    m_checkpoint = restartState();
+    m_exchangedBefore = m_checkpoint.exchanged;
+    m_statisticsBefore = m_checkpoint.statistics;
+    m_integrator = makeIntegrator(*m_model, m_construction.integrator, m_checkpoint.time, m_checkpoint.state);
 }
 
 // *** steps ***
@@ -137,6 +150,8 @@ bool Simulation::step(double limit) {
     limit = std::min(limit, m_construction.endTime);
     if (from >= limit)
         return false;
+    if (m_isCheckpointDue)
+        startAnew();
     if (m_construction.nextJump && m_nextJump <= from)
         m_nextJump = m_construction.nextJump(from);
     const bool hasJump = m_construction.nextJump && m_nextJump <= limit;
@@ -150,8 +165,10 @@ bool Simulation::step(double limit) {
     if (const std::size_t unknown = m_integrator->limitingUnknown(); unknown < m_model->size())
         ++m_limiting[unknown / m_model->unknowns()];
     doOutputs(from, to);
-    if (hasJump && to >= m_nextJump && to < m_construction.endTime &&
-        !(m_construction.isContinuousAt && m_construction.isContinuousAt(m_nextJump)))
+    const bool isJump = hasJump && to >= m_nextJump && to < m_construction.endTime &&
+                        !(m_construction.isContinuousAt && m_construction.isContinuousAt(m_nextJump));
+    m_isCheckpointDue = ++m_stepsSinceCheckpoint >= (isJump ? SHORTEST_WAY : LONGEST_WAY);
+    if (isJump && !m_isCheckpointDue)
         m_integrator->restart();
     return !isAtEnd();
 }
@@ -316,6 +333,7 @@ RestartFile Simulation::restartState() {
     file.limiting = m_limiting;
     file.statistics = statistics();
     file.wallTime = m_wallTimeBefore + 1e-9 * static_cast<double>(nanoseconds() - m_wallStart);
+    file.lastObserved = m_lastObserved;
     std::ostringstream out(std::ios::binary);
     m_outputs->save(out);
     file.outputs = out.str();

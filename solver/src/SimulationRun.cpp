@@ -13,6 +13,7 @@
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
+#include <limits>
 #include <system_error>
 
 namespace SOLVER {
@@ -129,7 +130,7 @@ public:
 
 private:
     exit_t loop() {
-        writeRestart();
+        writeCheckpoint();
         m_log.start(*m_simulation);
         const bool isPerOutput = m_options.restartPeriod <= 0;
         long outputs = m_simulation->outputCount();
@@ -147,7 +148,7 @@ private:
                                            : std::chrono::steady_clock::now() - m_lastRestart >=
                                                  std::chrono::duration<double>(m_options.restartPeriod);
             if (isDue)
-                writeRestart();
+                writeCheckpoint();
             outputs = m_simulation->outputCount();
         }
         m_log.stop();
@@ -161,10 +162,11 @@ private:
 
     exit_t interrupt() {
         m_log.stop();
-        writeRestart();
+        writeCheckpoint();
         const RunSummary summary = m_simulation->summary();
-        message(text("Interrupted at %1 d; option --restart goes on from here.",
-                     KOR::toString(m_simulation->time() / 86400, 8)),
+        message(text("Interrupted at %1 d; option --restart goes on from %2 d.",
+                     KOR::toString(m_simulation->time() / 86400, 8),
+                     KOR::toString(m_simulation->checkpoint().time / 86400, 8)),
                 KOR::MSG_PROGRESS, WHERE, 0);
         m_log.writeSummary(RunLog::status_t::INTERRUPTED, &summary, m_simulation->outputs().paths(), {});
         return exit_t::INTERRUPTED;
@@ -200,9 +202,18 @@ private:
         m_lastShown = std::chrono::steady_clock::now();
     }
 
-    void writeRestart() {
-        m_simulation->restartState().write(m_directory.restartFile());
+    /// The last state itself, at an end from which nobody goes on as if nothing had happened.
+    void writeRestart() { m_simulation->restartState().write(m_directory.restartFile()); }
+
+    /// From where a run goes on with the very results of this one.
+    void writeCheckpoint() {
         m_lastRestart = std::chrono::steady_clock::now();
+        const RestartFile & checkpoint = m_simulation->checkpoint();
+        if (checkpoint.time == m_writtenTime)
+            return;
+        m_simulation->flush();
+        checkpoint.write(m_directory.restartFile());
+        m_writtenTime = checkpoint.time;
     }
 
     const SolverOptions & m_options;
@@ -211,6 +222,7 @@ private:
     RunLog & m_log;
     const std::function<void(const Simulation &)> & m_observe;
     std::unique_ptr<Simulation> m_simulation;
+    double m_writtenTime = std::numeric_limits<double>::quiet_NaN(); ///< of the checkpoint in the file [s]
     std::chrono::steady_clock::time_point m_lastRestart, m_lastShown;
 };
 

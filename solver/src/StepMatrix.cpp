@@ -16,21 +16,11 @@ namespace {
 /// Up to this many unknowns a sparse direct solve beats the iterative ones (measured).
 constexpr std::size_t SPARSE_DIRECT_LIMIT = 2000;
 
-/// Directions in which cells have neighbours.
-int dimensions(const Model & model) {
-    std::array<bool, 3> has{};
-    for (const ModelInput::Face & face : model.input().faces)
-        has[static_cast<std::size_t>(face.direction)] = true;
-    return static_cast<int>(std::count(has.begin(), has.end(), true));
-}
-
 linearSolver_t chosen(linearSolver_t asked, const Model & model, bool isOneDimensional) {
     if (asked == linearSolver_t::automatic) {
         if (isOneDimensional)
             return linearSolver_t::blockTridiagonal;
-        // Heat goes for steady states, with long steps that incomplete factors know little about.
-        const bool isPlaneHeat = model.input().module == module_t::heat && dimensions(model) <= 2;
-        return isPlaneHeat || model.size() <= SPARSE_DIRECT_LIMIT ? linearSolver_t::sparse : linearSolver_t::gmres;
+        return model.size() <= SPARSE_DIRECT_LIMIT ? linearSolver_t::sparse : linearSolver_t::gmres;
     }
     if (asked == linearSolver_t::blockTridiagonal && !isOneDimensional)
         throw Exception("The block-tridiagonal solver is for one-dimensional constructions; choose another one.",
@@ -49,7 +39,7 @@ StepMatrix::StepMatrix(Model & model, const IntegratorSettings & settings, SUNCo
 }
 
 std::unique_ptr<Preconditioner> StepMatrix::makePreconditioner(const IntegratorSettings & settings,
-                                                               SUNContext context) const {
+                                                               SUNContext context) {
     const std::size_t width = halfBandWidth(m_jacobian);
     switch (m_kind) {
     case linearSolver_t::blockTridiagonal:
@@ -73,8 +63,17 @@ std::unique_ptr<Preconditioner> StepMatrix::makePreconditioner(const IntegratorS
     case preconditioner_t::noneWithJacobian:
         return nullptr;
     default:
-        return std::make_unique<BlockIlu>(m_jacobian);
+        break;
     }
+    // Heat goes for steady states, with long steps that incomplete factors alone know little about.
+    if (settings.preconditioner == preconditioner_t::ilu || m_model.input().module != module_t::heat)
+        return std::make_unique<BlockIlu>(m_jacobian);
+    std::vector<double> volumes;
+    for (const ModelInput::Cell & cell : m_model.input().cells)
+        volumes.push_back(cell.volume);
+    auto multilevel = std::make_unique<Multilevel>(m_jacobian, std::move(volumes));
+    m_multilevel = multilevel.get();
+    return multilevel;
 }
 
 bool StepMatrix::build(double time, std::span<const double> state, std::span<const double> derivative) {
@@ -82,6 +81,8 @@ bool StepMatrix::build(double time, std::span<const double> state, std::span<con
     const std::size_t size = m_model.size();
     if (!m_builder.build(time, state.first(size), derivative.first(size), m_jacobian, m_exchange))
         return false;
+    if (m_multilevel != nullptr)
+        m_multilevel->setJacobian(m_jacobian, m_builder.capacities());
     const std::size_t n = m_model.unknowns();
     std::vector<double> rates(m_model.cellCount(), 0.0);
     for (std::size_t c = 0; c < rates.size(); ++c)
@@ -95,6 +96,9 @@ bool StepMatrix::build(double time, std::span<const double> state, std::span<con
 
 double StepMatrix::residualShare(double gamma) const {
     constexpr double LEAST = 1e-3;
+    constexpr double LEAST_OF_LEVELS = 1e-2; // their errors are even
+    if (m_multilevel != nullptr)
+        return LEAST_OF_LEVELS;
     if (m_model.input().module == module_t::heat) // long steps to steady states, bridges of metal
         return LEAST;
     constexpr double HARMLESS = 200; // gamma times rate up to which incomplete factors are good (measured)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "BlockMatrix.h"
+#include "Multilevel.h"
 #include "Preconditioner.h"
 
 #include <SOLVER/Integrator.h>
@@ -47,7 +48,7 @@ public:
     std::size_t worstUnknown() const;
 
 private:
-    std::unique_ptr<Preconditioner> makePreconditioner(const IntegratorSettings & settings, SUNContext context) const;
+    std::unique_ptr<Preconditioner> makePreconditioner(const IntegratorSettings & settings, SUNContext context);
 
     Model & m_model;
     JacobianBuilder m_builder;
@@ -55,6 +56,7 @@ private:
     ExchangeRows m_exchange;
     linearSolver_t m_kind;
     bool m_usesJacobian = true;
+    Multilevel * m_multilevel = nullptr;              ///< the preconditioner if it is one
     std::unique_ptr<Preconditioner> m_preconditioner; ///< null for none
     double m_gamma = 0;                               ///< of the last factorisation
     long m_jacobianCount = 0;

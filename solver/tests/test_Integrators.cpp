@@ -207,6 +207,77 @@ TEST(AdiIntegrator, FollowsItsTolerance) {
     }
 }
 
+/// A plate or block of insulation with thin cells and a bridge of metal through it, from its start to where nothing changes.
+ModelInput bridge(const Extent & n) {
+    ModelInput input;
+    input.module = module_t::heat;
+    input.materials.emplace_back(conductor(0.03));
+    input.materials.emplace_back(conductor(230));
+    const auto width = [&n](std::uint32_t i, std::size_t axis) { return n[axis] > 1 && i == 1 ? 0.0005 : 0.02; };
+    for (std::uint32_t k = 0; k < n[2]; ++k)
+        for (std::uint32_t j = 0; j < n[1]; ++j)
+            for (std::uint32_t i = 0; i < n[0]; ++i) {
+                const auto cell = static_cast<std::uint32_t>(input.cells.size());
+                const Extent at{i, j, k};
+                const std::array w{width(i, 0), width(j, 1), width(k, 2)};
+                const double volume = w[0] * w[1] * w[2];
+                input.cells.push_back({volume, i == n[0] / 2 && j < n[1] - 2 ? 1u : 0u, 283, 1e7});
+                const Extent stride{1, n[0], n[0] * n[1]};
+                for (std::size_t d = 0; d < 3; ++d)
+                    if (at[d] > 0)
+                        input.faces.push_back({cell - stride[d],
+                                               cell,
+                                               volume / w[d],
+                                               width(at[d] - 1, d) / 2,
+                                               w[d] / 2,
+                                               0,
+                                               {},
+                                               static_cast<int>(d)});
+                if (j == 0 || j == n[1] - 1)
+                    input.surfaces.push_back({cell, volume / w[1], w[1] / 2, 1});
+            }
+    input.climate = [columns = n[0]](double, ModelInput::Loads loads) {
+        for (std::size_t s = 0; s < loads.surfaces.size(); ++s) {
+            const bool isOutside = s / columns % 2 == 0;
+            loads.surfaces[s].heatTransfer = isOutside ? 25 : 8;
+            loads.surfaces[s].airTemperature = isOutside ? 263.15 : 293.15;
+        }
+    };
+    return input;
+}
+
+/// Heat flows steadily through metal and insulation alike, whatever solves for it; on the way there every solve takes a few
+/// iterations, and no noise of the Jacobian holds the steps up.
+TEST(LinearSolvers, ReachTheSteadyStateOfABridge) {
+    for (const Extent & extent : {
+             Extent{50, 42, 1 },
+             Extent{14, 13, 12}
+    }) {
+        const ModelInput input = bridge(extent);
+        std::vector<double> found;
+        for (const linearSolver_t solver : {L::automatic, L::sparse}) {
+            Model model(input);
+            IntegratorSettings settings;
+            settings.linearSolver = solver;
+            CvodeIntegrator integrator(model, settings, 0, model.initialState());
+            integrator.advance(1e9);
+            const IntegratorStatistics s = integrator.statistics();
+            EXPECT_LT(s.steps, 320);
+            EXPECT_LT(s.linearIterations, 8 * s.nonlinearIterations);
+            EXPECT_LT(s.nonlinearFailures + s.errorTestFailures, 15);
+            std::vector<double> derivative(model.size());
+            ASSERT_TRUE(model.rightHandSide(1e9, integrator.state(), derivative));
+            double in = 0;
+            double out = 0;
+            for (const Exchange & exchange : model.exchangeRates())
+                (exchange.heat > 0 ? in : out) += exchange.heat;
+            EXPECT_NEAR(in, -out, 1e-5 * in);
+            found.push_back(in);
+        }
+        EXPECT_NEAR(found[0], found[1], 1e-5 * found[1]);
+    }
+}
+
 /// A ring of cells, as coupled surfaces make one, is no line: all of it is solved for.
 TEST(LinearSolvers, CloseRings) {
     std::vector<double> found;

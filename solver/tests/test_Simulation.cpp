@@ -13,6 +13,7 @@
 #include <unistd.h>
 
 #include <filesystem>
+#include <set>
 
 namespace {
 
@@ -327,6 +328,62 @@ TEST(Simulation, GoesOnFromARestartFileAsIfNothingHadHappened) {
     content[content.size() / 2] = static_cast<char>(content[content.size() / 2] ^ 1);
     KOR::writeFile(cut + "-restart", content);
     EXPECT_THAT(message([&] { RestartFile::read(cut + "-restart"); }), HasSubstr("checksum"));
+}
+
+/// From a checkpoint the same steps are taken: jumps or not, to the last bit.
+TEST(Simulation, GoesOnFromACheckpointToTheSameBits) {
+    Outputs outputs;
+    outputs.add("T", "Temperature", Space::Single, Time::None, Location::Element, range(0, 4), "K")
+        .add("mean", "TotalFluxHeat", Space::Mean, Time::Mean, Location::Left, range(0, 4))
+        .add("high", "Temperature", Space::Max, Time::Max, Location::Element, range(0, 4), "K");
+    struct Choice {
+        integrator_t integrator;
+        double tolerance; ///< small enough for some thousand steps
+    };
+    for (const auto & [integrator, tolerance] : {
+             Choice{integrator_t::automatic, 1e-6},
+             Choice{integrator_t::adi,       1e-4}
+    }) {
+        const auto construction = [integrator, tolerance] {
+            Construction c = wall(tolerance);
+            c.integrator.integrator = integrator;
+            c.input.climate = [ofAll = c.input.climate](double time, ModelInput::Loads loads) {
+                ofAll(time, loads);
+                loads.surfaces[1].airTemperature = 293.15 + 5 * std::sin(time / 100); // many steps
+            };
+            return c;
+        };
+        const std::string whole = scratch("bits-whole");
+        Simulation uninterrupted(construction(), outputs.project, whole);
+        uninterrupted.run(1e9);
+        const std::string cut = scratch("bits-cut");
+        std::set<double> checkpoints;
+        for (const double at : {0.1, 2.31, 3.3, 5.9}) {
+            fs::remove_all(cut);
+            const std::string path = cut + "-restart";
+            {
+                Simulation first(construction(), outputs.project, cut);
+                while (first.time() < at * HOUR)
+                    first.step();
+                first.flush();
+                first.checkpoint().write(path);
+            }
+            const RestartFile restart = RestartFile::read(path);
+            checkpoints.insert(restart.time);
+            Simulation second(construction(), outputs.project, cut, &restart);
+            second.run(1e9);
+            EXPECT_TRUE(std::ranges::equal(second.state(), uninterrupted.state())) << "after " << restart.time;
+            EXPECT_EQ(second.summary().energy.cameIn, uninterrupted.summary().energy.cameIn);
+            EXPECT_EQ(second.statistics().steps, uninterrupted.statistics().steps);
+            for (const char * name : {"T", "mean", "high"}) {
+                DATAIO::DataIO a = read(whole, name), b = read(cut, name);
+                ASSERT_EQ(a.timePoints(), b.timePoints()) << name;
+                for (std::size_t t = 0; t < a.timeCount(); ++t)
+                    EXPECT_EQ(a.data(t), b.data(t)) << name << ' ' << t << " after " << restart.time;
+            }
+        }
+        EXPECT_GT(checkpoints.size(), 1U) << static_cast<int>(integrator);
+    }
 }
 
 TEST(Simulation, SaysWhereAndWhyAStepFails) {

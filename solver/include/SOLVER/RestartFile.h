@@ -20,8 +20,9 @@ struct RestartFile {
     std::vector<double> layerStatistics; ///< see Simulation
     std::vector<std::uint64_t> limiting; ///< how often each cell limited a step
     IntegratorStatistics statistics;
-    double wallTime = 0; ///< [s]
-    std::string outputs; ///< see OutputWriter::save
+    double wallTime = 0;     ///< [s]
+    double lastObserved = 0; ///< when the layers were looked at [s]
+    std::string outputs;     ///< see OutputWriter::save
 
     /// Throws ("[RestartFile::write]") when the file cannot be written; an earlier one is whole then.
     void write(const std::string & path) const;

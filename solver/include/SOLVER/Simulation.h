@@ -96,6 +96,9 @@ public:
 
     /// What a restart needs; results are handed to the system first.
     RestartFile restartState();
+    /// The last state at which the integrator was made anew, as one that goes on from there makes it: a run that goes on
+    /// from it gives the very results of this one.
+    const RestartFile & checkpoint() const { return m_checkpoint; }
     /// The balances, layers and counters up to now.
     RunSummary summary();
 
@@ -109,6 +112,7 @@ private:
     void makeLayers();
     void start();
     void resume(const RestartFile & restart);
+    void startAnew();
     /// The model at a time and state, as outputs see it.
     Snapshot evaluate(double time, std::span<const double> state);
     Snapshot evaluateAt(double time);
@@ -124,6 +128,9 @@ private:
     std::uint32_t m_geometryHash = 0;
     double m_nextJump = 0;
     double m_lastObserved = 0; ///< [s]
+    RestartFile m_checkpoint;
+    long m_stepsSinceCheckpoint = 0;
+    bool m_isCheckpointDue = false;
     long m_outputCount = 0;
     std::vector<Layer> m_layers;
     std::vector<double> m_state, m_derivative; ///< for evaluate()
