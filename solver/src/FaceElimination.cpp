@@ -337,6 +337,13 @@ HalfCell::Flux solveSurface(const HalfCell & inside, const SurfaceLoad & load, d
 
 Model::FaceFlux eliminateContact(const HalfCell & a, const HalfCell & b, const Contact & contact,
                                  const Thermodynamics & thermodynamics, module_t module, FaceNodes * nodes) {
+    const std::optional<double> ofA = a.constantResistance();
+    const std::optional<double> ofB = b.constantResistance();
+    if (nodes == nullptr && ofA && ofB) {
+        Model::FaceFlux flux;
+        flux.conduction = (a.cell.temperature - b.cell.temperature) / (*ofA + contact.resistance.heat + *ofB);
+        return flux;
+    }
     return contact.resistance.isPerfect() ? perfectContact(a, b, thermodynamics, module, nodes)
                                           : resistiveContact(a, b, contact, thermodynamics, module, nodes);
 }
@@ -371,7 +378,8 @@ SurfaceState eliminateSurface(const HalfCell & inside, const SurfaceLoad & given
 
     state.temperature = node.temperature;
     state.suction = f.suction;
-    state.vaporPressure = f.vaporPressure;
+    state.vaporPressure =
+        module == module_t::heat ? node.humidity * saturationPressure(node.temperature) : f.vaporPressure;
     if (module != module_t::heat) {
         state.vaporFlux = -f.vapor;
         state.liquidFlux = -f.liquid;

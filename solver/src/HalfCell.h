@@ -4,6 +4,7 @@
 #include <SOLVER/Physics.h>
 
 #include <cmath>
+#include <optional>
 
 namespace SOLVER {
 
@@ -43,9 +44,12 @@ public:
     /// \param wayLength from the centre to the face [m] \param gravityHead suction that gravity adds on the way [Pa]
     /// \param openToLiquid share of the face through which liquid passes
     HalfCell(const MaterialTable & material, const Model::CellState & state, double wayLength, double gravityHead,
-             double openToLiquid = 1)
+             module_t module, double openToLiquid = 1)
         : cell(state), table(material), distance(wayLength), head(gravityHead), liquidShare(openToLiquid),
-          lambdaOfSuction(state.lambda), integrals(material.integrals(state.suction)) {
+          lambdaOfSuction(state.lambda), isDry(module == module_t::heat) {
+        if (isDry)
+            return;
+        integrals = table.integrals(cell.suction);
         if (table.hasLambdaByTemperature() || cell.ice > 0) {
             MaterialTable::Slopes unused{};
             lambdaOfSuction = table.fromSuction(cell.suction, unused).lambda;
@@ -62,7 +66,14 @@ public:
         double vaporPressureByT, vaporPressureByPhi;
     };
 
+    /// Where only heat is balanced, and does not depend on temperature: the resistance to heat [m2K/W].
+    std::optional<double> constantResistance() const {
+        return isDry && !table.hasLambdaByTemperature() ? std::optional(distance / cell.lambda) : std::nullopt;
+    }
+
     Flux flux(const FaceNode & node, const Thermodynamics & thermodynamics) const {
+        if (isDry)
+            return heatFlux(node.temperature);
         const double T = node.temperature;
         const double kelvin = thermodynamics.kelvin(T);
         const double suction = -kelvin * std::log(node.humidity);
@@ -126,12 +137,29 @@ public:
     const Model::CellState & cell;
 
 private:
+    /// Of heat alone: the content of the cell is that of the way to its face.
+    Flux heatFlux(double T) const {
+        double lambda = cell.lambda;
+        double lambdaByT = 0;
+        if (table.hasLambdaByTemperature()) {
+            double unused = 0;
+            lambda +=
+                (table.lambdaByTemperature(T, lambdaByT) - table.lambdaByTemperature(cell.temperature, unused)) / 2;
+        }
+        Flux f{};
+        f.suction = cell.suction;
+        f.conduction = lambda * (cell.temperature - T) / distance;
+        f.conductionByT = (lambdaByT / 2 * (cell.temperature - T) - lambda) / distance;
+        return f;
+    }
+
     const MaterialTable & table;
     double distance;
     double head;
     double liquidShare;
     double lambdaOfSuction; ///< of the cell, less what ice and temperature add to it [W/mK]
-    MaterialTable::Integrals integrals;
+    bool isDry;             ///< only heat is balanced
+    MaterialTable::Integrals integrals{};
 };
 
 } // namespace SOLVER

@@ -214,8 +214,8 @@ Model::FaceFlux Model::solveFace(const ModelInput::Face & face, FaceNodes * node
     const double distance = face.distanceA + face.distanceB;
     const ModelInput::Foil * const foil =
         face.contact.foil < 0 ? nullptr : &m_input.foils[static_cast<std::size_t>(face.contact.foil)];
-    return eliminateContact({tableOf(face.a), a, face.distanceA, head * face.distanceA / distance},
-                            {tableOf(face.b), b, face.distanceB, -head * face.distanceB / distance},
+    return eliminateContact({tableOf(face.a), a, face.distanceA, head * face.distanceA / distance, m_input.module},
+                            {tableOf(face.b), b, face.distanceB, -head * face.distanceB / distance, m_input.module},
                             {face.contact, foil}, {m_input.useReferenceTemperature}, m_input.module, nodes);
 }
 
@@ -248,11 +248,11 @@ void Model::evaluateSurfaces() {
     for (std::size_t s = 0; s < m_surfaceStates.size(); ++s) {
         const ModelInput::Surface & surface = m_input.surfaces[s];
         const MaterialTable & table = m_input.materials[m_input.cells[surface.cell].material];
-        m_surfaceStates[s] =
-            eliminateSurface({table.along(materialDirection(surface.cell, surface.direction)),
-                              along(surface.cell, surface.direction, buffer), surface.distance,
-                              m_input.useGravity ? RHO_WATER * GRAVITY * surface.rise : 0, m_loads[s].openToLiquid},
-                             m_loads[s], thermodynamics, m_input.module);
+        m_surfaceStates[s] = eliminateSurface({table.along(materialDirection(surface.cell, surface.direction)),
+                                               along(surface.cell, surface.direction, buffer), surface.distance,
+                                               m_input.useGravity ? RHO_WATER * GRAVITY * surface.rise : 0,
+                                               m_input.module, m_loads[s].openToLiquid},
+                                              m_loads[s], thermodynamics, m_input.module);
     }
 }
 

@@ -1,252 +1,304 @@
 #include "Multilevel.h"
 
-#include "SmallBlocks.h"
-
-#include <SOLVER/Physics.h>
-
 #include <algorithm>
 #include <cmath>
+#include <queue>
 
 namespace SOLVER {
 
 namespace {
 
-constexpr std::uint32_t NONE = ~0u;
+constexpr std::size_t SMALL = 60; ///< cells of a level that is solved directly
 constexpr std::size_t MAX_LEVELS = 30;
-constexpr int PAIRINGS = 2;    ///< aggregates of up to four cells
-constexpr int CYCLES = 2;      ///< visits of the next level: W cycles
-constexpr double STRONG = 0.1; ///< couplings along which cells join, in parts of a cell's strongest
-/// Constant on aggregates, errors are stiffer on the coarse level than they are; by this much their couplings are weakened
-/// (Braess, Computing 55 (1995) 379, sec. 4).
-constexpr double STIFFENING = 1.8;
-/// Balances of water are weighed by its heat of evaporation, which makes them comparable to those of heat.
-constexpr double WATER_WEIGHT = H_EVAPORATION;
-
-/// How strongly two cells are coupled, relative to what the first holds to.
-double coupling(const BlockMatrix & matrix, std::size_t row, std::size_t entry) {
-    const std::size_t b = matrix.blockSize();
-    const double * const own = matrix.block(matrix.diagonal(row));
-    const double * const other = matrix.block(entry);
-    double sum = 0;
-    for (std::size_t i = 0; i < b; ++i)
-        sum += std::fabs(other[i * (b + 1)]) / (std::fabs(own[i * (b + 1)]) + 1e-300);
-    return sum;
-}
-
-/// Joins each cell with the neighbour to which it is coupled most. \return of each cell its pair
-std::vector<std::uint32_t> pairUp(const BlockMatrix & matrix, std::size_t & count) {
-    std::vector<std::uint32_t> pair(matrix.rows(), NONE);
-    count = 0;
-    for (std::size_t r = 0; r < matrix.rows(); ++r) {
-        if (pair[r] != NONE)
-            continue;
-        std::size_t best = NONE;
-        double most = 0;
-        double strongest = 0;
-        for (std::size_t e = matrix.rowStart(r); e < matrix.rowStart(r + 1); ++e) {
-            const std::uint32_t c = matrix.column(e);
-            if (c == r)
-                continue;
-            const double strength = coupling(matrix, r, e);
-            strongest = std::max(strongest, strength);
-            if (pair[c] == NONE && strength > most) {
-                most = strength;
-                best = c;
-            }
-        }
-        pair[r] = static_cast<std::uint32_t>(count);
-        if (best != NONE && most >= STRONG * strongest)
-            pair[best] = static_cast<std::uint32_t>(count);
-        ++count;
-    }
-    return pair;
-}
-
-/// The pattern of the pairs' couplings.
-BlockMatrix coarsePattern(const BlockMatrix & matrix, const std::vector<std::uint32_t> & aggregate, std::size_t count) {
-    std::vector<std::vector<std::uint32_t>> neighbours(count);
-    for (std::size_t r = 0; r < matrix.rows(); ++r)
-        for (std::size_t e = matrix.rowStart(r); e < matrix.rowStart(r + 1); ++e)
-            neighbours[aggregate[r]].push_back(aggregate[matrix.column(e)]);
-    for (std::vector<std::uint32_t> & list : neighbours) {
-        std::sort(list.begin(), list.end());
-        list.erase(std::unique(list.begin(), list.end()), list.end());
-    }
-    return {neighbours, matrix.blockSize()};
-}
-
-std::vector<std::uint32_t> entryTargets(const BlockMatrix & matrix, const std::vector<std::uint32_t> & aggregate,
-                                        const BlockMatrix & coarse) {
-    std::vector<std::uint32_t> target(matrix.entryCount());
-    for (std::size_t r = 0; r < matrix.rows(); ++r)
-        for (std::size_t e = matrix.rowStart(r); e < matrix.rowStart(r + 1); ++e)
-            target[e] = static_cast<std::uint32_t>(coarse.find(aggregate[r], aggregate[matrix.column(e)]));
-    return target;
-}
-
-void addEntries(const BlockMatrix & fine, const std::vector<std::uint32_t> & target, BlockMatrix & coarse) {
-    const std::size_t size = fine.blockSize() * fine.blockSize();
-    std::fill(coarse.block(0), coarse.block(0) + coarse.entryCount() * size, 0.0);
-    for (std::size_t e = 0; e < fine.entryCount(); ++e) {
-        double * const to = coarse.block(target[e]);
-        const double * const from = fine.block(e);
-        for (std::size_t i = 0; i < size; ++i)
-            to[i] += from[i];
-    }
-}
+constexpr double ALIKE = 0.01;    ///< change of a Jacobian, in parts of its diagonal, for which the levels are kept
+constexpr double STRONG = 0.25;   ///< conductances that count, in parts of a cell's largest one
+constexpr double TRUNCATED = 0.2; ///< weights that are left out, in parts of the largest one
 
 } // namespace
 
-Multilevel::Level::Level(const BlockMatrix & pattern) : matrix(pattern), smoother(pattern) {
-    const std::size_t size = pattern.rows() * pattern.blockSize();
-    for (std::vector<double> * v : {&right, &sum, &residual})
-        v->resize(size);
-}
-
-Multilevel::Multilevel(const BlockMatrix & pattern, std::vector<double> volumes)
-    : m_blockSize(pattern.blockSize()), m_volumes(std::move(volumes)) {
-    m_levels.emplace_back(pattern);
+void Multilevel::Level::resizeVectors() {
+    for (std::vector<double> * v : {&inverse, &right, &sum})
+        v->assign(rows(), 0.0);
 }
 
 void Multilevel::setJacobian(const BlockMatrix & jacobian, std::span<const double> capacities) {
     m_capacities.assign(capacities.begin(), capacities.end());
-    // The couplings alone, as for an endless step: then aggregates hold for every step size.
-    constexpr double LONG_STEP = 1e12;
-    scaleFine(jacobian, LONG_STEP);
-    makeLevels();
+    if (m_levels.empty() || !takeOver(jacobian))
+        makeLevels(jacobian);
 }
 
-/// The matrix of the first level: V (I - gamma J) C.
-void Multilevel::scaleFine(const BlockMatrix & jacobian, double gamma) {
-    BlockMatrix & fine = m_levels.front().matrix;
-    const std::size_t b = m_blockSize;
-    for (std::size_t r = 0; r < fine.rows(); ++r)
-        for (std::size_t e = fine.rowStart(r); e < fine.rowStart(r + 1); ++e) {
-            const double * const from = jacobian.block(e);
-            const double * const capacity = m_capacities.data() + fine.column(e) * b * b;
-            double * const to = fine.block(e);
-            for (std::size_t i = 0; i < b; ++i) {
-                const double weight = m_volumes[r] * (i == 1 ? WATER_WEIGHT : 1.0);
-                for (std::size_t j = 0; j < b; ++j) {
-                    double value = 0;
-                    for (std::size_t k = 0; k < b; ++k)
-                        value += ((fine.column(e) == r && i == k ? 1.0 : 0.0) - gamma * from[i * b + k]) *
-                                 capacity[k * b + j];
-                    to[i * b + j] = weight * value;
-                }
-            }
+/// Whether the levels that there are fit a Jacobian whose first level becomes that of them: heat is nearly linear, and most
+/// Jacobians are as the one before.
+bool Multilevel::takeOver(const BlockMatrix & jacobian) {
+    Level & fine = m_levels.front();
+    bool fits = true;
+    for (std::size_t r = 0; r < fine.rows(); ++r) {
+        const double before = fine.conductance[fine.diagonal[r]];
+        for (std::size_t e = fine.start[r]; e < fine.start[r + 1]; ++e) {
+            const double conductance = -m_volumes[r] * *jacobian.block(e) * m_capacities[fine.column[e]];
+            fits = fits && std::fabs(conductance - fine.conductance[e]) <= ALIKE * before;
+            fine.conductance[e] = conductance;
         }
+        const double capacity = m_volumes[r] * m_capacities[r];
+        fits = fits && std::fabs(capacity - fine.capacity[fine.diagonal[r]]) <= ALIKE * capacity;
+        fine.capacity[fine.diagonal[r]] = capacity;
+    }
+    return fits;
 }
 
-void Multilevel::makeLevels() {
-    Level first = std::move(m_levels.front());
+void Multilevel::makeLevels(const BlockMatrix & jacobian) {
     m_levels.clear();
-    m_levels.push_back(std::move(first));
-    while (m_levels.size() < MAX_LEVELS && m_levels.back().matrix.rows() > 1) {
-        Level & fine = m_levels.back();
-        std::size_t count = 0;
-        std::vector<std::uint32_t> aggregate = pairUp(fine.matrix, count);
-        BlockMatrix coarse = coarsePattern(fine.matrix, aggregate, count);
-        std::vector<std::uint32_t> target = entryTargets(fine.matrix, aggregate, coarse);
-        addEntries(fine.matrix, target, coarse);
-        for (int i = 1; i < PAIRINGS; ++i) {
-            const std::vector<std::uint32_t> pairs = pairUp(coarse, count);
-            BlockMatrix next = coarsePattern(coarse, pairs, count);
-            const std::vector<std::uint32_t> further = entryTargets(coarse, pairs, next);
-            for (std::uint32_t & a : aggregate)
-                a = pairs[a];
-            for (std::uint32_t & t : target)
-                t = further[t];
-            coarse = std::move(next);
-            addEntries(fine.matrix, target, coarse);
+    Level & fine = m_levels.emplace_back();
+    fine.start.push_back(0);
+    for (std::size_t r = 0; r < jacobian.rows(); ++r) {
+        for (std::size_t e = jacobian.rowStart(r); e < jacobian.rowStart(r + 1); ++e) {
+            const std::uint32_t c = jacobian.column(e);
+            if (c == r)
+                fine.diagonal.push_back(static_cast<std::uint32_t>(e));
+            fine.column.push_back(c);
+            fine.conductance.push_back(-m_volumes[r] * *jacobian.block(e) * m_capacities[c]);
+            fine.capacity.push_back(c == r ? m_volumes[r] * m_capacities[r] : 0);
         }
-        if (10 * count > 9 * fine.matrix.rows())
+        fine.start.push_back(static_cast<std::uint32_t>(fine.column.size()));
+    }
+    fine.resizeVectors();
+    while (m_levels.size() < MAX_LEVELS && m_levels.back().rows() > SMALL) {
+        std::uint32_t count = 0;
+        const std::vector<std::int32_t> coarse = chooseCoarse(m_levels.back(), count);
+        if (count == 0 || count == m_levels.back().rows())
             break;
-        fine.aggregate = std::move(aggregate);
-        fine.target = std::move(target);
-        m_levels.emplace_back(coarse);
-        m_levels.back().matrix = std::move(coarse);
+        m_levels.back().interpolation = interpolate(m_levels.back(), coarse);
+        Level next = project(m_levels.back(), count);
+        m_levels.push_back(std::move(next));
     }
 }
 
-/// Sums over aggregates, with their couplings weakened: what a cell loses to others is taken from its diagonal as well.
-void Multilevel::collect(const Level & fine, BlockMatrix & coarse) {
-    addEntries(fine.matrix, fine.target, coarse);
-    const std::size_t size = coarse.blockSize() * coarse.blockSize();
-    constexpr double TAKEN = 1 - 1 / STIFFENING;
-    for (std::size_t r = 0; r < coarse.rows(); ++r)
-        for (std::size_t e = coarse.rowStart(r); e < coarse.rowStart(r + 1); ++e) {
-            const std::uint32_t c = coarse.column(e);
-            if (c == r)
-                continue;
-            double * const diagonal = coarse.block(coarse.diagonal(c));
-            double * const block = coarse.block(e);
-            for (std::size_t i = 0; i < size; ++i) {
-                diagonal[i] += TAKEN * block[i];
-                block[i] -= TAKEN * block[i];
+/// Marks the cells of the next level with their number, the others with -1. The cell on which most others depend goes on,
+/// those that depend on it follow it.
+std::vector<std::int32_t> Multilevel::chooseCoarse(const Level & level, std::uint32_t & count) {
+    const std::size_t n = level.rows();
+    std::vector<bool> isStrong(level.column.size());
+    std::vector<std::uint32_t> dependents(n, 0); // how many depend on a cell, those that follow others twice
+    std::vector<std::vector<std::uint32_t>> dependentOn(n);
+    for (std::uint32_t r = 0; r < n; ++r) {
+        double largest = 0;
+        for (std::size_t e = level.start[r]; e < level.start[r + 1]; ++e)
+            largest = std::max(largest, -level.conductance[e]);
+        for (std::size_t e = level.start[r]; e < level.start[r + 1]; ++e) {
+            isStrong[e] = e != level.diagonal[r] && largest > 0 && -level.conductance[e] >= STRONG * largest;
+            if (isStrong[e]) {
+                dependentOn[level.column[e]].push_back(r);
+                ++dependents[level.column[e]];
             }
         }
+    }
+    constexpr std::int32_t OPEN = -2;
+    constexpr std::int32_t FOLLOWS = -1;
+    std::vector<std::int32_t> mark(n, OPEN);
+    std::priority_queue<std::pair<std::uint32_t, std::uint32_t>> queue; // entries that were overtaken stay in it
+    for (std::uint32_t c = 0; c < n; ++c)
+        queue.push({dependents[c], static_cast<std::uint32_t>(n) - 1 - c});
+    count = 0;
+    while (!queue.empty()) {
+        const auto [weight, reversed] = queue.top();
+        queue.pop();
+        const std::uint32_t c = static_cast<std::uint32_t>(n) - 1 - reversed;
+        if (mark[c] != OPEN || weight != dependents[c])
+            continue;
+        if (weight == 0) { // nobody depends on it: what sweeps leave of its error is none
+            mark[c] = FOLLOWS;
+            continue;
+        }
+        mark[c] = static_cast<std::int32_t>(count++);
+        for (const std::uint32_t follower : dependentOn[c]) {
+            if (mark[follower] != OPEN)
+                continue;
+            mark[follower] = FOLLOWS;
+            for (std::size_t e = level.start[follower]; e < level.start[follower + 1]; ++e)
+                if (const std::uint32_t other = level.column[e]; isStrong[e] && mark[other] == OPEN)
+                    queue.push({++dependents[other], static_cast<std::uint32_t>(n) - 1 - other});
+        }
+    }
+    return mark;
 }
 
-bool Multilevel::factorise(const BlockMatrix & jacobian, double gamma) {
-    scaleFine(jacobian, gamma);
-    for (std::size_t l = 0; l < m_levels.size(); ++l) {
-        if (l > 0)
-            collect(m_levels[l - 1], m_levels[l].matrix);
-        if (!m_levels[l].smoother.factorise(m_levels[l].matrix))
+/// Temperatures of cells that follow, as means of their strong neighbours that go on: what they would have without heat of
+/// their own.
+Multilevel::Rows Multilevel::interpolate(const Level & level, const std::vector<std::int32_t> & coarse) {
+    Rows rows;
+    rows.start.push_back(0);
+    for (std::size_t r = 0; r < level.rows(); ++r) {
+        const std::size_t first = rows.column.size();
+        if (coarse[r] >= 0) {
+            rows.column.push_back(static_cast<std::uint32_t>(coarse[r]));
+            rows.weight.push_back(1);
+        } else {
+            double largest = 0;
+            double sum = 0;
+            double diagonal = 0;
+            for (std::size_t e = level.start[r]; e < level.start[r + 1]; ++e) {
+                const double conductance = -level.conductance[e];
+                if (e == level.diagonal[r] || conductance < 0)
+                    diagonal -= conductance;
+                else {
+                    sum += conductance;
+                    if (coarse[level.column[e]] >= 0)
+                        largest = std::max(largest, conductance);
+                }
+            }
+            double taken = 0;
+            for (std::size_t e = level.start[r]; e < level.start[r + 1]; ++e)
+                if (const double conductance = -level.conductance[e];
+                    coarse[level.column[e]] >= 0 && conductance > 0 && conductance >= TRUNCATED * largest) {
+                    rows.column.push_back(static_cast<std::uint32_t>(coarse[level.column[e]]));
+                    rows.weight.push_back(conductance);
+                    taken += conductance;
+                }
+            for (std::size_t e = first; e < rows.weight.size(); ++e)
+                rows.weight[e] *= sum / taken / std::max(diagonal, 1e-300);
+        }
+        rows.start.push_back(static_cast<std::uint32_t>(rows.column.size()));
+    }
+    return rows;
+}
+
+/// The next level: what its cells and those that follow them exchange and hold.
+Multilevel::Level Multilevel::project(const Level & fine, std::size_t count) {
+    const Rows & p = fine.interpolation;
+    std::vector<std::vector<std::pair<std::uint32_t, double>>> followers(count);
+    for (std::uint32_t r = 0; r < p.count(); ++r)
+        for (std::size_t e = p.start[r]; e < p.start[r + 1]; ++e)
+            followers[p.column[e]].push_back({r, p.weight[e]});
+    Level level;
+    level.start.push_back(0);
+    std::vector<double> conductance(count, 0.0);
+    std::vector<double> capacity(count, 0.0);
+    std::vector<std::uint32_t> seen(count, ~0u);
+    std::vector<std::uint32_t> row;
+    for (std::uint32_t r = 0; r < count; ++r) {
+        row.clear();
+        for (const auto & [f, weight] : followers[r])
+            for (std::size_t e = fine.start[f]; e < fine.start[f + 1]; ++e)
+                for (std::size_t k = p.start[fine.column[e]]; k < p.start[fine.column[e] + 1]; ++k) {
+                    const std::uint32_t c = p.column[k];
+                    if (seen[c] != r) {
+                        seen[c] = r;
+                        conductance[c] = capacity[c] = 0;
+                        row.push_back(c);
+                    }
+                    conductance[c] += weight * fine.conductance[e] * p.weight[k];
+                    capacity[c] += weight * fine.capacity[e] * p.weight[k];
+                }
+        std::sort(row.begin(), row.end());
+        for (const std::uint32_t c : row) {
+            if (c == r)
+                level.diagonal.push_back(static_cast<std::uint32_t>(level.column.size()));
+            level.column.push_back(c);
+            level.conductance.push_back(conductance[c]);
+            level.capacity.push_back(capacity[c]);
+        }
+        level.start.push_back(static_cast<std::uint32_t>(level.column.size()));
+    }
+    level.resizeVectors();
+    return level;
+}
+
+bool Multilevel::factorise(const BlockMatrix &, double gamma) {
+    for (Level & level : m_levels) {
+        level.value.resize(level.column.size());
+        for (std::size_t e = 0; e < level.value.size(); ++e)
+            level.value[e] = level.capacity[e] + gamma * level.conductance[e];
+        for (std::size_t r = 0; r < level.rows(); ++r) {
+            if (!(level.value[level.diagonal[r]] > 0))
+                return false;
+            level.inverse[r] = 1 / level.value[level.diagonal[r]];
+        }
+    }
+    return m_levels.back().rows() > SMALL || factoriseLast();
+}
+
+/// L U without pivots, as the diagonal outweighs the rest.
+bool Multilevel::factoriseLast() {
+    const Level & level = m_levels.back();
+    const std::size_t n = level.rows();
+    m_last.assign(n * n, 0.0);
+    for (std::size_t r = 0; r < n; ++r)
+        for (std::size_t e = level.start[r]; e < level.start[r + 1]; ++e)
+            m_last[r * n + level.column[e]] = level.value[e];
+    for (std::size_t k = 0; k < n; ++k) {
+        if (!(std::fabs(m_last[k * n + k]) > 0))
             return false;
+        for (std::size_t r = k + 1; r < n; ++r) {
+            const double factor = m_last[r * n + k] /= m_last[k * n + k];
+            for (std::size_t c = k + 1; factor != 0 && c < n; ++c)
+                m_last[r * n + c] -= factor * m_last[k * n + c];
+        }
     }
     return true;
 }
 
-/// level.sum becomes the approximate solution for level.right: first what the next level knows, then the rough rest.
+/// Balances one cell after the other, from a sum of zero.
+void Multilevel::sweepForward(const Level & level) {
+    for (std::size_t r = 0; r < level.rows(); ++r) {
+        double rest = level.right[r];
+        for (std::size_t e = level.start[r]; e < level.diagonal[r]; ++e)
+            rest -= level.value[e] * level.sum[level.column[e]];
+        level.sum[r] = rest * level.inverse[r];
+    }
+}
+
+void Multilevel::sweepBackward(const Level & level) {
+    for (std::size_t r = level.rows(); r-- > 0;) {
+        double rest = level.right[r];
+        for (std::size_t e = level.start[r]; e < level.start[r + 1]; ++e)
+            rest -= level.value[e] * level.sum[level.column[e]];
+        level.sum[r] += rest * level.inverse[r];
+    }
+}
+
+/// level.sum becomes the approximate solution for level.right.
 void Multilevel::cycle(std::size_t l) const {
     const Level & level = m_levels[l];
-    if (l + 1 == m_levels.size()) {
-        level.smoother.solve(level.right, level.sum);
+    const std::size_t n = level.rows();
+    if (l + 1 == m_levels.size() && n <= SMALL) {
+        level.sum = level.right;
+        for (std::size_t r = 0; r < n; ++r)
+            for (std::size_t c = 0; c < r; ++c)
+                level.sum[r] -= m_last[r * n + c] * level.sum[c];
+        for (std::size_t r = n; r-- > 0;) {
+            for (std::size_t c = r + 1; c < n; ++c)
+                level.sum[r] -= m_last[r * n + c] * level.sum[c];
+            level.sum[r] /= m_last[r * n + r];
+        }
         return;
     }
-    const Level & coarse = m_levels[l + 1];
-    const std::size_t b = m_blockSize;
-    const auto takeResidual = [&level] {
-        level.matrix.multiply(level.sum, level.residual);
-        for (std::size_t i = 0; i < level.residual.size(); ++i)
-            level.residual[i] = level.right[i] - level.residual[i];
-    };
-    std::fill(level.sum.begin(), level.sum.end(), 0.0);
-    for (int k = 0; k < (l == 0 ? 1 : CYCLES); ++k) {
-        if (k > 0)
-            takeResidual();
-        const std::vector<double> & left = k > 0 ? level.residual : level.right;
+    sweepForward(level);
+    if (l + 1 < m_levels.size()) {
+        const Level & coarse = m_levels[l + 1];
+        const Rows & p = level.interpolation;
         std::fill(coarse.right.begin(), coarse.right.end(), 0.0);
-        for (std::size_t c = 0; c < level.aggregate.size(); ++c)
-            for (std::size_t u = 0; u < b; ++u)
-                coarse.right[b * level.aggregate[c] + u] += left[b * c + u];
+        for (std::size_t r = 0; r < n; ++r) {
+            double rest = 0; // the sweep balanced each cell with those before it
+            for (std::size_t e = level.diagonal[r] + 1; e < level.start[r + 1]; ++e)
+                rest -= level.value[e] * level.sum[level.column[e]];
+            for (std::size_t e = p.start[r]; e < p.start[r + 1]; ++e)
+                coarse.right[p.column[e]] += p.weight[e] * rest;
+        }
         cycle(l + 1);
-        for (std::size_t c = 0; c < level.aggregate.size(); ++c)
-            for (std::size_t u = 0; u < b; ++u)
-                level.sum[b * c + u] += coarse.sum[b * level.aggregate[c] + u];
-        takeResidual();
-        level.smoother.solve(level.residual, level.residual);
-        for (std::size_t i = 0; i < level.sum.size(); ++i)
-            level.sum[i] += level.residual[i];
+        for (std::size_t r = 0; r < n; ++r)
+            for (std::size_t e = p.start[r]; e < p.start[r + 1]; ++e)
+                level.sum[r] += p.weight[e] * coarse.sum[p.column[e]];
     }
+    sweepBackward(level);
 }
 
 void Multilevel::solve(std::span<const double> r, std::span<double> z) const {
     const Level & fine = m_levels.front();
-    const std::size_t b = m_blockSize;
     for (std::size_t c = 0; c < m_volumes.size(); ++c)
-        for (std::size_t u = 0; u < b; ++u)
-            fine.right[b * c + u] = m_volumes[c] * (u == 1 ? WATER_WEIGHT : 1.0) * r[b * c + u];
+        fine.right[c] = m_volumes[c] * r[c];
     cycle(0);
     for (std::size_t c = 0; c < m_volumes.size(); ++c)
-        for (std::size_t u = 0; u < b; ++u) {
-            double value = 0;
-            for (std::size_t v = 0; v < b; ++v)
-                value += m_capacities[(c * b + u) * b + v] * fine.sum[b * c + v];
-            z[b * c + u] = value;
-        }
+        z[c] = m_capacities[c] * fine.sum[c];
 }
 
 } // namespace SOLVER

@@ -10,16 +10,7 @@ namespace SOLVER {
 
 bool BlockIlu::factorise(const BlockMatrix & jacobian, double gamma) {
     m_factors.setShifted(jacobian, gamma);
-    return factorise();
-}
-
-bool BlockIlu::factorise(const BlockMatrix & matrix) {
-    m_factors = matrix;
-    return factorise();
-}
-
-bool BlockIlu::factorise() {
-    return m_factors.blockSize() == 2 ? factoriseBlocks<2>() : factoriseBlocks<1>();
+    return jacobian.blockSize() == 2 ? factoriseBlocks<2>() : factoriseBlocks<1>();
 }
 
 void BlockIlu::solve(std::span<const double> r, std::span<double> z) const {

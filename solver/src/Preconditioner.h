@@ -25,12 +25,9 @@ class BlockIlu : public Preconditioner {
 public:
     explicit BlockIlu(const BlockMatrix & pattern) : m_factors(pattern) {}
     bool factorise(const BlockMatrix & jacobian, double gamma) override;
-    /// Of a matrix itself.
-    bool factorise(const BlockMatrix & matrix);
     void solve(std::span<const double> r, std::span<double> z) const override;
 
 private:
-    bool factorise();
     template <std::size_t B> bool factoriseBlocks();
     template <std::size_t B> void solveBlocks(std::span<double> z) const;
     BlockMatrix m_factors; ///< L below the diagonal (unit blocks left out), U above, the diagonal inverted

@@ -71,7 +71,7 @@ std::unique_ptr<Preconditioner> StepMatrix::makePreconditioner(const IntegratorS
     std::vector<double> volumes;
     for (const ModelInput::Cell & cell : m_model.input().cells)
         volumes.push_back(cell.volume);
-    auto multilevel = std::make_unique<Multilevel>(m_jacobian, std::move(volumes));
+    auto multilevel = std::make_unique<Multilevel>(std::move(volumes));
     m_multilevel = multilevel.get();
     return multilevel;
 }
@@ -96,9 +96,6 @@ bool StepMatrix::build(double time, std::span<const double> state, std::span<con
 
 double StepMatrix::residualShare(double gamma) const {
     constexpr double LEAST = 1e-3;
-    constexpr double LEAST_OF_LEVELS = 1e-2; // their errors are even
-    if (m_multilevel != nullptr)
-        return LEAST_OF_LEVELS;
     if (m_model.input().module == module_t::heat) // long steps to steady states, bridges of metal
         return LEAST;
     constexpr double HARMLESS = 200; // gamma times rate up to which incomplete factors are good (measured)

@@ -197,6 +197,104 @@ TEST(Benchmarks, HeatInASquareColumnMatchesThePublishedTemperatures) {
     }
 }
 
+/// ISO 10211, case 2: concrete, insulation and a profile of aluminium whose conductivities differ by four orders; published
+/// to 0.1 K and 0.1 W/m.
+TEST(Benchmarks, HeatThroughAProfileOfAluminiumMatchesThePublishedTemperatures) {
+    enum { CONCRETE, WOOD, INSULATION, ALUMINIUM };
+    constexpr double INSIDE = 1 / 0.11; // [W/m2K], below
+    constexpr double OUTSIDE = 1 / 0.06;
+    // [mm]: the web is 1.5 wide, flange and wood 15; plate 1.5, web 33.5, flange 1.5, wood 5, concrete 6 high.
+    const auto grid = [](std::initializer_list<double> parts) {
+        std::vector<double> widths;
+        for (const double part : parts) {
+            double x = 0;
+            for (double width = 0.25; part - x > 1e-9; width *= 1.12) { // fine at the start of each part
+                const double taken = part - x < 1.5 * width ? part - x : width;
+                widths.push_back(1e-3 * taken);
+                x += taken;
+            }
+        }
+        return widths;
+    };
+    const std::vector<double> dx = grid({1.5, 13.5, 485});
+    const std::vector<double> dy = grid({1.5, 33.5, 1.5, 5, 6});
+    const auto nx = static_cast<std::uint32_t>(dx.size());
+    const auto ny = static_cast<std::uint32_t>(dy.size());
+    ModelInput input;
+    input.module = module_t::heat;
+    for (const double lambda : {1.15, 0.12, 0.029, 230.0})
+        input.materials.emplace_back(conductor(lambda));
+    double y = 0;
+    for (std::uint32_t j = 0; j < ny; ++j) {
+        double x = 0;
+        for (std::uint32_t i = 0; i < nx; ++i) {
+            const double px = 1e3 * (x + dx[i] / 2);
+            const double py = 1e3 * (y + dy[j] / 2);
+            const bool isProfile = py < 1.5 || (px < 1.5 && py < 36.5) || (px < 15 && py > 35 && py < 36.5);
+            const std::uint32_t material = py > 41.5              ? CONCRETE
+                                           : isProfile            ? ALUMINIUM
+                                           : px < 15 && py > 36.5 ? WOOD
+                                                                  : INSULATION;
+            const std::uint32_t cell = i + nx * j;
+            input.cells.push_back({dx[i] * dy[j], material, 285, 1e6});
+            if (i > 0)
+                input.faces.push_back({cell - 1, cell, dy[j], dx[i - 1] / 2, dx[i] / 2, 0, {}, 0});
+            if (j > 0)
+                input.faces.push_back({cell - nx, cell, dx[i], dy[j - 1] / 2, dy[j] / 2, 0, {}, 1});
+            if (j == 0 || j == ny - 1)
+                input.surfaces.push_back({cell, dx[i], dy[j] / 2, 1});
+            x += dx[i];
+        }
+        y += dy[j];
+    }
+    input.climate = [nx](double, ModelInput::Loads loads) {
+        for (std::size_t s = 0; s < loads.surfaces.size(); ++s) {
+            loads.surfaces[s].heatTransfer = s < nx ? INSIDE : OUTSIDE;
+            loads.surfaces[s].airTemperature = T_ZERO + (s < nx ? 20 : 0);
+        }
+    };
+    Model model(input);
+    CvodeIntegrator integrator(model, {}, 0, model.initialState());
+    integrator.advance(1e8);
+    EXPECT_LT(integrator.statistics().steps, 400);
+    std::vector<double> derivative(model.size());
+    model.rightHandSide(1e8, integrator.state(), derivative);
+    const auto surface = [&](std::size_t s) { return model.surfaceStates()[s].temperature - T_ZERO; };
+    EXPECT_NEAR(surface(nx), 7.1, 0.06);         // A
+    EXPECT_NEAR(surface(2 * nx - 1), 0.8, 0.06); // B
+    EXPECT_NEAR(surface(0), 16.8, 0.06);         // H
+    EXPECT_NEAR(surface(nx - 1), 18.3, 0.06);    // I
+    // At the points within, the mean of the cells around, by their conductivities.
+    const auto corner = [&](double px, double py) {
+        double sum = 0;
+        double weights = 0;
+        double bottom = 0;
+        for (std::uint32_t j = 0; j < ny; bottom += dy[j++]) {
+            double left = 0;
+            for (std::uint32_t i = 0; i < nx; left += dx[i++]) {
+                const auto touches = [](double at, double from, double width) {
+                    return at > from - 1e-9 && at < from + width + 1e-9;
+                };
+                if (!touches(1e-3 * px, left, dx[i]) || !touches(1e-3 * py, bottom, dy[j]))
+                    continue;
+                const Model::CellState & state = model.cellStates()[i + nx * j];
+                sum += state.lambda * (state.temperature - T_ZERO);
+                weights += state.lambda;
+            }
+        }
+        return sum / weights;
+    };
+    EXPECT_NEAR(corner(0, 41.5), 7.9, 0.1);
+    EXPECT_NEAR(corner(15, 41.5), 6.3, 0.1);
+    EXPECT_NEAR(corner(500, 41.5), 0.8, 0.1);
+    EXPECT_NEAR(corner(0, 36.5), 16.4, 0.1);
+    EXPECT_NEAR(corner(15, 36.5), 16.3, 0.1);
+    double in = 0;
+    for (std::size_t s = 0; s < nx; ++s)
+        in += model.exchangeRates()[s].heat;
+    EXPECT_NEAR(in, 9.5, 0.06);
+}
+
 /// HAMSTAD WP2 benchmark 1, first year: layer contents inside the band of the participants at the listed hours.
 TEST(Benchmarks, InsulatedRoofStaysInTheBandOfTheParticipants) {
     std::ifstream file(std::string(HYG_SOURCE_DIR) + "/../shared/benchmarks/data/hamstad_bm1_climate.csv");
