@@ -347,6 +347,14 @@ bool ValueEdit::event(QEvent * event) {
             return true;
         }
     }
+    // What has been taken over is undone where it went, not in the field.
+    if (event->type() == QEvent::ShortcutOverride && !isEdited()) {
+        const auto & key = static_cast<const QKeyEvent &>(*event);
+        if (key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo)) {
+            event->ignore();
+            return false;
+        }
+    }
     return QLineEdit::event(event);
 }
 

@@ -68,8 +68,9 @@ AxisDialog::AxisDialog(Chart & chart, axis_t focused, QWidget * parent)
 void AxisDialog::addRow(QGridLayout & grid, axis_t axis) {
     const Axis & shown = m_chart.axis(axis);
     const QString word = QLatin1String(WORDS[axis]);
+    const QString title = shown.title.isEmpty() && shown.scale == DATE ? tr("Time") : shown.title;
     const QString name =
-        shown.title.isEmpty() ? tr(AXIS_NAMES[axis]) : QStringLiteral("%1 (%2)").arg(shown.title, tr(AXIS_NAMES[axis]));
+        title.isEmpty() ? tr(AXIS_NAMES[axis]) : QStringLiteral("%1 (%2)").arg(title, tr(AXIS_NAMES[axis]));
     Row row{axis,
             new QLineEdit(this),
             new QLineEdit(this),
@@ -182,6 +183,8 @@ void AxisDialog::check() {
         if (message.isEmpty() && !row.isAuto->isChecked())
             message = problem(row, range);
     }
+    for (const Row & row : m_rows) // dates have no unit
+        row.unit->setEnabled(row.scale->currentIndex() != DATE);
     m_message->setText(message);
     m_buttons->button(QDialogButtonBox::Ok)->setEnabled(message.isEmpty());
 }

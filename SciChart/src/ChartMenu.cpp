@@ -32,6 +32,13 @@ void Chart::fillMenu(QMenu & menu) {
     add("showAll", tr("Show &all"), Qt::Key_Home, [this] { showAll(); });
     add("back", tr("&Previous view"), Qt::Key_Backspace, [this] { showPrevious(); })->setEnabled(hasPrevious());
     add("axes", tr("&Ranges and units..."), Qt::Key_F4, [this] { editAxes(X_BOTTOM); });
+    if (canHaveEqualScales()) {
+        QAction * equal =
+            add("equalScales", tr("&Equal scales"), Qt::Key_E, [this] { setEqualScales(!hasEqualScales()); });
+        equal->setCheckable(true);
+        equal->setChecked(hasEqualScales());
+        equal->setToolTip(tr("A length is as long along y as along x"));
+    }
     menu.addSeparator();
     add("copyPicture", tr("&Copy picture"), QKeySequence::Copy, [this] { copyPicture(); });
     add("copySvg", tr("Copy as S&VG"), {}, [this] { guarded([this] { copySvg(); }); });

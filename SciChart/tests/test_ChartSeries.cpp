@@ -110,6 +110,74 @@ TEST(ColorGrid, IsolinesAndSmoothColoursLieBetweenTheCentres) {
     EXPECT_LT(darkest, qGray(plain.pixel(250, 300)) - 60);
 }
 
+/// Width and height of all pixels of a colour.
+QSize extent(const QImage & image, QRgb color, int rightEdge) {
+    QRect box;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width() - rightEdge; ++x)
+            if (image.pixel(x, y) == color)
+                box |= QRect(x, y, 1, 1);
+    return box.size();
+}
+
+TEST(ColorGrid, EqualScalesShowCellsInTheirShape) {
+    SCI::GridStyle style;
+    const auto chart = gridChart(style);
+    EXPECT_TRUE(chart->canHaveEqualScales());
+    chart->setEqualScales(true);
+    const QRgb zero = ColorMap(style.map).rgb(0);
+    for (const QSize size : {QSize(600, 400), QSize(400, 800), QSize(900, 300)}) {
+        const QSize cell = extent(chart->image(size), zero, 2 * BAR); // 10 mm x 20 mm
+        EXPECT_GT(cell.width(), 30);
+        EXPECT_NEAR(cell.height(), 2 * cell.width(), 3) << size.width();
+        chart->resize(size);
+        chart->show();
+        QApplication::processEvents();
+        const QPointF origin = chart->toCanvas({0, 0});
+        const QPointF corner = chart->toCanvas({0.01, 0.01});
+        EXPECT_NEAR(corner.x() - origin.x(), origin.y() - corner.y(), 1.5) << size.width();
+    }
+    // The range asked for is in view, whatever is around it.
+    chart->setRange(SCI::X_BOTTOM, {10, 20});
+    EXPECT_LE(chart->range(SCI::X_BOTTOM).from, 10);
+    EXPECT_GE(chart->range(SCI::X_BOTTOM).to, 20);
+    chart->setEqualScales(false);
+    EXPECT_EQ(chart->range(SCI::X_BOTTOM).to, 20);
+    chart->setAxis(SCI::X_BOTTOM, {"t", "s", "h"});
+    EXPECT_FALSE(chart->canHaveEqualScales()) << "times are no lengths";
+}
+
+TEST(ColorGrid, ValuesOfIsolinesStandAboveArrows) {
+    struct Crowd : SCI::VectorModel {
+        std::size_t count() const override { return 900; }
+        double x(std::size_t i) const override { return 0.001 * static_cast<double>(i % 30); }
+        double y(std::size_t i) const override { return 0.04 / 30 * static_cast<double>(i / 30); }
+        double xPart(std::size_t) const override { return 1; }
+        double yPart(std::size_t) const override { return 1; }
+    };
+    SCI::GridStyle style;
+    style.map = ColorMap::WATER;
+    style.hasIsolines = true;
+    style.isolines = {273.15 + 5, 273.15 + 15};
+    const auto chart = gridChart(style);
+    const QImage plain = chart->image(QSize(600, 400));
+    SCI::VectorStyle arrows;
+    arrows.color = Qt::red;
+    chart->addVectors(std::make_shared<Crowd>(), arrows);
+    const QImage crowded = chart->image(QSize(600, 400));
+    int ink = 0;
+    int covered = 0;
+    for (int y = 0; y < plain.height(); ++y)
+        for (int x = 0; x < plain.width(); ++x)
+            if (plain.pixel(x, y) == 0xFF000000) { // texts alone are as black as this
+                ++ink;
+                covered += crowded.pixel(x, y) != 0xFF000000;
+            }
+    EXPECT_GT(ink, 10);
+    EXPECT_EQ(covered, 0);
+    EXPECT_GT(patch(crowded, QColor(Qt::red).rgb()).count, 500) << "arrows are there";
+}
+
 TEST(ColorGrid, LogarithmicColoursFollowTheDecades) {
     struct Decades : SmallGrid {
         double value(std::size_t i, std::size_t j) const override {
@@ -170,6 +238,42 @@ TEST(Marks, ThresholdsAndBandsAreDrawn) {
     EXPECT_LT(patch(picture(4, 0), white).count, patch(picture(8, 0), white).count - 50000);
     EXPECT_LT(patch(picture(0, 5), white).count, ground - 150);
     EXPECT_EQ(patch(picture(50, 50), white).count, ground) << "out of sight";
+}
+
+TEST(Marks, TextsKeepTheirSizeInFinePicturesAndTheirPlaceInBands) {
+    const std::vector<double> x{0, 10}, y{0, 10};
+    Chart chart;
+    chart.setDark(false);
+    SCI::LineStyle style;
+    style.color = Qt::red;
+    chart.addLine(std::make_shared<SCI::ArrayModel>(x, y), style);
+    chart.setRange(SCI::X_BOTTOM, {0, 10});
+    // What the texts add to the picture.
+    const auto box = [&](const QImage & plain, const QImage & texted) {
+        QRect found;
+        for (int j = 0; j < plain.height(); ++j)
+            for (int i = 0; i < plain.width(); ++i)
+                if (plain.pixel(i, j) != texted.pixel(i, j))
+                    found |= QRect(i, j, 1, 1);
+        return found;
+    };
+    const QSize size(600, 400);
+    const QImage plain = chart.image(size);
+    const QImage finePlain = chart.image(size, 2);
+    const auto whole = chart.addBand(SCI::X_BOTTOM, 2, 8, "render", false);
+    const QRect flat = box(plain, chart.image(size));
+    const QRect fine = box(finePlain, chart.image(size, 2));
+    EXPECT_GT(flat.width(), flat.height());
+    EXPECT_NEAR(flat.center().x(), size.width() / 2 + 15, 20) << "in the middle of the band";
+    EXPECT_NEAR(fine.width(), 2 * flat.width(), 6) << "as large as all other texts";
+    EXPECT_NEAR(fine.height(), 2 * flat.height(), 4);
+    chart.remove(whole);
+    chart.addBand(SCI::X_BOTTOM, 2, 2.5, "render", false);
+    const QRect turned = box(plain, chart.image(size));
+    EXPECT_NEAR(turned.height(), flat.width(), 3);
+    EXPECT_LE(turned.width(), 30) << "it stays in its band";
+    chart.addBand(SCI::X_BOTTOM, 7, 7.1, "render", false);
+    EXPECT_EQ(box(plain, chart.image(size)), turned) << "no room at all";
 }
 
 TEST(ColorMaps, AreEvenAndKeepTheirOrderForColourBlindReaders) {

@@ -78,6 +78,26 @@ TEST_F(ChartUse, WheelZoomsAtItsPlace) {
     expectRange(SCI::Y_LEFT, 10, 90);
 }
 
+TEST_F(ChartUse, PreviousViewTakesBackWheelAndKeysInOneStep) {
+    EXPECT_FALSE(chart.hasPrevious());
+    QTest::keyClick(&chart, Qt::Key_Home); // shows what is shown
+    EXPECT_FALSE(chart.hasPrevious());
+    for (int i = 0; i < 3; ++i)
+        wheel(*canvas, at(0, 1), 1);
+    expectRange(SCI::X_BOTTOM, 0, 51.2);
+    chart.setRange(SCI::X_BOTTOM, {10, 20});
+    QTest::mousePress(canvas, Qt::MiddleButton, {}, at(0.5, 0.5)); // ends what belongs together
+    QTest::mouseRelease(canvas, Qt::MiddleButton, {}, at(0.5, 0.5));
+    QTest::keyClick(&chart, Qt::Key_Right);
+    QTest::keyClick(&chart, Qt::Key_Plus);
+    expectRange(SCI::X_BOTTOM, 12, 20);
+    QTest::keyClick(&chart, Qt::Key_Backspace);
+    expectRange(SCI::X_BOTTOM, 10, 20, 1e-9);
+    QTest::keyClick(&chart, Qt::Key_Backspace);
+    expectRange(SCI::X_BOTTOM, 0, 100, 1e-9);
+    EXPECT_FALSE(chart.hasPrevious());
+}
+
 TEST_F(ChartUse, DraggingZoomsAndMoves) {
     const auto drag = [this](QPoint from, QPoint to, Qt::MouseButton button, Qt::KeyboardModifiers keys = {}) {
         QTest::mousePress(canvas, button, keys, from);

@@ -30,6 +30,7 @@ constexpr std::size_t RANGE_SAMPLES = 12; ///< records from which the range of a
 constexpr QSize MIN_CHART(200, 100);
 constexpr double CUT_SHARE = 0.35;
 constexpr int DIGITS = 5;
+constexpr double LIMIT_MARGIN = 1.03; ///< room for a limit that nothing comes near to
 
 double converted(KOR::Unit from, KOR::Unit to, double value) {
     KOR::UnitList::instance().convert(from, to, value);
@@ -71,6 +72,7 @@ HygResultChart::HygResultChart(QWidget * parent)
     m_splitter->setStretchFactor(1, 1);
     m_splitter->setChildrenCollapsible(false);
     m_cutChart->hide();
+    m_chart->setEqualScales(true); // fields look as they are
     auto * layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_splitter);
@@ -87,12 +89,16 @@ void HygResultChart::setFiles(Files files) {
     m_lowest = std::numeric_limits<double>::infinity();
     m_highest = -m_lowest;
     m_timeIndex = 0;
+    m_isNewView = true;
     rebuild();
 }
 
 void HygResultChart::setOptions(const Options & options) {
     if (options == m_options)
         return;
+    // Other axes are another view, and a limit that comes or goes needs another range.
+    m_isNewView = m_isNewView || options.isOverTime != m_options.isOverTime;
+    m_hasValueRange = m_hasValueRange && options.hasMouldLimit == m_options.hasMouldLimit;
     m_options = options;
     rebuild();
 }
@@ -149,6 +155,11 @@ void HygResultChart::rebuild() {
     m_problems.clear();
     m_rightUnit = KOR::Unit();
     m_cutChart->hide();
+    if (std::exchange(m_isNewView, false)) {
+        m_hasValueRange = false;
+        for (SCI::Chart * chart : {m_chart, m_cutChart})
+            chart->resetView();
+    }
     if (m_files.empty()) {
         m_chart->setTitle({});
         emit shown();
@@ -173,18 +184,22 @@ void HygResultChart::rebuild() {
     } catch (const KOR::Exception & ex) {
         complain(HygCoreMessages::told(tr("Not everything can be shown."), QString::fromUtf8(ex.what())));
     }
-    m_chart->showAll();
     showLimit();
     emit shown();
 }
 
 void HygResultChart::showLimit() {
     // A limit that nothing comes near to is to be seen all the same.
-    if (!m_limit)
+    if (std::exchange(m_hasLimitRange, false))
+        for (const SCI::axis_t axis : {SCI::Y_LEFT, SCI::Y_RIGHT})
+            m_chart->setAutoRange(axis);
+    if (!m_limit || !m_chart->isAutoRange(m_limit->first))
         return;
-    constexpr double MARGIN = 1.03;
     const SCI::Range range = m_chart->range(m_limit->first);
-    m_chart->setRange(m_limit->first, {range.from, std::max(range.to, MARGIN * m_limit->second)});
+    if (range.to >= LIMIT_MARGIN * m_limit->second)
+        return;
+    m_chart->setRange(m_limit->first, {range.from, LIMIT_MARGIN * m_limit->second});
+    m_hasLimitRange = true;
 }
 
 std::optional<SCI::axis_t> HygResultChart::axisFor(const HygResultFile & file) {
@@ -339,7 +354,6 @@ void HygResultChart::takeCourse(int generation, std::size_t index, bool isLast, 
         complain(HygCoreMessages::told(tr("Not everything can be shown."), QString::fromUtf8(ex.what())));
     }
     m_chart->dataChanged(drawn.id);
-    m_chart->showAll();
     showLimit();
     emit shown();
 }
@@ -396,9 +410,9 @@ void HygResultChart::addLayers() {
         std::size_t last = first;
         while (last + 1 < materials.size() && materials[last + 1] == materials[first])
             ++last;
-        if (isShaded && materials[first] != nullptr)
+        if (materials[first] != nullptr)
             m_chart->addBand(SCI::X_BOTTOM, edges[first], edges[last + 1],
-                             QString::fromStdString(materials[first]->name));
+                             QString::fromStdString(materials[first]->name), isShaded);
         isShaded = !isShaded;
         first = last + 1;
     }
@@ -585,12 +599,16 @@ void HygResultChart::showTime() {
     for (const Drawn & drawn : m_drawn)
         m_chart->dataChanged(drawn.id);
     // The same scale at all times, so that playback shows what changes.
-    if (m_lowest < m_highest && (m_lowest != lowest || m_highest != highest || m_field == nullptr)) {
+    if (m_lowest < m_highest && (m_lowest != lowest || m_highest != highest || !m_hasValueRange)) {
+        m_hasValueRange = true;
         const KOR::Unit shown = shownUnit();
         const double margin = m_field ? 0 : 0.04 * (m_highest - m_lowest);
         const double from = converted(m_leftUnit, shown, m_lowest - margin);
         const double to = converted(m_leftUnit, shown, m_highest + margin);
-        m_chart->setRange(m_field ? SCI::Y_RIGHT : SCI::Y_LEFT, {std::min(from, to), std::max(from, to)});
+        double top = std::max(from, to);
+        if (!m_field && m_limit && m_limit->first == SCI::Y_LEFT)
+            top = std::max(top, LIMIT_MARGIN * m_limit->second);
+        m_chart->setRange(m_field ? SCI::Y_RIGHT : SCI::Y_LEFT, {std::min(from, to), top});
         if (m_cutLine)
             m_cutChart->setRange(SCI::Y_LEFT, {std::min(from, to), std::max(from, to)});
     }

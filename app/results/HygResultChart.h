@@ -133,5 +133,8 @@ private:
     /// Answers to earlier questions are dropped. The readers look at it too, whatever has become of the chart.
     std::shared_ptr<std::atomic<int>> m_generation = std::make_shared<std::atomic<int>>(0);
     int m_pending = 0;
+    bool m_isNewView = true;      ///< other files: all is shown; otherwise the user's view stays
+    bool m_hasLimitRange = false; ///< the range was widened for the limit
+    bool m_hasValueRange = false; ///< the range of all times has been set
     QStringList m_problems;
 };

@@ -1,4 +1,5 @@
 #include "Commands.h"
+#include "Models.h"
 
 #include <SCI/Chart.h>
 #include <SCI/PointModels.h>
@@ -9,6 +10,8 @@
 #include <KOR/Exception.h>
 
 #include <QLocale>
+
+#include <cmath>
 
 namespace PLOT {
 
@@ -73,6 +76,14 @@ QString chosen(const std::string & wanted, const char * otherwise) {
     return wanted.empty() ? QString::fromLatin1(otherwise) : QString::fromStdString(wanted);
 }
 
+/// Whether any point can be drawn.
+bool isAnywhere(const SCI::PointModel & points, bool isLogarithmic) {
+    for (std::size_t i = 0; i < points.count(); ++i)
+        if (std::isfinite(points.y(i)) && (!isLogarithmic || points.y(i) > 0))
+            return true;
+    return false;
+}
+
 void fill(SCI::Chart & chart, const Common & common, const Arguments & arguments) {
     const MM::Evaluation & function = MM::evaluation(arguments.function);
     const XRow & x = rowOf(std::span<const XRow>(X_ROWS), function.xUnit, &XRow::unit);
@@ -84,7 +95,10 @@ void fill(SCI::Chart & chart, const Common & common, const Arguments & arguments
                                   common.isLogX ? SCI::LOGARITHMIC : SCI::LINEAR});
     chart.setAxis(SCI::Y_LEFT, {translated(y.title), unit(function.yUnit), chosen(common.yUnit, y.shown),
                                 common.isLogY || y.isLogarithmic ? SCI::LOGARITHMIC : SCI::LINEAR});
+    const bool isLogarithmic = chart.axis(SCI::Y_LEFT).scale == SCI::LOGARITHMIC;
     const int direction = arguments.direction[0] - 'u';
+    bool isAny = false;
+    std::string reason; // why the first material has nothing to draw
     for (const std::string & path : arguments.files) {
         const auto material = std::make_shared<MM::Material>();
         material->read(path);
@@ -94,14 +108,30 @@ void fill(SCI::Chart & chart, const Common & common, const Arguments & arguments
             throw KOR::Exception(ex, KOR::text("Error preparing material '%1'.", path), "[PLOT::material]");
         }
         const double to = x.to != 0 ? x.to : material->m_moistureStorage.saturation();
-        function.value(*material, direction, (x.from + to) / 2); // says why there is nothing to draw
         SCI::LineStyle style;
         style.title = QString::fromStdString(material->name(common.language));
-        chart.addLine(std::make_shared<SCI::FunctionModel>([material, direction, value = function.value](
-                                                               double at) { return value(*material, direction, at); },
-                                                           x.from, to, POINTS),
-                      style);
+        auto points = std::make_shared<SCI::FunctionModel>(
+            [material, direction, value = function.value](double at) { return value(*material, direction, at); },
+            x.from, to, POINTS);
+        if (to > x.from && isAnywhere(*points, isLogarithmic)) {
+            isAny = true;
+            chart.addLine(points, style);
+            continue;
+        }
+        // It is named all the same: the reader would look for its line.
+        style.title = translated("%1: no such function").arg(style.title);
+        style.pen = Qt::NoPen;
+        chart.addLine(std::make_shared<Points>(std::vector<double>(), std::vector<double>()), style);
+        try {
+            function.value(*material, direction, (x.from + to) / 2);
+        } catch (const KOR::Exception & ex) {
+            reason = reason.empty() ? ex.message() : reason;
+        }
     }
+    if (!isAny)
+        throw KOR::Exception(reason.empty() ? KOR::text("There are no values of '%1' to draw.", arguments.function)
+                                            : reason,
+                             "[PLOT::material]");
 }
 
 } // namespace

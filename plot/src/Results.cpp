@@ -41,6 +41,7 @@ struct Arguments {
     std::vector<std::string> times;
     bool isMap = false;
     bool isPlain = false;
+    bool isEqual = false;
 };
 
 /// A result file with its grid.
@@ -131,6 +132,13 @@ std::size_t recordAt(Results & results, const std::string & wanted) {
     if (words.size() == 2)
         KOR::UnitList::instance().convert(KOR::Unit(words[1]), unit, time);
     const auto & times = results.file.timePoints();
+    // Between two records the nearer one is meant; beyond them it would be another time.
+    const double room = times.size() > 1 ? (times.back() - times.front()) / static_cast<double>(times.size() - 1) : 0;
+    if (time < times.front() - room || time > times.back() + room)
+        throw Exception(text("The time '%1' lies outside of '%2', which reaches from %3 to %4 %5.", wanted,
+                             results.file.path(), KOR::toString(times.front(), 6), KOR::toString(times.back(), 6),
+                             unit.name()),
+                        WHERE);
     const auto nearest = std::min_element(
         times.begin(), times.end(), [time](double a, double b) { return std::abs(a - time) < std::abs(b - time); });
     return static_cast<std::size_t>(nearest - times.begin());
@@ -337,6 +345,7 @@ void fill(SCI::Chart & chart, const Common & common, const Arguments & arguments
         chart.setAxis(SCI::Y_LEFT, placeAxis(results.format == DataIO::PLANE_XY ? 1 : 2, common.xUnit));
         chart.setAxis(SCI::Y_RIGHT, valueAxis(results, common));
         addPlane(chart, results, arguments);
+        chart.setEqualScales(arguments.isEqual);
     } else if (results.isProfile() && !wantsCourse && arguments.isMap) {
         chart.setAxis(SCI::X_BOTTOM, timeAxis(results, common));
         chart.setAxis(SCI::Y_LEFT, placeAxis(profileDirection(results), {}));
@@ -367,6 +376,7 @@ Command resultsCommand(CLI::App & program) {
         ->allow_extra_args(false);
     app->add_flag("--map", arguments->isMap, "Draw a profile as colours over time and place.");
     app->add_flag("--no-isolines", arguments->isPlain, "Colours without lines of equal value.");
+    app->add_flag("--equal", arguments->isEqual, "A plane as it is: a length is as long along y as along x.");
     app->add_option("--compare", arguments->compare, "A second result file, drawn into the same picture.");
     return {app, [arguments](SCI::Chart & chart, const Common & common) { fill(chart, common, *arguments); }};
 }

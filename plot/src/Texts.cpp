@@ -29,6 +29,7 @@ constexpr const char * TEXTS[] = {
     QT_TRANSLATE_NOOP("Plot", "Time"),
     QT_TRANSLATE_NOOP("Plot", "Element %1"),
     QT_TRANSLATE_NOOP("Plot", "Side %1"),
+    QT_TRANSLATE_NOOP("Plot", "%1: no such function"),
 };
 } // namespace
 

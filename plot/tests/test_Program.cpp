@@ -113,7 +113,7 @@ INSTANTIATE_TEST_SUITE_P(
                   "Time [h],\"x = 200 mm, y = 50 mm: Temperature [°C]\",measured: Temperature [°C]\n1,31,21\n"
                   "2,41,22.5\n"},
         TableCase{"LastProfile", "results profile.h6o", "x [mm],2 h: Temperature [°C]\n50,40\n200,41\n350,42\n"},
-        TableCase{"ProfilesAtTimes", "results profile.h6o --time 61min --time 100",
+        TableCase{"ProfilesAtTimes", "results profile.h6o --time 61min --time 2.4",
                   "x [mm],1 h: Temperature [°C],2 h: Temperature [°C]\n50,30,40\n200,31,41\n350,32,42\n"},
         TableCase{"CourseOfAnElement", "results profile.h6o --element 2",
                   "Time [h],\"x = 350 mm, y = 50 mm: Temperature [°C]\"\n1,32\n2,42\n"},
@@ -148,6 +148,13 @@ TEST_F(Plot, PicturesHaveTheSizeGroundAndLanguageAskedFor) {
         EXPECT_THAT(svg, HasSubstr(text));
     ASSERT_EQ(run("material $S/DB_materials/spruce_113.m6 --function Kl -o a.pdf").exitCode, 0);
     EXPECT_THAT(KOR::readFile(path("a.pdf"), 1 << 26), StartsWith("%PDF-"));
+    ASSERT_EQ(
+        run("material $S/DB_materials/spruce_113.m6 $S/DB_materials/glass_247.m6 --function Kl --lang de -o b.svg")
+            .exitCode,
+        0);
+    EXPECT_THAT(KOR::readFile(path("b.svg"), 1 << 26), HasSubstr(": keine solche Funktion<"));
+    ASSERT_EQ(run("results plane.h6b --equal -o e.svg --width 400 --height 900").exitCode, 0);
+    EXPECT_THAT(KOR::readFile(path("e.svg"), 1 << 26), HasSubstr(">-100<")) << "higher than the plane of 200 mm";
 }
 
 TEST_F(Plot, SaysWhatIsWrong) {
@@ -165,6 +172,8 @@ TEST_F(Plot, SaysWhatIsWrong) {
          "There is no element or side 7 in 'course.h6b', "
          "expected one of: 1."                                                                                               },
         {"results profile.h6o --time soon -o a.png",                     1, "'soon' is no time, expected a number and a unit"},
+        {"results profile.h6o --time='-3 d' -o a.png",                   1,
+         "lies outside of 'profile.h6o', which reaches from 1 to 2 h."                                                       },
         {"results profile.h6o --time '1 kg' -o a.png",                   1, "kg"                                             },
         {"results course.h6b --y-unit kg -o a.png",                      1, "kg"                                             },
         {"results course.h6b --reference measured.csv "
@@ -174,6 +183,7 @@ TEST_F(Plot, SaysWhatIsWrong) {
         {"results profile.h6o --compare course.h6b -o a.png",            1, "are no profiles both."                          },
         {"material $S/DB_materials/spruce_113.m6 --function X -o a.png", 1,
          "Unknown function 'X', expected one of: Theta_l"                                                                    },
+        {"material $S/DB_materials/glass_247.m6 --function Kl -o a.png", 1, "There are no values of 'Kl' to draw."           },
         {"climate $S/DB_climate/Potsdam_Germany.c6b --quantity X -o b",  1,
          "Unknown climate quantity 'X', expected one of: "                                                                   },
         {"climate nothing.epw -o a.png",                                 1, "Error reading 'nothing.epw'."                   },

@@ -30,6 +30,7 @@ struct Axis {
 struct Range {
     double from = 0;
     double to = 1;
+    friend bool operator==(const Range & a, const Range & b) { return a.from == b.from && a.to == b.to; }
 };
 
 } // namespace SCI

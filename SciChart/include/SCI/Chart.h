@@ -54,9 +54,16 @@ public:
     Range range(axis_t axis) const;
     /// All series on all axes.
     void showAll();
+    /// Shows all as well, and forgets the earlier views: for other content.
+    void resetView();
     /// Takes back zooming and showing all.
     void showPrevious();
     bool hasPrevious() const;
+    /// Fields only: a length is as long along y as along x, whatever ranges are wanted; the other is widened.
+    void setEqualScales(bool areEqual);
+    bool hasEqualScales() const;
+    /// Whether there is a field over two linear axes of lengths (or others of one kind of unit).
+    bool canHaveEqualScales() const;
     /// What the cursor tells at a place, in the shown units of bottom and left: x, then a line a series that has a value
     /// there.
     QStringList valuesAt(double x, double y = 0) const;
@@ -69,8 +76,9 @@ public:
     id_t addVectors(std::shared_ptr<const VectorModel> model, const VectorStyle & style = {});
     /// A line at a value, in the data unit of the axis.
     id_t addThreshold(axis_t axis, double value, const QString & text = {});
-    /// The ground between two values, in the data unit of the axis; either may be infinite.
-    id_t addBand(axis_t axis, double from, double to, const QString & text = {});
+    /// The ground between two values, in the data unit of the axis; either may be infinite. A text that has no room in it is
+    /// turned or left out. \param isFilled false: only the text is drawn
+    id_t addBand(axis_t axis, double from, double to, const QString & text = {}, bool isFilled = true);
     /// Takes away a series, threshold or band, or ALL.
     void remove(id_t id);
     /// The data of a series (or ALL) have changed.

@@ -122,6 +122,19 @@ bool Chart::hasPrevious() const {
     return m->navigator->canGoBack();
 }
 
+void Chart::setEqualScales(bool areEqual) {
+    m->plot->setEqual(areEqual);
+    m->plot->refresh();
+}
+
+bool Chart::hasEqualScales() const {
+    return m->plot->isEqual();
+}
+
+bool Chart::canHaveEqualScales() const {
+    return m->plot->canBeEqual();
+}
+
 QStringList Chart::valuesAt(double x, double y) const {
     return valuesAtPixel(*m->plot,
                          {m->plot->canvasMap(X_BOTTOM).transform(x), m->plot->canvasMap(Y_LEFT).transform(y)});
@@ -133,6 +146,10 @@ Range Chart::range(axis_t axis) const {
 
 void Chart::showAll() {
     m->navigator->showAll();
+}
+
+void Chart::resetView() {
+    m->navigator->reset();
 }
 
 QStringList Chart::tickLabels(axis_t axis) const {
@@ -163,8 +180,8 @@ Chart::id_t Chart::addThreshold(axis_t axis, double value, const QString & text)
     return m->add(std::make_unique<Mark>(axis, value, value, text));
 }
 
-Chart::id_t Chart::addBand(axis_t axis, double from, double to, const QString & text) {
-    return m->add(std::make_unique<Mark>(axis, from, to, text));
+Chart::id_t Chart::addBand(axis_t axis, double from, double to, const QString & text, bool isFilled) {
+    return m->add(std::make_unique<Mark>(axis, from, to, text, isFilled));
 }
 
 void Chart::remove(id_t id) {

@@ -219,6 +219,7 @@ QImage GridItem::picture(const Sampling & x, const Sampling & y) const {
 
 void GridItem::draw(QPainter * painter, const QwtScaleMap & xMap, const QwtScaleMap & yMap,
                     const QRectF & canvas) const {
+    m_labels.clear();
     if (m_model->columns() == 0 || m_model->rows() == 0)
         return;
     const PixelScale x{chartPlot().state(xId()).unit, xMap};
@@ -261,7 +262,6 @@ void GridItem::drawIsolines(QPainter & painter, const PixelScale & x, const Pixe
     const auto [bottom, top] = visible(y, canvas.bottom(), canvas.top());
     const Isolines isolines(*m_model, {left, right}, {bottom, top}, canvas.size().toSize());
     painter.setRenderHint(QPainter::Antialiasing, true);
-    std::vector<QPointF> labels;
     const std::vector<double> all = levels();
     std::vector<std::vector<QLineF>> perLevel(all.size());
     isolines.eachLine(all, [&](std::size_t level, double x1, double y1, double x2, double y2) {
@@ -276,9 +276,9 @@ void GridItem::drawIsolines(QPainter & painter, const PixelScale & x, const Pixe
         painter.drawLines(lines.data(), static_cast<int>(lines.size()));
         painter.setPen(QPen(QColor(0, 0, 0, 210), 1));
         painter.drawLines(lines.data(), static_cast<int>(lines.size()));
-        drawLabel(painter, lines,
-                  chartPlot().valueText(m_style.colorAxis, chartPlot().state(m_style.colorAxis).unit.shown(all[i])),
-                  canvas, labels);
+        placeLabel(m_labels, lines,
+                   chartPlot().valueText(m_style.colorAxis, chartPlot().state(m_style.colorAxis).unit.shown(all[i])),
+                   canvas);
     }
 }
 

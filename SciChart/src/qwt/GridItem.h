@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Isolines.h"
 #include "Items.h"
 
 #include <SCI/GridModel.h>
@@ -22,6 +23,8 @@ public:
     axis_t colorAxis() const { return m_style.colorAxis; }
     /// Puts the colours beside the colour axis; call when its range has changed.
     void showColorBar(Plot & plot) const;
+    /// The values on the isolines that were drawn last, for above all series.
+    const std::vector<IsolineLabel> & labels() const { return m_labels; }
     /// The value of the cell at a place in data units; NaN outside.
     double valueAt(double x, double y) const;
 
@@ -48,6 +51,7 @@ private:
     std::shared_ptr<const GridModel> m_model;
     GridStyle m_style;
     mutable std::optional<std::pair<double, double>> m_values;
+    mutable std::vector<IsolineLabel> m_labels;
 };
 
 } // namespace SCI

@@ -71,12 +71,12 @@ void drawRimmedText(QPainter & painter, const QPointF & baseline, const QString 
     painter.drawPath(path);
 }
 
-void drawLabel(QPainter & painter, const std::vector<QLineF> & lines, const QString & text, const QRectF & canvas,
-               std::vector<QPointF> & others) {
+void placeLabel(std::vector<IsolineLabel> & labels, const std::vector<QLineF> & lines, const QString & text,
+                const QRectF & canvas) {
     const QRectF inside = canvas.adjusted(EDGE_DISTANCE, EDGE_DISTANCE, -EDGE_DISTANCE, -EDGE_DISTANCE);
     const auto isFree = [&](const QPointF & point) {
-        return inside.contains(point) && std::all_of(others.begin(), others.end(), [&](const QPointF & other) {
-                   return QLineF(point, other).length() > LABEL_DISTANCE;
+        return inside.contains(point) && std::all_of(labels.begin(), labels.end(), [&](const IsolineLabel & other) {
+                   return QLineF(point, other.centre).length() > LABEL_DISTANCE;
                });
     };
     // Near the canvas's middle, where the eye begins.
@@ -90,12 +90,15 @@ void drawLabel(QPainter & painter, const std::vector<QLineF> & lines, const QStr
                 distance = d;
             }
         }
-    if (best == nullptr)
-        return;
-    others.push_back(best->center());
-    const QFontMetricsF metrics(painter.font(), painter.device());
-    const QRectF box = metrics.boundingRect(text);
-    drawRimmedText(painter, best->center() - box.center(), text, Qt::black, QColor(255, 255, 255, 220));
+    if (best != nullptr)
+        labels.push_back({best->center(), text});
+}
+
+void drawLabels(QPainter & painter, const std::vector<IsolineLabel> & labels) {
+    const QFontMetricsF metrics(painter.font());
+    for (const IsolineLabel & label : labels)
+        drawRimmedText(painter, label.centre - metrics.boundingRect(label.text).center(), label.text, Qt::black,
+                       QColor(255, 255, 255, 220));
 }
 
 } // namespace SCI

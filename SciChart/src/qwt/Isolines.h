@@ -7,6 +7,7 @@
 #include <QLineF>
 #include <QRectF>
 #include <QSize>
+#include <QString>
 
 #include <algorithm>
 #include <limits>
@@ -41,9 +42,15 @@ private:
 void drawRimmedText(QPainter & painter, const QPointF & baseline, const QString & text, const QColor & color,
                     const QColor & rim);
 
-/// Writes a value beside its line, where it is far enough from the edges and from the texts in \p others.
-void drawLabel(QPainter & painter, const std::vector<QLineF> & lines, const QString & text, const QRectF & canvas,
-               std::vector<QPointF> & others);
+/// A text on a line of equal value.
+struct IsolineLabel {
+    QPointF centre; ///< [px]
+    QString text;
+};
+/// Adds the text of a line where it is far enough from the edges and from the texts that are there; else nothing.
+void placeLabel(std::vector<IsolineLabel> & labels, const std::vector<QLineF> & lines, const QString & text,
+                const QRectF & canvas);
+void drawLabels(QPainter & painter, const std::vector<IsolineLabel> & labels);
 
 template <typename Line> void Isolines::eachLine(const std::vector<double> & levels, const Line & line) const {
     const std::size_t n = m_x.size();

@@ -15,9 +15,9 @@ namespace {
 constexpr double DISTANCE = 4; ///< of the text from line and edge [px]
 }
 
-Mark::Mark(axis_t axis, double from, double to, const QString & text)
+Mark::Mark(axis_t axis, double from, double to, const QString & text, bool isFilled)
     : QwtPlotItem(QwtText(text, QwtText::PlainText)), m_axis(axis), m_from(std::min(from, to)),
-      m_to(std::max(from, to)) {
+      m_to(std::max(from, to)), m_isFilled(isFilled) {
     const bool isLine = m_from == m_to;
     setItemAttribute(QwtPlotItem::Legend, false);
     setItemAttribute(QwtPlotItem::AutoScale, false);
@@ -53,11 +53,18 @@ void Mark::draw(QPainter * painter, const QwtScaleMap & xMap, const QwtScaleMap 
     } else {
         const QRectF band = isAcross ? QRectF(canvas.left(), low, canvas.width(), high - low)
                                      : QRectF(low, canvas.top(), high - low, canvas.height());
-        painter->fillRect(band & canvas, theme.band);
+        if (m_isFilled)
+            painter->fillRect(band & canvas, theme.band);
+        if (!isAcross) {
+            painter->setFont(pixelFont(chart));
+            drawBandText(*painter, band & canvas, theme.text, theme.ground);
+            return;
+        }
     }
     if (title().text().isEmpty())
         return;
-    const QFontMetricsF metrics(painter->font(), painter->device());
+    painter->setFont(pixelFont(chart));
+    const QFontMetricsF metrics(painter->font());
     QPointF baseline;
     if (isAcross) {
         // Above a line, at the top within a band; below a line that has no room above it.
@@ -67,9 +74,32 @@ void Mark::draw(QPainter * painter, const QwtScaleMap & xMap, const QwtScaleMap 
         baseline =
             QPointF(canvas.right() - metrics.horizontalAdvance(title().text()) - DISTANCE, top + metrics.ascent());
     } else {
-        baseline = QPointF(std::max(low, canvas.left()) + DISTANCE, canvas.top() + DISTANCE + metrics.ascent());
+        // Right of a line, left of one that has no room there.
+        const double width = metrics.horizontalAdvance(title().text());
+        const double left = low + DISTANCE + width > canvas.right() ? low - DISTANCE - width : low + DISTANCE;
+        baseline = QPointF(left, canvas.top() + DISTANCE + metrics.ascent());
     }
     drawRimmedText(*painter, baseline, title().text(), isLine ? theme.threshold : theme.text, theme.ground);
+}
+
+/// In the middle of the band, turned where it is narrow.
+void Mark::drawBandText(QPainter & painter, const QRectF & band, const QColor & color, const QColor & rim) const {
+    const QFontMetricsF metrics(painter.font());
+    const double room = band.width() - 2 * DISTANCE;
+    if (metrics.horizontalAdvance(title().text()) <= room) {
+        const double width = metrics.horizontalAdvance(title().text());
+        drawRimmedText(painter, {band.center().x() - width / 2, band.top() + DISTANCE + metrics.ascent()},
+                       title().text(), color, rim);
+        return;
+    }
+    const QString text = metrics.elidedText(title().text(), Qt::ElideRight, band.height() - 2 * DISTANCE);
+    if (room < metrics.height() - 2 * DISTANCE)
+        return;
+    painter.save();
+    painter.translate(band.center().x(), band.top() + DISTANCE + metrics.horizontalAdvance(text));
+    painter.rotate(-90);
+    drawRimmedText(painter, {0, (metrics.ascent() - metrics.descent()) / 2}, text, color, rim);
+    painter.restore();
 }
 
 } // namespace SCI

@@ -20,6 +20,7 @@ constexpr double WHEEL_STEP = 0.8; ///< of the range that is left after one clic
 constexpr double KEY_STEP = 0.1;   ///< of the canvas that an arrow key moves
 constexpr int SMALLEST_DRAG = 8;   ///< less in one direction zooms along the other only [px]
 constexpr std::size_t MAX_HISTORY = 100;
+constexpr qint64 BURST_MS = 800; ///< longer pauses begin another step of the history
 
 bool isHorizontal(axis_t id) {
     return id == X_BOTTOM || id == X_TOP;
@@ -110,21 +111,43 @@ void Navigator::apply(const View & view) {
 }
 
 void Navigator::remember() {
+    m_burst.invalidate();
     m_history.push_back(view());
     if (m_history.size() > MAX_HISTORY)
         m_history.erase(m_history.begin());
 }
 
+void Navigator::rememberBurst() {
+    if (!m_burst.isValid() || m_burst.elapsed() > BURST_MS)
+        remember();
+    m_burst.start();
+}
+
+bool Navigator::canGoBack() const {
+    const View shown = view();
+    return std::any_of(m_history.begin(), m_history.end(), [&](const View & earlier) { return earlier != shown; });
+}
+
 void Navigator::back() {
+    m_burst.invalidate();
+    const View shown = view();
+    while (!m_history.empty() && m_history.back() == shown)
+        m_history.pop_back();
     if (m_history.empty())
         return;
-    const View view = m_history.back();
+    const View earlier = m_history.back();
     m_history.pop_back();
-    apply(view);
+    apply(earlier);
 }
 
 void Navigator::showAll() {
     remember();
+    apply({});
+}
+
+void Navigator::reset() {
+    m_history.clear();
+    m_burst.invalidate();
     apply({});
 }
 
@@ -178,6 +201,7 @@ bool Navigator::handleWheel(QObject * object, QWheelEvent & event) {
             directions = isHorizontal(static_cast<axis_t>(i)) ? ALONG_X : ALONG_Y;
             place = m_plot.canvas()->mapFrom(&m_plot, m_plot.axisWidget(i)->mapTo(&m_plot, place.toPoint()));
         }
+    rememberBurst();
     zoom(std::pow(WHEEL_STEP, clicks), place, directions);
     return true;
 }
@@ -289,24 +313,32 @@ bool Navigator::handleKey(QKeyEvent & event) {
     const QRectF all = area();
     const bool isCursor = event.modifiers() & Qt::ControlModifier;
     const double step = event.modifiers() & Qt::ShiftModifier ? 10 : 1;
+    const auto move = [&](double x, double y) {
+        rememberBurst();
+        pan({x * KEY_STEP * all.width(), y * KEY_STEP * all.height()});
+    };
+    const auto scale = [&](double factor) {
+        rememberBurst();
+        zoom(factor, all.center(), BOTH);
+    };
     switch (event.key()) {
     case Qt::Key_Left:
-        isCursor ? moveCursor(-step) : pan({KEY_STEP * all.width(), 0});
+        isCursor ? moveCursor(-step) : move(1, 0);
         return true;
     case Qt::Key_Right:
-        isCursor ? moveCursor(step) : pan({-KEY_STEP * all.width(), 0});
+        isCursor ? moveCursor(step) : move(-1, 0);
         return true;
     case Qt::Key_Up:
-        pan({0, KEY_STEP * all.height()});
+        move(0, 1);
         return true;
     case Qt::Key_Down:
-        pan({0, -KEY_STEP * all.height()});
+        move(0, -1);
         return true;
     case Qt::Key_Plus:
-        zoom(WHEEL_STEP, all.center(), BOTH);
+        scale(WHEEL_STEP);
         return true;
     case Qt::Key_Minus:
-        zoom(1 / WHEEL_STEP, all.center(), BOTH);
+        scale(1 / WHEEL_STEP);
         return true;
     case Qt::Key_Home:
         showAll();

@@ -2,6 +2,7 @@
 
 #include "Plot.h"
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QPointF>
 
@@ -26,8 +27,11 @@ public:
     /// Wanted ranges of all axes.
     using View = std::array<std::optional<Range>, NUM_AXES>;
     void showAll();
+    /// Shows all and forgets the history.
+    void reset();
     void back();
-    bool canGoBack() const { return !m_history.empty(); }
+    /// Whether an earlier view is another one than what is shown.
+    bool canGoBack() const;
     /// True if the key meant something to the plot.
     bool handleKey(QKeyEvent & event);
     void hideCursor();
@@ -55,6 +59,8 @@ private:
     void zoom(double factor, const QPointF & centre, int directions);
     void moveCursor(double pixels);
     void remember();
+    /// Clicks of the wheel and keys that follow one another closely are one step of the history.
+    void rememberBurst();
     View view() const;
     void apply(const View & view);
 
@@ -66,6 +72,7 @@ private:
     View m_dragView;
     std::array<Range, NUM_AXES> m_dragRanges;
     std::vector<View> m_history;
+    QElapsedTimer m_burst; ///< since the last step of a burst; not valid outside of one
 };
 
 /// What the visible series have at a place in the canvas: x first, then a line a series.

@@ -41,6 +41,13 @@ bool isHorizontal(axis_t id) {
 
 } // namespace
 
+QFont pixelFont(const Plot & plot) {
+    QFont font = plot.font();
+    if (font.pixelSize() < 0)
+        font.setPixelSize(std::max(1, qRound(font.pointSizeF() * plot.logicalDpiY() / 72)));
+    return font;
+}
+
 Plot::Plot(QWidget * parent) : QwtPlot(parent), m_theme(Theme::of(palette())), m_grid(new QwtPlotGrid) {
     setAutoReplot(false);
     setAutoDelete(false);
@@ -225,12 +232,59 @@ Range Plot::niceRange(axis_t id, Range range) const {
 void Plot::updateScale(axis_t id) {
     AxisState & state = m_axes[id];
     state.range = state.wanted ? *state.wanted : niceRange(id, coveredRange(id));
+    divide(id);
+    enableAxis(id, isUsed(id));
+}
+
+void Plot::divide(axis_t id) {
+    const AxisState & state = m_axes[id];
     const int major = maxMajorTicks(id);
     setAxisMaxMajor(id, major);
     setAxisScaleDiv(id, axisScaleEngine(id)->divideScale(state.range.from, state.range.to, major,
                                                          state.axis.scale == LOGARITHMIC ? 9 : 5));
     static_cast<ScaleDraw *>(axisScaleDraw(id))->update();
-    enableAxis(id, isUsed(id));
+}
+
+bool Plot::canBeEqual() const {
+    const SCI::Axis & x = m_axes[X_BOTTOM].axis;
+    const SCI::Axis & y = m_axes[Y_LEFT].axis;
+    return isFilled(Y_LEFT) && x.scale == LINEAR && y.scale == LINEAR && m_axes[X_BOTTOM].unit.isLinear() &&
+           m_axes[Y_LEFT].unit.isLinear() && UnitScale::alternatives(x.dataUnit).contains(y.dataUnit);
+}
+
+void Plot::equalize() {
+    const Range ranges[] = {m_axes[X_BOTTOM].range, m_axes[Y_LEFT].range};
+    // One unit of y in that of x.
+    const double factor = UnitScale(m_axes[Y_LEFT].axis.unit(), m_axes[X_BOTTOM].axis.unit()).factor();
+    const auto widen = [this](axis_t id, const Range & range, double width) {
+        const double more = std::max(0.0, (width - (range.to - range.from)) / 2);
+        m_axes[id].range = {range.from - more, range.to + more};
+        divide(id);
+    };
+    // Other ranges have other texts at their ticks, which leave the picture another room.
+    for (int pass = 0; pass < 2; ++pass) {
+        plotLayout()->activate(this, QRectF(QPointF(0, 0), m_size).marginsRemoved(contentsMargins()));
+        const QSizeF room = plotLayout()->canvasRect().size();
+        if (!(room.width() > 1 && room.height() > 1))
+            return;
+        const double perPixel = std::max((ranges[0].to - ranges[0].from) / room.width(),
+                                         (ranges[1].to - ranges[1].from) * factor / room.height());
+        widen(X_BOTTOM, ranges[0], perPixel * room.width());
+        widen(Y_LEFT, ranges[1], perPixel * room.height() / factor);
+        updateAxes();
+    }
+}
+
+void Plot::drawItems(QPainter * painter, const QRectF & canvas, const QwtScaleMap maps[axisCnt]) const {
+    QwtPlot::drawItems(painter, canvas, maps);
+    // Values of isolines stay readable under lines and arrows.
+    for (const QwtPlotItem * item : itemList())
+        if (const auto * grid = dynamic_cast<const GridItem *>(item); grid != nullptr && grid->isVisible()) {
+            painter->save();
+            painter->setFont(pixelFont(*this));
+            drawLabels(*painter, grid->labels());
+            painter->restore();
+        }
 }
 
 void Plot::fit(const QSizeF & size) {
@@ -243,6 +297,8 @@ void Plot::fit(const QSizeF & size) {
         if (const auto * grid = dynamic_cast<const GridItem *>(item); grid != nullptr && grid->isVisible())
             grid->showColorBar(*this);
     updateAxes(); // tells the lines of the ticks
+    if (m_isEqual && canBeEqual())
+        equalize();
 }
 
 void Plot::refresh() {

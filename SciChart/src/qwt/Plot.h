@@ -33,6 +33,11 @@ struct PixelScale {
     double value(double pixel) const { return unit.data(map.invTransform(pixel)); }
 };
 
+class Plot;
+/// The font of a plot by pixels of the screen. The painter of a finer picture is scaled; a font by points would be scaled
+/// once more.
+QFont pixelFont(const Plot & plot);
+
 /// The plot in a chart: axes with units, ranges and colours. Series are items attached to it.
 class Plot : public QwtPlot {
     Q_DECLARE_TR_FUNCTIONS(SCI::Plot)
@@ -60,11 +65,22 @@ public:
     bool isUsed(axis_t id) const;
     /// Whether the axis is a colour bar, which zooming and moving leave alone.
     bool isColorBar(axis_t id) const;
+    /// A length takes as much room along y as along x: the range that would be shown larger is widened. Only of fields.
+    void setEqual(bool isEqual) { m_isEqual = isEqual; }
+    bool isEqual() const { return m_isEqual; }
+    /// Whether there is a field over two linear axes whose units are of the same kind.
+    bool canBeEqual() const;
     /// Where a value above zero is needed: no values up to this one on a logarithmic axis; in the data unit.
     double lowestOn(axis_t id) const;
 
+protected:
+    void drawItems(QPainter * painter, const QRectF & canvas, const QwtScaleMap maps[axisCnt]) const override;
+
 private:
     void updateScale(axis_t id);
+    /// Ticks for the range in force.
+    void divide(axis_t id);
+    void equalize();
     /// Whether colours lie along the vertical axis, which then ends where they end.
     bool isFilled(axis_t id) const;
     Range coveredRange(axis_t id) const;
@@ -76,6 +92,7 @@ private:
     AxisState m_axes[NUM_AXES];
     QSizeF m_size{640, 400};
     Theme m_theme;
+    bool m_isEqual = false;
     std::unique_ptr<QwtPlotGrid> m_grid;
 };
 
