@@ -21,7 +21,7 @@
 namespace {
 
 constexpr int SCAN_MS = 30000;
-enum page_t { Parameters = 1, Functions = 2 };
+enum page_t { Parameters = 1, Functions = 2, Models = 3 };
 
 void save(QWidget & widget, const QString & path) {
     QTest::qWait(200); // layouts and checks
@@ -42,6 +42,22 @@ void drawEditor(HygMaterialDB & database, const QString & file, const QString & 
     editor.findChild<HygMaterialFunctionPage *>()->showFunction(QStringLiteral("lgDl(Theta_l)"));
     editor.findChild<QTableView *>(QStringLiteral("pointTable"))->selectRow(2);
     save(editor, target + QStringLiteral("/material_editor") + suffix);
+
+    // A retention curve of fine and coarse pores in the place of the points.
+    editor.document().change({}, [](MM::Material & changed) {
+        changed.m_moistureStorage.clear();
+        MM::ModelHandler models;
+        models.add({
+            "GAUSS",
+            {{"GAUSS_MODALITY", "2"},      {"GAUSS_Wi", "0.65 0.35"}, {"GAUSS_Ri", "2e-06 4e-08"}, {"GAUSS_Si", "0.35 0.6"}},
+            {               }
+        });
+        changed.m_moistureStorage.setModels(std::move(models));
+    });
+    editor.document().checkNow();
+    pages.setCurrentIndex(Models);
+    save(editor, target + QStringLiteral("/material_models") + suffix);
+    editor.document().undoStack().undo();
 
     pages.setCurrentIndex(Parameters);
     editor.document().change({}, [](MM::Material & changed) {

@@ -156,6 +156,12 @@
         <source>Name</source>
         <translation>Name</translation>
     </message>
+    <message>
+        <source>%1
+Double-click to choose another file.</source>
+        <translation>%1
+Doppelklick wählt eine andere Datei.</translation>
+    </message>
 </context>
 <context>
     <name>HygAssignmentPanel</name>
@@ -2073,6 +2079,12 @@
         <source>Cells</source>
         <translation>Zellen</translation>
     </message>
+    <message>
+        <source>%1
+Double-click to choose another material.</source>
+        <translation>%1
+Doppelklick wählt ein anderes Material.</translation>
+    </message>
 </context>
 <context>
     <name>HygLayerPanel</name>
@@ -2654,6 +2666,25 @@
         <source>Specific energy</source>
         <translation>Spezifische Energie</translation>
     </message>
+    <message>
+        <source>Vapour resistance of a foil, positive direction</source>
+        <translation>Dampfwiderstand einer Folie, positive Richtung</translation>
+    </message>
+    <message>
+        <source>Equivalent air layer</source>
+        <translation>Äquivalente Luftschicht</translation>
+    </message>
+    <message>
+        <source>Vapour resistance of a foil, negative direction</source>
+        <translation>Dampfwiderstand einer Folie, negative Richtung</translation>
+    </message>
+</context>
+<context>
+    <name>HygMaterialDB</name>
+    <message>
+        <source>Copying the material</source>
+        <translation>Das Material wird kopiert</translation>
+    </message>
 </context>
 <context>
     <name>HygMaterialDBTableModel</name>
@@ -2948,6 +2979,17 @@
     </message>
 </context>
 <context>
+    <name>HygMaterialDocument</name>
+    <message>
+        <source>Functions, models or measured data would not be read as they stand here.</source>
+        <translation>Funktionen, Modelle oder Messdaten würden nicht so gelesen, wie sie hier stehen.</translation>
+    </message>
+    <message>
+        <source>Writing the material</source>
+        <translation>Das Material wird geschrieben</translation>
+    </message>
+</context>
+<context>
     <name>HygMaterialEditor</name>
     <message>
         <source>Built-in material</source>
@@ -3049,41 +3091,56 @@
         <source>Write the material into its file (%1)</source>
         <translation>Das Material in seine Datei schreiben (%1)</translation>
     </message>
+    <message>
+        <source>Reading the material</source>
+        <translation>Das Material wird gelesen</translation>
+    </message>
+    <message>
+        <source>A calculation cannot use it: %1</source>
+        <translation>Eine Berechnung kann es nicht verwenden: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Models</source>
+        <translation>&amp;Modelle</translation>
+    </message>
+    <message>
+        <source>Measured &amp;data</source>
+        <translation>Mess&amp;daten</translation>
+    </message>
+    <message>
+        <source>Functions that are made out of a few parameters</source>
+        <translation>Funktionen, die aus wenigen Kennwerten entstehen</translation>
+    </message>
+    <message>
+        <source>Results of experiments, kept in the file as they stand</source>
+        <translation>Ergebnisse von Versuchen, die in der Datei bleiben, wie sie stehen</translation>
+    </message>
+    <message>
+        <source>Measured data</source>
+        <translation>Messdaten</translation>
+    </message>
+</context>
+<context>
+    <name>HygMaterialFindings</name>
+    <message>
+        <source>The moisture content must not fall with the humidity, as it does in row %1.</source>
+        <translation>Der Feuchtegehalt darf mit der Luftfeuchte nicht fallen, wie er es in Zeile %1 tut.</translation>
+    </message>
+    <message>
+        <source>The moisture content must not rise with the capillary pressure, as it does in row %1.</source>
+        <translation>Der Feuchtegehalt darf mit dem Kapillardruck nicht steigen, wie er es in Zeile %1 tut.</translation>
+    </message>
+    <message>
+        <source>The conductivity must not fall with the moisture content, as it does in row %1.</source>
+        <translation>Die Leitfähigkeit darf mit dem Feuchtegehalt nicht fallen, wie sie es in Zeile %1 tut.</translation>
+    </message>
+    <message>
+        <source>The diffusivity must not fall with the moisture content, as it does in row %1.</source>
+        <translation>Die Diffusivität darf mit dem Feuchtegehalt nicht fallen, wie sie es in Zeile %1 tut.</translation>
+    </message>
 </context>
 <context>
     <name>HygMaterialFunctionPage</name>
-    <message>
-        <source>Insert point</source>
-        <translation>Punkt einfügen</translation>
-    </message>
-    <message>
-        <source>Insert a point behind the current one (Ins)</source>
-        <translation>Einen Punkt hinter dem aktuellen einfügen (Einfg)</translation>
-    </message>
-    <message>
-        <source>Remove points</source>
-        <translation>Punkte entfernen</translation>
-    </message>
-    <message>
-        <source>Remove the selected points (Del)</source>
-        <translation>Die gewählten Punkte entfernen (Entf)</translation>
-    </message>
-    <message>
-        <source>Copy points</source>
-        <translation>Punkte kopieren</translation>
-    </message>
-    <message>
-        <source>Copy all points, for a spreadsheet (Ctrl+C)</source>
-        <translation>Alle Punkte kopieren, für eine Tabellenkalkulation (Strg+C)</translation>
-    </message>
-    <message>
-        <source>Paste points</source>
-        <translation>Punkte einfügen</translation>
-    </message>
-    <message>
-        <source>Replace all points by two columns of numbers out of the clipboard (Ctrl+V)</source>
-        <translation>Alle Punkte durch zwei Zahlenspalten aus der Zwischenablage ersetzen (Strg+V)</translation>
-    </message>
     <message>
         <source>Remove function</source>
         <translation>Funktion entfernen</translation>
@@ -3396,6 +3453,260 @@
     </message>
 </context>
 <context>
+    <name>HygMaterialMeasuredTable</name>
+    <message>
+        <source>new line</source>
+        <translation>neue Zeile</translation>
+    </message>
+    <message>
+        <source>Insert line</source>
+        <translation>Zeile einfügen</translation>
+    </message>
+    <message>
+        <source>Remove lines</source>
+        <translation>Zeilen entfernen</translation>
+    </message>
+    <message>
+        <source>Line %1 would begin another section of the file: &apos;%2&apos;.</source>
+        <translation>Zeile %1 würde einen anderen Abschnitt der Datei beginnen: „%2“.</translation>
+    </message>
+    <message>
+        <source>Measured data have at most %1 lines.</source>
+        <translation>Messdaten haben höchstens %1 Zeilen.</translation>
+    </message>
+    <message>
+        <source>Paste lines</source>
+        <translation>Zeilen einfügen</translation>
+    </message>
+    <message>
+        <source>Keyword or line</source>
+        <translation>Schlüsselwort oder Zeile</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>Einheit</translation>
+    </message>
+    <message>
+        <source>A line cannot be empty; remove it instead.</source>
+        <translation>Eine Zeile kann nicht leer sein; entfernen Sie sie stattdessen.</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; would begin another section of the file.</source>
+        <translation>„%1“ würde einen anderen Abschnitt der Datei beginnen.</translation>
+    </message>
+    <message>
+        <source>Change line</source>
+        <translation>Zeile ändern</translation>
+    </message>
+</context>
+<context>
+    <name>HygMaterialModelPage</name>
+    <message>
+        <source>The material has a model of each kind</source>
+        <translation>Das Material hat von jeder Art ein Modell</translation>
+    </message>
+    <message>
+        <source>Add model</source>
+        <translation>Modell hinzufügen</translation>
+    </message>
+    <message>
+        <source>Remove model</source>
+        <translation>Modell entfernen</translation>
+    </message>
+    <message>
+        <source>The material has no models. A model makes a function out of a few parameters; it counts where the function itself is not given as points.</source>
+        <translation>Das Material hat keine Modelle. Ein Modell macht aus wenigen Kennwerten eine Funktion; es gilt, wo die Funktion selbst nicht durch Punkte gegeben ist.</translation>
+    </message>
+    <message numerus="yes">
+        <source>The model has %n tabulated functions of its own, which are kept as they stand.</source>
+        <translation>
+            <numerusform>Das Modell hat eine eigene tabellierte Funktion, die bleibt, wie sie steht.</numerusform>
+            <numerusform>Das Modell hat %n eigene tabellierte Funktionen, die bleiben, wie sie stehen.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Add a model to the material</source>
+        <translation>Dem Material ein Modell hinzufügen</translation>
+    </message>
+    <message>
+        <source>Remove the chosen model</source>
+        <translation>Das gewählte Modell entfernen</translation>
+    </message>
+    <message>
+        <source>Models</source>
+        <translation>Modelle</translation>
+    </message>
+    <message>
+        <source>Models of the material</source>
+        <translation>Modelle des Materials</translation>
+    </message>
+    <message>
+        <source>Parameters of the model</source>
+        <translation>Kennwerte des Modells</translation>
+    </message>
+</context>
+<context>
+    <name>HygMaterialModelTable</name>
+    <message>
+        <source>A model has at most %1 modes.</source>
+        <translation>Ein Modell hat höchstens %1 Moden.</translation>
+    </message>
+    <message>
+        <source>Insert mode</source>
+        <translation>Mode einfügen</translation>
+    </message>
+    <message>
+        <source>Remove modes</source>
+        <translation>Moden entfernen</translation>
+    </message>
+    <message>
+        <source>Line %1 does not hold %2 numbers: &apos;%3&apos;.</source>
+        <translation>Zeile %1 enthält nicht %2 Zahlen: „%3“.</translation>
+    </message>
+    <message>
+        <source>Paste modes</source>
+        <translation>Moden einfügen</translation>
+    </message>
+    <message>
+        <source>A mode without this value is left out.</source>
+        <translation>Eine Mode ohne diesen Wert bleibt unberücksichtigt.</translation>
+    </message>
+    <message>
+        <source>(new parameter)</source>
+        <translation>(neuer Kennwert)</translation>
+    </message>
+    <message>
+        <source>Parameter</source>
+        <translation>Kennwert</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>Meaning</source>
+        <translation>Bedeutung</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is not a number.</source>
+        <translation>„%1“ ist keine Zahl.</translation>
+    </message>
+    <message>
+        <source>Change mode</source>
+        <translation>Mode ändern</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; cannot be the name of a new parameter.</source>
+        <translation>„%1“ kann nicht der Name eines neuen Kennwerts sein.</translation>
+    </message>
+    <message>
+        <source>Add parameter %1</source>
+        <translation>Kennwert %1 hinzufügen</translation>
+    </message>
+    <message>
+        <source>The value is too long, or more than one line.</source>
+        <translation>Der Wert ist zu lang oder mehr als eine Zeile.</translation>
+    </message>
+    <message>
+        <source>Change %1</source>
+        <translation>%1 ändern</translation>
+    </message>
+</context>
+<context>
+    <name>HygMaterialModels</name>
+    <message>
+        <source>Weight</source>
+        <translation>Gewicht</translation>
+    </message>
+    <message>
+        <source>Pore radius</source>
+        <translation>Porenradius</translation>
+    </message>
+    <message>
+        <source>Standard deviation</source>
+        <translation>Standardabweichung</translation>
+    </message>
+    <message>
+        <source>decades of pC</source>
+        <translation>Dekaden von pC</translation>
+    </message>
+    <message>
+        <source>Share of pores that lie parallel</source>
+        <translation>Anteil der parallel liegenden Poren</translation>
+    </message>
+    <message>
+        <source>Liquid conductivity (kept, not used)</source>
+        <translation>Flüssigwasserleitfähigkeit (nur aufbewahrt)</translation>
+    </message>
+    <message>
+        <source>Scale of conductivity (kept, not used)</source>
+        <translation>Skalierung der Leitfähigkeit (nur aufbewahrt)</translation>
+    </message>
+    <message>
+        <source>Unsaturated (kept, not used)</source>
+        <translation>Ungesättigt (nur aufbewahrt)</translation>
+    </message>
+    <message>
+        <source>Adsorption branch (kept, not used)</source>
+        <translation>Adsorptionsast (nur aufbewahrt)</translation>
+    </message>
+    <message>
+        <source>Largest pC (kept, not used)</source>
+        <translation>Größter pC (nur aufbewahrt)</translation>
+    </message>
+    <message>
+        <source>Additional content (kept, not used)</source>
+        <translation>Zusätzlicher Gehalt (nur aufbewahrt)</translation>
+    </message>
+    <message>
+        <source>Gauss model of moisture retention</source>
+        <translation>Gauß-Modell der Feuchtespeicherung</translation>
+    </message>
+    <message>
+        <source>Van Genuchten model of moisture retention (not calculated with)</source>
+        <translation>Van-Genuchten-Modell der Feuchtespeicherung (wird nicht gerechnet)</translation>
+    </message>
+    <message>
+        <source>Serial-parallel model of vapour transport</source>
+        <translation>Seriell-parallel-Modell des Dampftransports</translation>
+    </message>
+    <message>
+        <source>Moisture storage</source>
+        <translation>Feuchtespeicherung</translation>
+    </message>
+    <message>
+        <source>Moisture transport</source>
+        <translation>Feuchtetransport</translation>
+    </message>
+    <message>
+        <source>Thermal storage</source>
+        <translation>Wärmespeicherung</translation>
+    </message>
+    <message>
+        <source>Heat transport</source>
+        <translation>Wärmetransport</translation>
+    </message>
+    <message>
+        <source>Air transport</source>
+        <translation>Lufttransport</translation>
+    </message>
+    <message>
+        <source>Adaptive foil</source>
+        <translation>Feuchteadaptive Folie</translation>
+    </message>
+</context>
+<context>
+    <name>HygMaterialNotice</name>
+    <message>
+        <source>choose another file</source>
+        <translation>eine andere Datei wählen</translation>
+    </message>
+</context>
+<context>
     <name>HygMaterialParameterForm</name>
     <message>
         <source>usually 15 to 2500 kg/m3, metals up to 8900 kg/m3</source>
@@ -3489,6 +3800,26 @@
         <source>not given</source>
         <translation>nicht gegeben</translation>
     </message>
+    <message>
+        <source>0 to 1: the share of the side from which vapour comes; 0.5 if not given</source>
+        <translation>0 bis 1: der Anteil der Seite, von der der Dampf kommt; 0,5, wenn nicht gegeben</translation>
+    </message>
+    <message>
+        <source>a of the factor a phi^2 + b phi + c; 0 if not given</source>
+        <translation>a des Faktors a phi² + b phi + c; 0, wenn nicht gegeben</translation>
+    </message>
+    <message>
+        <source>b of the factor a phi^2 + b phi + c; 0 if not given</source>
+        <translation>b des Faktors a phi² + b phi + c; 0, wenn nicht gegeben</translation>
+    </message>
+    <message>
+        <source>c of the factor a phi^2 + b phi + c; 1 if not given</source>
+        <translation>c des Faktors a phi² + b phi + c; 1, wenn nicht gegeben</translation>
+    </message>
+    <message>
+        <source>Adaptive foil: its resistance over humidity is a function</source>
+        <translation>Feuchteadaptive Folie: Ihr Widerstand über der Feuchte ist eine Funktion</translation>
+    </message>
 </context>
 <context>
     <name>HygMaterialPointModel</name>
@@ -3531,6 +3862,45 @@
     <message>
         <source>Change point</source>
         <translation>Punkt ändern</translation>
+    </message>
+    <message>
+        <source>Reading the points</source>
+        <translation>Die Punkte werden gelesen</translation>
+    </message>
+</context>
+<context>
+    <name>HygMaterialTable</name>
+    <message>
+        <source>Insert row</source>
+        <translation>Zeile einfügen</translation>
+    </message>
+    <message>
+        <source>Insert a row behind the current one (Ins)</source>
+        <translation>Eine Zeile hinter der aktuellen einfügen (Einfg)</translation>
+    </message>
+    <message>
+        <source>Remove rows</source>
+        <translation>Zeilen entfernen</translation>
+    </message>
+    <message>
+        <source>Remove the selected rows (Del)</source>
+        <translation>Die gewählten Zeilen entfernen (Entf)</translation>
+    </message>
+    <message>
+        <source>Copy rows</source>
+        <translation>Zeilen kopieren</translation>
+    </message>
+    <message>
+        <source>Copy all rows, for a spreadsheet (Ctrl+C)</source>
+        <translation>Alle Zeilen kopieren, für eine Tabellenkalkulation (Strg+C)</translation>
+    </message>
+    <message>
+        <source>Paste rows</source>
+        <translation>Zeilen einfügen</translation>
+    </message>
+    <message>
+        <source>Replace all rows by those in the clipboard (Ctrl+V)</source>
+        <translation>Alle Zeilen durch die der Zwischenablage ersetzen (Strg+V)</translation>
     </message>
 </context>
 <context>
@@ -6823,6 +7193,10 @@
         <source>Side %1</source>
         <translation>Seite %1</translation>
     </message>
+    <message>
+        <source>%1: no such function</source>
+        <translation>%1: keine solche Funktion</translation>
+    </message>
 </context>
 <context>
     <name>QProgressDialog</name>
@@ -6978,6 +7352,10 @@
         <source>A logarithmic axis begins above 0.</source>
         <translation>Eine logarithmische Achse beginnt über 0.</translation>
     </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
 </context>
 <context>
     <name>SCI::Chart</name>
@@ -7036,6 +7414,14 @@
     <message>
         <source>Table (*.csv)</source>
         <translation>Tabelle (*.csv)</translation>
+    </message>
+    <message>
+        <source>&amp;Equal scales</source>
+        <translation>&amp;Gleiche Maßstäbe</translation>
+    </message>
+    <message>
+        <source>A length is as long along y as along x</source>
+        <translation>Eine Länge ist längs y so lang wie längs x</translation>
     </message>
 </context>
 <context>

@@ -1,7 +1,11 @@
 // What the user of the material database waits for, with 2000 materials: until they are shown after the first start (2 s)
-// and after later ones (0.2 s), and for each key that is pressed in the search field (30 ms).
+// and after later ones (0.2 s), and for each key that is pressed in the search field (30 ms); and how long the window
+// stands still while a function of 100,000 points is edited (50 ms).
 #include "HygSettings.h"
 #include "materials/HygMaterialDBWidget.h"
+#include "materials/HygMaterialEditor.h"
+#include "materials/HygMaterialFunctionPage.h"
+#include "materials/HygMaterialPointModel.h"
 
 #include <QApplication>
 #include <QDir>
@@ -12,6 +16,8 @@
 #include <QTest>
 
 #include <benchmark/benchmark.h>
+
+#include <time.h>
 
 namespace {
 
@@ -98,5 +104,65 @@ void materialsFiltered(benchmark::State & state) {
     state.counters["slowest key [ms]"] = slowest;
 }
 BENCHMARK(materialsFiltered)->Unit(benchmark::kMillisecond)->Iterations(5);
+
+/// Processor time of this thread [ms]: what the window spends itself, whatever else the machine does.
+double threadTime() {
+    timespec now{};
+    ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+    return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) * 1e-6;
+}
+
+/// What single steps cost the window's thread, with a function of 100,000 points.
+void longTableEdited(benchmark::State & state) {
+    Setting setting;
+    constexpr int POINTS = 99'999; // one is inserted
+    MM::Material material;
+    material.read(setting.home.filePath("built in/material_1000.m6").toStdString());
+    std::vector<double> x, y;
+    for (int i = 0; i < POINTS; ++i) {
+        x.push_back(250 + 1e-3 * i);
+        y.push_back(1.7 * i);
+    }
+    material.m_thermalStorage.setFunction(MM::ThermalStorage::Functions::u_T, KOR::LinearSpline(x, y));
+    const QString path = setting.home.filePath("user/long_1.m6");
+    QDir().mkpath(setting.home.filePath("user"));
+    material.write(path.toStdString());
+    setting.database = std::make_shared<HygMaterialDB>(
+        HygThreadMaterialDBUpdater::Places{setting.home.filePath("built in"), setting.home.filePath("user"),
+                                           setting.home.filePath("cache")},
+        "en");
+    for (auto _ : state) {
+        double last = threadTime();
+        const auto step = [&](const char * name) {
+            state.counters[name] = threadTime() - last;
+            QTest::qWait(300); // checks and pictures of the step
+            last = threadTime();
+        };
+        MM::Material copy = material;
+        HygMaterialEditor editor(*setting.database, std::move(copy));
+        editor.show();
+        auto & page = *editor.findChild<HygMaterialFunctionPage *>();
+        step("open");
+        page.showFunction("u(T)");
+        step("choose");
+        auto & table = *editor.findChild<QTableView *>("pointTable");
+        auto & points = static_cast<HygMaterialPointModel &>(*table.model());
+        points.setData(points.index(POINTS / 2, 1), "100000");
+        step("cell");
+        points.insertAfter(POINTS / 3);
+        step("insert");
+        points.movePoint(POINTS / 4, points.spline().x()[POINTS / 4], 1, 1e-3, 1e-3, "drag");
+        step("drag");
+        const QString text = points.text();
+        step("copy");
+        points.setText(text.left(text.size() - 20));
+        step("paste");
+        editor.document().undoStack().undo();
+        step("undo");
+        editor.document().save(path);
+        step("save");
+    }
+}
+BENCHMARK(longTableEdited)->Unit(benchmark::kMillisecond)->Iterations(1);
 
 } // namespace

@@ -1,8 +1,10 @@
 #include "construction/HygAssignPanel.h"
 
+#include "HygIconEngine.h"
 #include "construction/HygConstructionCanvas.h"
 
 #include <HYGRION/GridEdit.h>
+#include <QtExt/Palette.h>
 
 #include <QBoxLayout>
 #include <QButtonGroup>
@@ -79,6 +81,14 @@ protected:
         return dragged;
     }
 };
+
+/// A material of the project whose file is missing or broken.
+void markUnusable(QTreeWidgetItem & item, const QString & problem) {
+    if (problem.isEmpty())
+        return;
+    item.setIcon(0, HygIconEngine::icon(QStringLiteral("error"), QtExt::Palette::color(QtExt::Palette::ERROR_TEXT)));
+    item.setToolTip(0, problem);
+}
 
 } // namespace
 
@@ -192,7 +202,8 @@ void HygAssignPanel::updateDefinitions() {
         if (type == type_t::Material) {
             for (const HygMaterialOffer::Entry & entry : m_materials)
                 if (entry.isInProject)
-                    add(group, type, entry.reference.m_name, HygMaterialOffer::swatch(entry.reference));
+                    markUnusable(*add(group, type, entry.reference.m_name, HygMaterialOffer::swatch(entry.reference)),
+                                 m_canvas.scene().problemOf(group->childCount() - 1));
         } else {
             Assignment probe;
             probe.m_type = type;
@@ -220,6 +231,18 @@ void HygAssignPanel::updateDefinitions() {
         m_tree->setCurrentItem(found);
     filter();
     updateSelection();
+}
+
+void HygAssignPanel::updateProblems() {
+    QTreeWidgetItem * materials = m_tree->topLevelItem(0);
+    for (int n = 0; materials != nullptr && n < materials->childCount(); ++n) {
+        QTreeWidgetItem & item = *materials->child(n);
+        const auto entry = static_cast<std::size_t>(n);
+        if (entry < m_materials.size())
+            item.setIcon(0, HygMaterialOffer::swatch(m_materials[entry].reference));
+        item.setToolTip(0, QString());
+        markUnusable(item, m_canvas.scene().problemOf(n));
+    }
 }
 
 void HygAssignPanel::filter() {

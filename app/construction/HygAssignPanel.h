@@ -25,6 +25,8 @@ public:
 
     /// The project, or what the offer holds, has changed.
     void updateDefinitions();
+    /// Marks the materials whose files cannot be used, as the scene tells.
+    void updateProblems();
     /// The selection has changed.
     void updateSelection();
     /// Makes a definition or material the current entry.

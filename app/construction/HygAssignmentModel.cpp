@@ -1,6 +1,11 @@
 #include "construction/HygAssignmentModel.h"
 
+#include "HygIconEngine.h"
 #include "construction/HygMaterialOffer.h"
+
+#include <QtExt/Palette.h>
+
+#include <algorithm>
 
 namespace {
 
@@ -37,6 +42,16 @@ const Assignment & HygAssignmentModel::assignment(int row) const {
     return m_scene.project->m_assignments.m_list[static_cast<std::size_t>(row)];
 }
 
+std::optional<std::size_t> HygAssignmentModel::unusableMaterial(int row) const {
+    const Assignment & shown = assignment(row);
+    if (m_scene.problemOf(shown).isEmpty())
+        return std::nullopt;
+    const auto & materials = m_scene.project->m_materials;
+    const auto found = std::find_if(materials.begin(), materials.end(),
+                                    [&](const auto & material) { return material.m_name == shown.m_reference; });
+    return static_cast<std::size_t>(found - materials.begin());
+}
+
 int HygAssignmentModel::rowCount(const QModelIndex & parent) const {
     return parent.isValid() ? 0 : m_count;
 }
@@ -53,6 +68,14 @@ QVariant HygAssignmentModel::data(const QModelIndex & index, int role) const {
     const int column = index.column();
     if (role == Qt::TextAlignmentRole && isEnd(column))
         return int(Qt::AlignRight | Qt::AlignVCenter);
+    if (column == DefinitionColumn &&
+        (role == Qt::DecorationRole || role == Qt::ToolTipRole || role == Qt::ForegroundRole))
+        if (const QString problem = m_scene.problemOf(shown); !problem.isEmpty())
+            return role == Qt::ToolTipRole ? QVariant(tr("%1\nDouble-click to choose another file.").arg(problem))
+                   : role == Qt::ForegroundRole
+                       ? QVariant(QtExt::Palette::color(QtExt::Palette::ERROR_TEXT))
+                       : QVariant(HygIconEngine::icon(QStringLiteral("error"),
+                                                      QtExt::Palette::color(QtExt::Palette::ERROR_TEXT)));
     if (role == Qt::DecorationRole && column == DefinitionColumn) {
         const QColor colour = m_scene.colourOf(shown.m_type, shown.m_reference);
         return colour;

@@ -4,6 +4,8 @@
 
 #include <QAbstractTableModel>
 
+#include <optional>
+
 /// All assignments, a row each, in their order. Columns, rows and planes count from 1 as the user sees them; another
 /// range is only asked for, by changeRequested().
 class HygAssignmentModel : public QAbstractTableModel {
@@ -25,6 +27,8 @@ public:
 
     explicit HygAssignmentModel(const HygConstructionScene & scene, QObject * parent = nullptr);
 
+    /// The material of the project whose file cannot be used, by a row's definition; nothing for others.
+    std::optional<std::size_t> unusableMaterial(int row) const;
     /// Reads the assignments of the scene's project anew.
     void update();
 

@@ -61,7 +61,12 @@ HygAssignmentPanel::HygAssignmentPanel(HygConstructionEditor & editor, HygConstr
     connect(m_find, &QToolButton::clicked, this, &HygAssignmentPanel::find);
     connect(m_remove, &QToolButton::clicked, this, &HygAssignmentPanel::remove);
     connect(m_table, &QTableView::doubleClicked, this, [this](const QModelIndex & index) {
-        if ((m_proxy->flags(index) & Qt::ItemIsEditable) == 0)
+        const auto unusable = index.column() == HygAssignmentModel::DefinitionColumn
+                                  ? m_model->unusableMaterial(m_proxy->mapToSource(index).row())
+                                  : std::nullopt;
+        if (unusable)
+            emit replaceRequested(*unusable);
+        else if ((m_proxy->flags(index) & Qt::ItemIsEditable) == 0)
             find();
     });
     retranslate();

@@ -22,6 +22,8 @@ public:
     void choose(const std::vector<std::size_t> & indices);
 
 signals:
+    /// The user wants another file for a material of the project.
+    void replaceRequested(std::size_t material);
     /// The plane in which the drawing has to be for what was looked for.
     void planeRequested(int plane);
 

@@ -111,6 +111,20 @@ QColor HygConstructionScene::colourOf(type_t type, const std::string & name) con
     return colour;
 }
 
+QString HygConstructionScene::problemOf(std::int32_t material) const {
+    const auto index = static_cast<std::size_t>(material);
+    return material >= 0 && index < materialProblems.size() ? materialProblems[index] : QString();
+}
+
+QString HygConstructionScene::problemOf(const Assignment & assignment) const {
+    if (assignment.m_type != type_t::Material || materialProblems.empty())
+        return {};
+    const auto & materials = project->m_materials;
+    const auto found = std::find_if(materials.begin(), materials.end(),
+                                    [&](const auto & material) { return material.m_name == assignment.m_reference; });
+    return problemOf(found == materials.end() ? -1 : static_cast<std::int32_t>(found - materials.begin()));
+}
+
 HygConstructionScene::overlay_t HygConstructionScene::overlayOf(type_t type) {
     constexpr overlay_t OVERLAYS[] = {MaterialNames,   Interfaces,        InitialConditions,
                                       FieldConditions, ContactConditions, Outputs};
@@ -169,6 +183,8 @@ QString HygConstructionScene::cardOf(std::uint32_t i, std::uint32_t j) const {
         const QString colour = colourOf(assignment.m_type, assignment.m_reference).name();
         rows +=
             row(typeName(assignment.m_type), QStringLiteral("<span style='color:%1'>■</span> %2").arg(colour, what));
+        if (const QString problem = problemOf(assignment); !problem.isEmpty())
+            rows += row(QStringLiteral("⚠"), problem.toHtmlEscaped());
     }
     if (!hasMaterial)
         rows += row(typeName(type_t::Material), tr("none"));

@@ -42,6 +42,7 @@ public:
     HygGridSelection selection;
     std::vector<HYGRION::Range> highlighted; ///< what a table or list points to
     std::vector<Mark> marks;
+    std::vector<QString> materialProblems; ///< why a material's file cannot be used, by its index; empty: it can
     std::array<bool, NUM_OVERLAYS> overlays{true, true, true, false, false, false};
     bool hasGridLines = true;
     bool isEquidistant = false;
@@ -72,6 +73,10 @@ public:
     static QColor definitionColour(HYGRION::Assignment::type_t type, std::size_t index);
     /// The overlay that shows assignments of a type.
     static overlay_t overlayOf(HYGRION::Assignment::type_t type);
+
+    /// Why the file of a material cannot be used; empty if it can, and for indices of none.
+    QString problemOf(std::int32_t material) const;
+    QString problemOf(const HYGRION::Assignment & assignment) const;
 
     /// "115 mm", rounded as a length is measured.
     QString lengthText(double metres) const;

@@ -14,6 +14,8 @@
 #include "construction/HygMaterialOffer.h"
 #include "construction/HygNewLayerDialog.h"
 #include "document/HygProjectHandler.h"
+#include "materials/HygProjectMaterialFiles.h"
+#include "materials/HygProjectMaterialsWidget.h"
 #include "undo/HygModification.h"
 #include "views/HygChipButton.h"
 #include "views/HygMessageBar.h"
@@ -34,6 +36,7 @@
 #include <QSplitter>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QTableView>
 #include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
@@ -164,9 +167,9 @@ const HygConstructionView::ActionRow HygConstructionView::ACTIONS[] = {
 // clang-format on
 
 HygConstructionView::HygConstructionView(HygProjectHandler * projects, QWidget * parent)
-    : QWidget(parent), m_projects(*projects), m_editor(new HygConstructionEditor(*projects, this)),
-      m_canvas(new HygConstructionCanvas(this)), m_offer(new HygMaterialOffer(this)),
-      m_assignPanel(new HygAssignPanel(*m_editor, *m_canvas, *m_offer, this)),
+    : QWidget(parent), m_projects(*projects), m_files(HygProjectMaterialFiles::of(*projects)),
+      m_editor(new HygConstructionEditor(*projects, this)), m_canvas(new HygConstructionCanvas(this)),
+      m_offer(new HygMaterialOffer(this)), m_assignPanel(new HygAssignPanel(*m_editor, *m_canvas, *m_offer, this)),
       m_layerPanel(new HygLayerPanel(*m_editor, *m_canvas, *m_offer, this)),
       m_assignmentPanel(new HygAssignmentPanel(*m_editor, *m_canvas, this)), m_hintBar(new HygHintBar(*m_editor, this)),
       m_hintTimer(new QTimer(this)), m_start(new HygConstructionStart(m_canvas)), m_tools(new QToolBar(this)),
@@ -352,6 +355,8 @@ void HygConstructionView::setUpCanvas() {
         m_canvas->select(hint.ranges);
         m_panels->setCurrentWidget(m_assignPanel);
     });
+    connect(m_assignmentPanel, &HygAssignmentPanel::replaceRequested, this, &HygConstructionView::replaceMaterial);
+    connect(&m_files, &HygProjectMaterialFiles::changed, this, &HygConstructionView::updateProblems);
     connect(m_assignmentPanel, &HygAssignmentPanel::planeRequested, m_planeSlider, &QSlider::setValue);
     connect(m_start, &HygConstructionStart::layerRequested, this, &HygConstructionView::addLayer);
     connect(m_start, &HygConstructionStart::detailRequested, this, &HygConstructionView::startDetail);
@@ -428,6 +433,7 @@ void HygConstructionView::updateScene(bool isNewProject) {
     }
     action("equidistant").setChecked(scene.isEquidistant);
     action("gridLines").setChecked(scene.hasGridLines);
+    scene.materialProblems = m_files.problems();
     m_canvas->sceneChanged(isNewProject);
     m_layerPanel->updateLayers();
     m_assignPanel->updateDefinitions();
@@ -443,6 +449,28 @@ void HygConstructionView::updateScene(bool isNewProject) {
     m_planeLabel->setVisible(planes > 1);
     updateActions();
     updateSummary();
+}
+
+void HygConstructionView::updateProblems() {
+    HygConstructionScene & scene = m_canvas->scene();
+    std::vector<QString> problems = m_files.problems();
+    if (m_isOutdated || scene.project == nullptr || problems == scene.materialProblems)
+        return;
+    scene.materialProblems = std::move(problems);
+    ++scene.version;
+    m_canvas->viewport()->update();
+    m_assignPanel->updateProblems();
+    for (QTableView * table : m_panels->findChildren<QTableView *>())
+        table->viewport()->update();
+}
+
+void HygConstructionView::replaceMaterial(std::size_t index) {
+    try {
+        HygProjectMaterialsWidget::chooseOther(m_projects, index, this);
+    } catch (const KOR::Exception & ex) {
+        ex.report();
+        m_message->showMessage(QString::fromUtf8(ex.what()));
+    }
 }
 
 void HygConstructionView::updateActions() {

@@ -20,6 +20,7 @@ class HygLayerPanel;
 class HygMaterialOffer;
 class HygMessageBar;
 class HygProjectHandler;
+class HygProjectMaterialFiles;
 class QLabel;
 class QSlider;
 class QSplitter;
@@ -59,6 +60,9 @@ private:
     void updateActions();
     void updateSummary();
     void updateHints();
+    /// Shows what is known of the files of the materials.
+    void updateProblems();
+    void replaceMaterial(std::size_t index);
     void projectModified(int code, void * data);
     QAction & action(const char * name) const;
 
@@ -80,6 +84,7 @@ private:
     void setPlane(int plane);
 
     HygProjectHandler & m_projects;
+    HygProjectMaterialFiles & m_files;
     HygConstructionEditor * m_editor;
     HygConstructionCanvas * m_canvas;
     HygMaterialOffer * m_offer;

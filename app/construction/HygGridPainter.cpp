@@ -74,8 +74,13 @@ void HygGridPainter::paint(QPainter & painter, const HygConstructionScene & scen
 
 void HygGridPainter::prepareTiles(const HygConstructionScene & scene, double ratio, const QPalette & palette) {
     m_tiles.clear();
-    for (const HYGRION::MaterialReference & material : scene.project->m_materials)
-        m_tiles.push_back(HygHatching::tile(QColor(material.m_color.rgb()), material.m_hatchCode, ratio));
+    for (std::size_t n = 0; n < scene.project->m_materials.size(); ++n) {
+        const HYGRION::MaterialReference & material = scene.project->m_materials[n];
+        const QColor colour(material.m_color.rgb());
+        m_tiles.push_back(scene.problemOf(static_cast<std::int32_t>(n)).isEmpty()
+                              ? HygHatching::tile(colour, material.m_hatchCode, ratio)
+                              : HygHatching::unusableTile(colour, ratio));
+    }
     m_tiles.push_back(HygHatching::emptyTile(QtExt::Palette::color(QtExt::Palette::ERROR_BASE),
                                              QtExt::Palette::color(QtExt::Palette::ERROR_TEXT), ratio));
     m_tiles.push_back(HygHatching::emptyTile(palette.color(QPalette::Base),
@@ -213,7 +218,9 @@ void HygGridPainter::drawNames(QPainter & painter, const HygConstructionScene & 
         const bool isKnown = material >= 0;
         if (isKnown && scene.project->m_materials[static_cast<std::size_t>(material)].m_name != assignment.m_reference)
             continue;
-        const QString name = QString::fromStdString(assignment.m_reference);
+        const bool isUsable = scene.problemOf(material).isEmpty();
+        const QString name =
+            (isUsable ? QString() : QStringLiteral("⚠ ")) + QString::fromStdString(assignment.m_reference);
         const double wanted = metrics.horizontalAdvance(name) + 12;
         const bool isTurned = wanted > area.width() && area.height() > area.width();
         const double room = (isTurned ? area.height() : area.width()) - 4;
@@ -226,9 +233,11 @@ void HygGridPainter::drawNames(QPainter & painter, const HygConstructionScene & 
         painter.translate(area.center());
         if (isTurned)
             painter.rotate(-90);
-        QColor ground = isKnown ? QColor(scene.project->m_materials[static_cast<std::size_t>(material)].m_color.rgb())
-                                : QtExt::Palette::color(QtExt::Palette::ERROR_BASE);
-        const QColor ink = isKnown ? HygHatching::contrast(ground) : QtExt::Palette::color(QtExt::Palette::ERROR_TEXT);
+        QColor ground = isKnown && isUsable
+                            ? QColor(scene.project->m_materials[static_cast<std::size_t>(material)].m_color.rgb())
+                            : QtExt::Palette::color(QtExt::Palette::ERROR_BASE);
+        const QColor ink =
+            isKnown && isUsable ? HygHatching::contrast(ground) : QtExt::Palette::color(QtExt::Palette::ERROR_TEXT);
         ground.setAlphaF(0.86);
         painter.setPen(Qt::NoPen);
         painter.setBrush(ground);

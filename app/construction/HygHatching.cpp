@@ -108,6 +108,21 @@ QImage HygHatching::emptyTile(const QColor & ground, const QColor & line, double
     return image;
 }
 
+QImage HygHatching::unusableTile(const QColor & colour, double ratio) {
+    QImage image = plain(QColor(colour.rgb()), ratio);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(image.width() / static_cast<double>(TILE), image.height() / static_cast<double>(TILE));
+    constexpr QRgb RED = 0xd03030;
+    for (const auto & [ink, width] : {std::pair(contrast(colour), 6.0), std::pair(QColor(RED), 4.0)}) {
+        painter.setPen(QPen(ink, width, Qt::SolidLine, Qt::SquareCap));
+        // Once more beside itself, so that the band goes through the corners.
+        for (const int shift : {-TILE, 0, TILE})
+            painter.drawLine(QPointF(shift - TILE, 2 * TILE), QPointF(shift + 2 * TILE, -TILE));
+    }
+    return image;
+}
+
 QColor HygHatching::contrast(const QColor & ground) {
     // Perceived lightness after the weights of sRGB luminance.
     const double light = 0.2126 * ground.redF() + 0.7152 * ground.greenF() + 0.0722 * ground.blueF();

@@ -15,6 +15,9 @@ QImage tile(const QColor & colour, int code, double ratio);
 /// The tile of cells without material: light crosses on the ground of the drawing.
 QImage emptyTile(const QColor & ground, const QColor & line, double ratio);
 
+/// The tile of a material whose file cannot be used: bands in the colour of errors across its own colour.
+QImage unusableTile(const QColor & colour, double ratio);
+
 /// A colour for lines and text that can be read on another one.
 QColor contrast(const QColor & ground);
 

@@ -1,5 +1,6 @@
 #include "construction/HygLayerModel.h"
 
+#include "HygIconEngine.h"
 #include "construction/HygMaterialOffer.h"
 
 #include <QtExt/Palette.h>
@@ -37,6 +38,13 @@ QVariant HygLayerModel::data(const QModelIndex & index, int role) const {
         return int(Qt::AlignRight | Qt::AlignVCenter);
     switch (index.column()) {
     case MaterialColumn: {
+        const QString problem = m_scene.problemOf(layer.material);
+        if (!problem.isEmpty() && role == Qt::DecorationRole)
+            return HygIconEngine::icon(QStringLiteral("error"), QtExt::Palette::color(QtExt::Palette::ERROR_TEXT));
+        if (!problem.isEmpty() && role == Qt::ForegroundRole)
+            return QtExt::Palette::color(QtExt::Palette::ERROR_TEXT);
+        if (!problem.isEmpty() && role == Qt::ToolTipRole)
+            return tr("%1\nDouble-click to choose another material.").arg(problem);
         if (role == Qt::DecorationRole && isKnown)
             return HygMaterialOffer::swatch(materials[static_cast<std::size_t>(layer.material)]);
         if (role == Qt::ForegroundRole && !isKnown)

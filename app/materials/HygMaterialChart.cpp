@@ -8,6 +8,7 @@
 #include <QComboBox>
 #include <QEvent>
 #include <QLabel>
+#include <QSignalBlocker>
 #include <QStandardItemModel>
 
 using namespace HygMaterialCurves;
@@ -38,25 +39,36 @@ void HygMaterialChart::setMaterials(std::vector<Material> materials) {
     if (materials == m_materials)
         return;
     m_materials = std::move(materials);
+    m_curve = m_wanted;
+    for (int curve = 0; curve < NUM_CURVES && !isThere(m_curve); ++curve)
+        m_curve = static_cast<curve_t>(curve);
+    if (!isThere(m_curve)) // a material without any
+        m_curve = m_wanted;
     updateChoice();
     draw();
 }
 
 void HygMaterialChart::setCurve(curve_t curve) {
+    m_wanted = curve;
     if (curve == m_curve)
         return;
     m_curve = curve;
-    m_choice->setCurrentIndex(curve);
+    updateChoice();
     draw();
+}
+
+bool HygMaterialChart::isThere(curve_t curve) const {
+    return m_materials.empty() || std::any_of(m_materials.begin(), m_materials.end(), [&](const Material & shown) {
+               return !directions(curve, *shown.material).empty();
+           });
 }
 
 void HygMaterialChart::updateChoice() {
     auto & items = static_cast<QStandardItemModel &>(*m_choice->model());
     for (int curve = 0; curve < NUM_CURVES; ++curve)
-        items.item(curve)->setEnabled(m_materials.empty() ||
-                                      std::any_of(m_materials.begin(), m_materials.end(), [&](const Material & shown) {
-                                          return !directions(static_cast<curve_t>(curve), *shown.material).empty();
-                                      }));
+        items.item(curve)->setEnabled(isThere(static_cast<curve_t>(curve)));
+    const QSignalBlocker blocker(m_choice);
+    m_choice->setCurrentIndex(m_curve);
 }
 
 void HygMaterialChart::draw() {
@@ -77,7 +89,7 @@ void HygMaterialChart::draw() {
             m_chart->addLine(model(m_curve, shown.material, direction), style);
         }
     }
-    m_chart->showAll();
+    m_chart->resetView();
     m_missing->setText(missing.isEmpty() ? QString()
                                          : tr("Without this function: %1").arg(missing.join(QStringLiteral(", "))));
     m_missing->setVisible(!missing.isEmpty());

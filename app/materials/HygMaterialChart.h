@@ -23,6 +23,7 @@ public:
 
     explicit HygMaterialChart(QWidget * parent = nullptr);
 
+    /// Shows the function that was chosen, or the first one there is.
     void setMaterials(std::vector<Material> materials);
     HygMaterialCurves::curve_t curve() const { return m_curve; }
     void setCurve(HygMaterialCurves::curve_t curve);
@@ -33,6 +34,7 @@ protected:
 
 private:
     void draw();
+    bool isThere(HygMaterialCurves::curve_t curve) const;
     void updateChoice();
     void retranslate();
 
@@ -41,4 +43,5 @@ private:
     QLabel * m_missing; ///< names the materials that do not have the function
     std::vector<Material> m_materials;
     HygMaterialCurves::curve_t m_curve = HygMaterialCurves::StorageRH;
+    HygMaterialCurves::curve_t m_wanted = HygMaterialCurves::StorageRH; ///< shown where any of the materials has it
 };

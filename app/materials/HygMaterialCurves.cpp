@@ -72,6 +72,11 @@ bool letsAirPass(const Material & material, int direction) {
 bool storesHeat(const Material & material, int direction) {
     return direction == 0 && material.m_thermalStorage.density() > 0;
 }
+bool isAdaptive(const Material & material, int direction) {
+    using Foil = MM::VaporContactResistanceModel::Functions;
+    return direction == 0 && (material.m_vaporContactResistance.has(Foil::sdPos_rh) ||
+                              material.m_vaporContactResistance.has(Foil::sdNeg_rh));
+}
 
 // clang-format off
 constexpr Row ROWS[] = {
@@ -97,6 +102,10 @@ constexpr Row ROWS[] = {
      letsAirPass, zero, saturation, "Kg"},
     {QT_TRANSLATE_NOOP("HygMaterialCurves", "Thermal storage"), QT_TRANSLATE_NOOP("HygMaterialCurves", "Temperature"), "K", "C", QT_TRANSLATE_NOOP("HygMaterialCurves", "Specific energy"), "J/kg", SCI::LINEAR,
      storesHeat, coldest, hottest, "u(T)"},
+    {QT_TRANSLATE_NOOP("HygMaterialCurves", "Vapour resistance of a foil, positive direction"), QT_TRANSLATE_NOOP("HygMaterialCurves", "Relative humidity"), "---", "%", QT_TRANSLATE_NOOP("HygMaterialCurves", "Equivalent air layer"), "m", SCI::LINEAR,
+     isAdaptive, zero, one, "sd+(rh)"},
+    {QT_TRANSLATE_NOOP("HygMaterialCurves", "Vapour resistance of a foil, negative direction"), QT_TRANSLATE_NOOP("HygMaterialCurves", "Relative humidity"), "---", "%", QT_TRANSLATE_NOOP("HygMaterialCurves", "Equivalent air layer"), "m", SCI::LINEAR,
+     isAdaptive, zero, one, "sd-(rh)"},
 };
 // clang-format on
 static_assert(std::size(ROWS) == NUM_CURVES, "curve table and enumeration disagree");

@@ -27,6 +27,8 @@ enum curve_t {
     ConductivityIce,
     AirPermeability,
     ThermalStorage,
+    FoilForward,
+    FoilBackward,
     NUM_CURVES
 };
 

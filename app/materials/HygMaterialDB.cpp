@@ -1,6 +1,7 @@
 #include "materials/HygMaterialDB.h"
 
 #include "HygSettings.h"
+#include "document/HygBackground.h"
 #include "materials/HygMaterialTexts.h"
 
 #include <MM/Material.h>
@@ -148,22 +149,54 @@ QString HygMaterialDB::newPath(const QString & name, unsigned int id) const {
     return m_places.user + QStringLiteral("/%1_%2.m6").arg(stem).arg(id);
 }
 
+QString HygMaterialDB::copyEnding(int number, bool isGerman) {
+    const QString word = isGerman ? QStringLiteral("Kopie") : QStringLiteral("copy");
+    return number == 1 ? QStringLiteral(" (%1)").arg(word) : QStringLiteral(" (%1 %2)").arg(word).arg(number);
+}
+
 QString HygMaterialDB::copyToUser(const QString & path) {
-    try {
+    struct Copy {
+        std::string written;
+        std::vector<QString> names;
+    };
+    const auto copy = std::make_shared<Copy>();
+    const QString stem = QFileInfo(path).completeBaseName().remove(QRegularExpression(QStringLiteral("_\\d+$")));
+    const unsigned int id = freeId();
+    std::set<QString> taken = m_copied;
+    for (int row = 0; row < m_model.rowCount(); ++row)
+        for (const auto & [language, text] : m_model.entry(row).name.texts())
+            taken.insert(QString::fromStdString(text));
+    const auto work = [copy, path, id, taken, directory = m_places.user, target = newPath(stem, id)] {
+        static const QRegularExpression ENDING(QStringLiteral(" \\((copy|Kopie)( \\d+)?\\)$"));
         MM::Material material;
         material.read(path.toStdString());
-        material.m_id = freeId();
+        material.m_id = id;
         KOR::LangString & name = material.m_identification.m_name;
         const auto texts = name.texts();
+        // Names that nobody could tell apart would be mistaken for one another.
+        for (int number = 1; copy->names.empty(); ++number) {
+            for (const auto & [language, text] : texts)
+                copy->names.push_back(QString::fromStdString(text).remove(ENDING) +
+                                      copyEnding(number, language == "de"));
+            if (std::any_of(copy->names.begin(), copy->names.end(),
+                            [&](const QString & made) { return taken.count(made) > 0; }))
+                copy->names.clear();
+            else if (copy->names.empty())
+                break;
+        }
+        std::size_t i = 0;
         for (const auto & [language, text] : texts)
-            name.set(language, text + (language == "de" ? " (Kopie)" : " (copy)"));
-        KOR::Path(m_places.user.toStdString()).makePath();
-        const QString stem = QFileInfo(path).completeBaseName().remove(QRegularExpression(QStringLiteral("_\\d+$")));
-        const QString target = QString::fromStdString(material.write(newPath(stem, material.m_id).toStdString()));
-        rescan();
-        return target;
+            name.set(language, copy->names[i++].toStdString());
+        KOR::Path(directory.toStdString()).makePath();
+        copy->written = material.write(target.toStdString());
+    };
+    try {
+        HygBackground::run(tr("Copying the material"), work);
     } catch (const KOR::Exception & ex) {
         throw KOR::Exception(ex, KOR::text("Cannot copy material '%1'.", path.toStdString()),
                              "[HygMaterialDB::copyToUser]");
     }
+    m_copied.insert(copy->names.begin(), copy->names.end());
+    rescan();
+    return QString::fromStdString(copy->written);
 }

@@ -7,6 +7,8 @@
 #include <QObject>
 #include <QTimer>
 
+#include <set>
+
 /// The material database of the program: both directories, kept up to date while anybody uses it. All widgets share one.
 class HygMaterialDB : public QObject {
     Q_OBJECT
@@ -37,9 +39,12 @@ public:
 
     /// An ID that no file of the database has.
     unsigned int freeId() const;
-    /// Copies a material into the user's directory, under a new ID and a name that says so. \return its path
+    /// Copies a material into the user's directory, under a new ID and a name that says so; the window waits for it.
+    /// \return its path
     /// Throws ("[HygMaterialDB::copyToUser]") "Cannot copy material '%1'.".
     QString copyToUser(const QString & path);
+    /// The ending for the names of a copy, "(copy 2)", with which no material has them. \param isGerman "(Kopie 2)"
+    static QString copyEnding(int number, bool isGerman);
     /// Path for a new material in the user's directory, made from its name.
     QString newPath(const QString & name, unsigned int id) const;
 
@@ -62,5 +67,6 @@ private:
     QFileSystemWatcher m_watcher;
     QTimer m_changeTimer; ///< several changes in a row are one
     QStringList m_favourites;
+    std::set<QString> m_copied; ///< names of copies that the scan may not have found yet
     bool m_isStarted = false;
 };

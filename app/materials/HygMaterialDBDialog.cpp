@@ -30,7 +30,8 @@ QString HygMaterialDBDialog::path() const {
     return selected.contains(m_widget->currentPath()) ? m_widget->currentPath() : QString();
 }
 
-QString HygMaterialDBDialog::choose(const QString & title, QWidget * parent) {
+QString HygMaterialDBDialog::choose(const QString & title, QWidget * parent, const QString & search) {
     HygMaterialDBDialog dialog(HygMaterialDB::shared(), title, parent);
+    dialog.m_widget->setSearch(search);
     return dialog.exec() == QDialog::Accepted ? dialog.path() : QString();
 }

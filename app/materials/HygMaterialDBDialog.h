@@ -16,8 +16,8 @@ public:
     /// The file that was chosen.
     QString path() const;
 
-    /// Empty if none was chosen.
-    static QString choose(const QString & title, QWidget * parent);
+    /// Empty if none was chosen. \param search to begin with
+    static QString choose(const QString & title, QWidget * parent, const QString & search = {});
 
 private:
     HygMaterialDBWidget * m_widget;

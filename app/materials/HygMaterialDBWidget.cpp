@@ -200,18 +200,18 @@ QWidget * HygMaterialDBWidget::makeFilters() {
             for (const auto & [button, mark] : m_marks)
                 marks |= button->isChecked() ? mark : 0;
             m_proxy->setMarks(marks);
-            updateCounts();
+            updateFilter();
         });
         layout->addWidget(chip);
         m_marks.emplace_back(chip, row.mark);
     }
     connect(m_search, &QLineEdit::textChanged, this, [this](const QString & text) {
         m_proxy->setSearch(text);
-        updateCounts();
+        updateFilter();
     });
     connect(m_category, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this] {
         m_proxy->setCategory(m_category->currentData().toInt());
-        updateCounts();
+        updateFilter();
     });
     return bar;
 }
@@ -244,7 +244,7 @@ void HygMaterialDBWidget::setUpTable() {
         menu.exec(m_table->viewport()->mapToGlobal(place));
     });
     connect(m_table, &QTableView::doubleClicked, this, [this](const QModelIndex & index) {
-        if (index.data(Model::ProblemRole).toString().isEmpty())
+        if (index.isValid() && index.data(Model::ProblemRole).toString().isEmpty())
             emit activated(index.data(Model::PathRole).toString());
     });
     m_empty->setObjectName(QStringLiteral("materialEmpty"));
@@ -326,10 +326,39 @@ QString HygMaterialDBWidget::currentPath() const {
     return m_table->currentIndex().data(Model::PathRole).toString();
 }
 
+void HygMaterialDBWidget::setSearch(const QString & text) {
+    m_search->setText(text);
+    m_isSearchGiven = true;
+    dropUselessSearch();
+}
+
+void HygMaterialDBWidget::dropUselessSearch() {
+    if (!m_isSearchGiven || m_database->model().rowCount() == 0)
+        return;
+    m_isSearchGiven = false;
+    if (m_proxy->rowCount() == 0)
+        m_search->clear();
+}
+
+void HygMaterialDBWidget::updateFilter() {
+    updateCounts();
+    if (m_proxy->rowCount() == 0)
+        return;
+    // What is chosen is always to be seen; else it is the first hit.
+    if (m_table->selectionModel()->isRowSelected(m_table->currentIndex().row(), {}))
+        m_table->scrollTo(m_table->currentIndex());
+    else
+        m_table->selectionModel()->setCurrentIndex(m_proxy->index(0, Model::NameColumn),
+                                                   QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
 void HygMaterialDBWidget::setCurrentPath(const QString & path) {
     const int row = m_database->model().rowOf(path);
-    if (row < 0)
+    if (row < 0) {
+        if (m_database->isScanning() || m_database->model().rowCount() == 0)
+            selectLater(path);
         return;
+    }
     const QModelIndex index = m_proxy->mapFromSource(m_database->model().index(row, Model::NameColumn));
     if (!index.isValid())
         return;
@@ -365,10 +394,10 @@ void HygMaterialDBWidget::updateScan() {
     const QStringList problems = m_database->problems();
     for (const QString & problem : problems)
         m_messages->showMessage(problem);
+    dropUselessSearch();
     if (!m_awaited.isEmpty() && m_database->model().rowOf(m_awaited) >= 0)
         setCurrentPath(std::exchange(m_awaited, QString()));
-    if (!m_table->currentIndex().isValid() && m_proxy->rowCount() > 0)
-        m_table->setCurrentIndex(m_proxy->index(0, Model::NameColumn));
+    updateFilter();
     m_inspectTimer.start();
 }
 

@@ -30,7 +30,10 @@ public:
 
     /// The file of the current row, empty without one.
     QString currentPath() const;
+    /// As soon as the scan has found it.
     void setCurrentPath(const QString & path);
+    /// Begins with words to look for; they are dropped if nothing fits.
+    void setSearch(const QString & text);
     /// Of all selected rows that can be read.
     QStringList selectedPaths() const;
     const QStringList & comparedPaths() const { return m_compared; }
@@ -60,6 +63,8 @@ private:
     void retranslate();
     void updateIcons();
     void updateCounts();
+    void updateFilter();
+    void dropUselessSearch();
     void updateScan();
     void updateActions();
     void updateInspector();
@@ -85,6 +90,7 @@ private:
     HygMaterialLoader m_loader;
     std::map<QString, HygMaterialLoader::Loaded> m_loaded; ///< what is shown
     QStringList m_compared;
+    bool m_isSearchGiven = false;
     QString m_awaited; ///< path to be selected
     QTimer m_inspectTimer;
 

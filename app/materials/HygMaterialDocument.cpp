@@ -1,5 +1,8 @@
 #include "materials/HygMaterialDocument.h"
 
+#include "document/HygBackground.h"
+#include "materials/HygMaterialFunctions.h"
+
 #include <KOR/Exception.h>
 
 #include <algorithm>
@@ -10,6 +13,24 @@ constexpr int CHECK_MS = 120;
 constexpr std::size_t UNDO_MEMORY = 128u << 20; ///< [bytes]
 constexpr std::size_t FEWEST_STEPS = 10;
 constexpr std::size_t MOST_STEPS = 200;
+constexpr std::size_t PER_POINT = 64; ///< [bytes] of a function: as given, with slopes, and as prepared
+constexpr std::size_t PER_LINE = 96;  ///< [bytes] of measured data
+
+/// Roughly [bytes].
+std::size_t memoryOf(const MM::Material & material) {
+    std::size_t size = sizeof(MM::Material) + PER_LINE * material.m_measuredData.m_lines.size();
+    for (const HygMaterialFunctions::Place & place : HygMaterialFunctions::places(material))
+        size += PER_POINT * HygMaterialFunctions::spline(material, place).size();
+    return size;
+}
+
+/// What the editor edits beside names and flags, whose blanks and order the reader may put right.
+bool holdsTheSame(const MM::Material & a, const MM::Material & b) {
+    return a.m_moistureStorage == b.m_moistureStorage && a.m_thermalStorage == b.m_thermalStorage &&
+           a.m_moistureTransport == b.m_moistureTransport && a.m_thermalTransport == b.m_thermalTransport &&
+           a.m_airTransport == b.m_airTransport && a.m_vaporContactResistance == b.m_vaporContactResistance &&
+           a.m_measuredData == b.m_measuredData;
+}
 
 } // namespace
 
@@ -45,9 +66,8 @@ HygMaterialDocument::HygMaterialDocument(MM::Material material, QObject * parent
     m_checkTimer.setInterval(CHECK_MS);
     connect(&m_checkTimer, &QTimer::timeout, this, &HygMaterialDocument::startCheck);
     // Each step keeps the whole material; of those with long tables there are fewer.
-    constexpr std::size_t COPIES = 8; // points as given and as prepared, slopes and search tables
-    const std::size_t size = m_material->content().size() * COPIES + 1;
-    m_undoStack.setUndoLimit(static_cast<int>(std::clamp(UNDO_MEMORY / size, FEWEST_STEPS, MOST_STEPS)));
+    m_undoStack.setUndoLimit(
+        static_cast<int>(std::clamp(UNDO_MEMORY / memoryOf(*m_material), FEWEST_STEPS, MOST_STEPS)));
     startCheck();
 }
 
@@ -78,14 +98,16 @@ HygMaterialDocument::Checked HygMaterialDocument::check(const MM::Material & mat
         MM::Material read;
         read.readContent(material.content(),
                          material.m_path.empty() ? MM::Material::pathWithId("new", material.m_id) : material.m_path);
+        if (!holdsTheSame(read, material))
+            result.refusal = tr("Functions, models or measured data would not be read as they stand here.");
     } catch (const KOR::Exception & ex) {
         result.refusal = QString::fromStdString(ex.cause());
     }
     auto prepared = std::make_shared<MM::Material>(material);
     try {
         prepared->prepareCalculation();
-    } catch (const KOR::Exception &) {
-        // The findings say what is missing; what could be prepared is shown.
+    } catch (const KOR::Exception & ex) {
+        result.unusable = QString::fromStdString(ex.cause()); // what could be prepared is shown
     }
     result.prepared = std::move(prepared);
     return result;
@@ -114,13 +136,23 @@ void HygMaterialDocument::checkNow() {
 }
 
 void HygMaterialDocument::save(const QString & path) {
-    checkNow();
-    if (!refusal().isEmpty())
-        throw KOR::Exception(KOR::Exception(refusal().toStdString(), "[HygMaterialDocument::save]"),
-                             "The material is not saved, since its file could not be read again.",
-                             "[HygMaterialDocument::save]");
-    MM::Material saved = *m_material;
-    saved.write(path.toStdString());
-    m_material = std::make_shared<const MM::Material>(std::move(saved));
+    m_checkTimer.stop();
+    struct Saved {
+        Checked checked;
+        MM::Material material;
+    };
+    const auto saved = std::make_shared<Saved>(Saved{{}, *m_material});
+    HygBackground::run(tr("Writing the material"), [saved, path] {
+        saved->checked = check(saved->material);
+        const std::string refusal = saved->checked.refusal.toStdString();
+        if (!refusal.empty())
+            throw KOR::Exception(KOR::Exception(refusal, "[HygMaterialDocument::save]"),
+                                 "The material is not saved, since its file could not be read again.",
+                                 "[HygMaterialDocument::save]");
+        saved->material.write(path.toStdString());
+    });
+    m_material = std::make_shared<const MM::Material>(std::move(saved->material));
+    m_checked = std::move(saved->checked);
     m_undoStack.setClean();
+    emit checked();
 }

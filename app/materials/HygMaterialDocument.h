@@ -35,9 +35,12 @@ public:
     const std::vector<MM::Finding> & findings() const { return m_checked.findings; }
     /// Why a file with this content could not be read again; empty if it could.
     const QString & refusal() const { return m_checked.refusal; }
+    /// Why a calculation could not use the material; empty if it could.
+    const QString & unusable() const { return m_checked.unusable; }
     /// Checks at once, in the thread of the caller.
     void checkNow();
-    /// Writes the file and takes its path over. Throws KOR::Exception, also for what could not be read again.
+    /// Writes the file and takes its path over, in another thread while the window waits. Throws KOR::Exception, also
+    /// for what could not be read again.
     void save(const QString & path);
 
 signals:
@@ -50,6 +53,7 @@ private:
     struct Checked {
         std::vector<MM::Finding> findings;
         QString refusal;
+        QString unusable;
         MaterialPtr prepared;
     };
 

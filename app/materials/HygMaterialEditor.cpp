@@ -1,12 +1,16 @@
 #include "materials/HygMaterialEditor.h"
 
 #include "HygIconEngine.h"
+#include "document/HygBackground.h"
 #include "materials/HygMaterialChart.h"
 #include "materials/HygMaterialDB.h"
 #include "materials/HygMaterialFindings.h"
 #include "materials/HygMaterialFunctionPage.h"
 #include "materials/HygMaterialIdentityForm.h"
+#include "materials/HygMaterialMeasuredTable.h"
+#include "materials/HygMaterialModelPage.h"
 #include "materials/HygMaterialParameterForm.h"
+#include "materials/HygMaterialTable.h"
 #include "materials/HygMaterialTexts.h"
 #include "views/HygLogModel.h"
 #include "views/HygMessageBar.h"
@@ -47,9 +51,11 @@ HygMaterialEditor::HygMaterialEditor(HygMaterialDB & database, MM::Material mate
       m_messages(new HygMessageBar(this)), m_lock(new QLabel(this)), m_pages(new QTabWidget(this)),
       m_identity(new HygMaterialIdentityForm(m_document, this)),
       m_parameters(new HygMaterialParameterForm(m_document, this)),
-      m_functions(new HygMaterialFunctionPage(m_document, this)), m_curves(new HygMaterialChart(this)),
-      m_findingsTitle(new QLabel(this)), m_findings(new QListWidget(this)), m_undo(new QToolButton(this)),
-      m_redo(new QToolButton(this)),
+      m_functions(new HygMaterialFunctionPage(m_document, this)), m_models(new HygMaterialModelPage(m_document, this)),
+      m_measured(new HygMaterialMeasuredTable(m_document, this)),
+      m_measuredTable(new HygMaterialTable(*m_measured, QStringLiteral("measuredTable"), this)),
+      m_curves(new HygMaterialChart(this)), m_findingsTitle(new QLabel(this)), m_findings(new QListWidget(this)),
+      m_undo(new QToolButton(this)), m_redo(new QToolButton(this)),
       m_buttons(new QDialogButtonBox(QDialogButtonBox::Save | QDialogButtonBox::Close, this)) {
     setObjectName(QStringLiteral("materialEditor"));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
@@ -58,6 +64,9 @@ HygMaterialEditor::HygMaterialEditor(HygMaterialDB & database, MM::Material mate
     connect(&m_document, &HygMaterialDocument::changed, this, &HygMaterialEditor::updateTitle);
     connect(&m_document.undoStack(), &QUndoStack::cleanChanged, this, &HygMaterialEditor::updateTitle);
     connect(m_functions, &HygMaterialFunctionPage::refused, m_messages, &HygMessageBar::showMessage);
+    connect(m_models, &HygMaterialModelPage::refused, m_messages, &HygMessageBar::showMessage);
+    connect(m_measured, &HygMaterialMeasuredTable::refused, m_messages, &HygMessageBar::showMessage);
+    connect(m_measuredTable, &HygMaterialTable::refused, m_messages, &HygMessageBar::showMessage);
     retranslate();
     showFindings();
     resize(WIDTH, HEIGHT);
@@ -67,8 +76,9 @@ HygMaterialEditor::~HygMaterialEditor() = default;
 
 void HygMaterialEditor::setUp() {
     m_pages->setObjectName(QStringLiteral("materialPages"));
-    for (QWidget * page : {static_cast<QWidget *>(m_identity), static_cast<QWidget *>(m_parameters),
-                           static_cast<QWidget *>(m_functions), static_cast<QWidget *>(m_curves)})
+    for (QWidget * page :
+         {static_cast<QWidget *>(m_identity), static_cast<QWidget *>(m_parameters), static_cast<QWidget *>(m_functions),
+          static_cast<QWidget *>(m_models), static_cast<QWidget *>(m_measuredTable), static_cast<QWidget *>(m_curves)})
         m_pages->addTab(page, QString());
     connect(m_pages, &QTabWidget::currentChanged, this, &HygMaterialEditor::showCurves);
     m_lock->setObjectName(QStringLiteral("materialLock"));
@@ -140,9 +150,9 @@ QString HygMaterialEditor::edit(HygMaterialDB & database, const QString & path, 
         if (answer == QMessageBox::Yes)
             edited = database.copyToUser(path);
     }
-    MM::Material material;
-    material.read(edited.toStdString());
-    HygMaterialEditor editor(database, std::move(material), parent);
+    const auto material = std::make_shared<MM::Material>();
+    HygBackground::run(tr("Reading the material"), [material, edited] { material->read(edited.toStdString()); });
+    HygMaterialEditor editor(database, std::move(*material), parent);
     if (editor.isReadOnly())
         QtExt::MessageBox::inform(
             parent, QStringLiteral("MaterialWriteProtected"), tr("Write-protected material"),
@@ -211,8 +221,10 @@ void HygMaterialEditor::showFindings() {
     std::map<QString, QString> byField;
     m_findings->clear();
     const auto add = [&](const QString & text, const QString & field, HygLogModel::kind_t kind) {
-        auto * item = new QListWidgetItem(HygIconEngine::icon(HygLogModel::iconOf(kind), HygLogModel::colourOf(kind)),
-                                          text, m_findings);
+        const QString label = HygMaterialFindings::label(field); // the check has names of its own for some
+        auto * item =
+            new QListWidgetItem(HygIconEngine::icon(HygLogModel::iconOf(kind), HygLogModel::colourOf(kind)),
+                                label.isEmpty() ? text : QStringLiteral("%1 → %2").arg(text, label), m_findings);
         item->setData(FIELD_ROLE, field);
         if (field.isEmpty() || kind == HygLogModel::Information)
             return;
@@ -224,12 +236,16 @@ void HygMaterialEditor::showFindings() {
     for (const MM::Finding & finding : m_document.findings())
         add(HygMaterialFindings::text(finding), HygMaterialFindings::field(finding),
             finding.isFault ? HygLogModel::Warning : HygLogModel::Information);
+    if (!m_document.unusable().isEmpty())
+        add(tr("A calculation cannot use it: %1").arg(m_document.unusable()), {}, HygLogModel::Warning);
     for (int row = 0; row < HygMaterialFunctions::numRows(); ++row)
         for (int direction = 0; direction < 3; ++direction) {
             const auto & spline = HygMaterialFunctions::spline(m_document.material(), {row, direction});
+            const QString keyword = QLatin1String(HygMaterialFunctions::row(row).keyword);
             if (!spline.empty() && !spline.valid())
-                byField[QLatin1String(HygMaterialFunctions::row(row).keyword)] +=
-                    tr("The x values must increase from row to row.");
+                byField[keyword] += tr("The x values must increase from row to row.");
+            if (const QString slope = HygMaterialFindings::slope(keyword, spline); !slope.isEmpty())
+                add(slope, keyword, HygLogModel::Warning);
         }
     m_findings->setVisible(m_findings->count() > 0);
     m_findingsTitle->setText(m_findings->count() == 0 ? tr("The check of the material has no findings.")
@@ -270,7 +286,12 @@ void HygMaterialEditor::retranslate() {
     m_pages->setTabText(Identity, tr("&General"));
     m_pages->setTabText(Parameters, tr("&Parameters"));
     m_pages->setTabText(Functions, tr("&Functions"));
+    m_pages->setTabText(Models, tr("&Models"));
+    m_pages->setTabText(Measured, tr("Measured &data"));
     m_pages->setTabText(Curves, tr("&Curves"));
+    m_pages->setTabToolTip(Models, tr("Functions that are made out of a few parameters"));
+    m_pages->setTabToolTip(Measured, tr("Results of experiments, kept in the file as they stand"));
+    m_measuredTable->view().setAccessibleName(tr("Measured data"));
     m_pages->setTabToolTip(Curves, tr("The functions as a calculation uses them"));
     m_lock->setText(tr("Write-protected: duplicate the material to keep changes"));
     m_findings->setAccessibleName(tr("Findings of the check"));

@@ -9,7 +9,10 @@ class HygMaterialChart;
 class HygMaterialDB;
 class HygMaterialFunctionPage;
 class HygMaterialIdentityForm;
+class HygMaterialMeasuredTable;
+class HygMaterialModelPage;
 class HygMaterialParameterForm;
+class HygMaterialTable;
 class HygMessageBar;
 class QDialogButtonBox;
 class QLabel;
@@ -17,7 +20,7 @@ class QListWidget;
 class QTabWidget;
 class QToolButton;
 
-/// Edits one material of a database: texts, parameters, functions. What the check of the material finds stands at the
+/// Edits one material of a database: texts, parameters, functions, models, measured data. What the check of the material finds stands at the
 /// field that it concerns.
 class HygMaterialEditor : public QDialog {
     Q_OBJECT
@@ -27,7 +30,7 @@ public:
     ~HygMaterialEditor() override;
 
     /// Asks for a duplicate if the material is a built-in one, and opens the editor. \return the file that was edited and
-    /// saved, empty if none was. Throws KOR::Exception if the material cannot be read or copied.
+    /// saved, empty if none was. Throws KOR::Exception if the material cannot be read or copied, which the window waits for.
     static QString edit(HygMaterialDB & database, const QString & path, QWidget * parent);
 
     HygMaterialDocument & document() { return m_document; }
@@ -41,7 +44,7 @@ protected:
     void changeEvent(QEvent * event) override;
 
 private:
-    enum page_t { Identity, Parameters, Functions, Curves };
+    enum page_t { Identity, Parameters, Functions, Models, Measured, Curves };
 
     void setUp();
     void retranslate();
@@ -65,6 +68,9 @@ private:
     HygMaterialIdentityForm * m_identity;
     HygMaterialParameterForm * m_parameters;
     HygMaterialFunctionPage * m_functions;
+    HygMaterialModelPage * m_models;
+    HygMaterialMeasuredTable * m_measured;
+    HygMaterialTable * m_measuredTable;
     HygMaterialChart * m_curves;
     QLabel * m_findingsTitle;
     QListWidget * m_findings;

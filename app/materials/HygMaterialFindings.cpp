@@ -1,6 +1,11 @@
 #include "materials/HygMaterialFindings.h"
 
+#include "materials/HygMaterialFunctions.h"
 #include "materials/HygMaterialTexts.h"
+
+#include <MM/KeywordList.h>
+
+#include <QCoreApplication>
 
 #include <algorithm>
 
@@ -79,6 +84,29 @@ constexpr FindingRow FINDINGS[] = {
 };
 // clang-format on
 
+struct SlopeRow {
+    const char * field;
+    bool isRising;
+    const char * text;
+};
+constexpr SlopeRow SLOPES[] = {
+    {"Theta_l(RH)",    true,
+     QT_TRANSLATE_NOOP("HygMaterialFindings",
+     "The moisture content must not fall with the humidity, as it does in row %1.")          },
+    {"Theta_l(pC)_de", false,
+     QT_TRANSLATE_NOOP("HygMaterialFindings",
+     "The moisture content must not rise with the capillary pressure, as it does in row %1.")},
+    {"Theta_l(pC)_ad", false,
+     QT_TRANSLATE_NOOP("HygMaterialFindings",
+     "The moisture content must not rise with the capillary pressure, as it does in row %1.")},
+    {"lgKl(Theta_l)",  true,
+     QT_TRANSLATE_NOOP("HygMaterialFindings",
+     "The conductivity must not fall with the moisture content, as it does in row %1.")      },
+    {"lgDl(Theta_l)",  true,
+     QT_TRANSLATE_NOOP("HygMaterialFindings",
+     "The diffusivity must not fall with the moisture content, as it does in row %1.")       },
+};
+
 } // namespace
 
 QString HygMaterialFindings::field(const MM::Finding & finding) {
@@ -89,4 +117,24 @@ QString HygMaterialFindings::field(const MM::Finding & finding) {
 
 QString HygMaterialFindings::text(const MM::Finding & finding) {
     return HygMaterialTexts::translated(finding.message);
+}
+
+QString HygMaterialFindings::label(const QString & keyword) {
+    for (const char * enumeration : {"Material::ParaStorage", "Material::ParaTransport", "Material::ParaMechanical"})
+        if (MM::KeywordList::KeywordExists(enumeration, keyword.toStdString()))
+            return HygMaterialTexts::translated(MM::KeywordList::Description(
+                enumeration, MM::KeywordList::Enumeration(enumeration, keyword.toStdString())));
+    for (int row = 0; row < HygMaterialFunctions::numRows(); ++row)
+        if (keyword == QLatin1String(HygMaterialFunctions::row(row).keyword))
+            return HygMaterialFunctions::title({row, 0});
+    return {};
+}
+
+QString HygMaterialFindings::slope(const QString & keyword, const KOR::LinearSpline & points) {
+    for (const SlopeRow & rule : SLOPES)
+        if (keyword == QLatin1String(rule.field))
+            for (std::size_t i = 1; i < points.size(); ++i)
+                if (rule.isRising ? points.y()[i] < points.y()[i - 1] : points.y()[i] > points.y()[i - 1])
+                    return QCoreApplication::translate("HygMaterialFindings", rule.text).arg(i + 1);
+    return {};
 }

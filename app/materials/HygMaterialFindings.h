@@ -2,6 +2,8 @@
 
 #include <MM/CheckMaterial.h>
 
+#include <KOR/LinearSpline.h>
+
 #include <QString>
 
 #include <vector>
@@ -13,5 +15,9 @@ namespace HygMaterialFindings {
 QString field(const MM::Finding & finding);
 /// In the user's language.
 QString text(const MM::Finding & finding);
+/// What the form calls the parameter or function with a keyword; empty for others.
+QString label(const QString & keyword);
+/// In which row a function falls that must rise, or rises that must fall, in words; empty if it does not.
+QString slope(const QString & keyword, const KOR::LinearSpline & points);
 
 } // namespace HygMaterialFindings

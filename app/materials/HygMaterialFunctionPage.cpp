@@ -3,23 +3,18 @@
 #include "HygIconEngine.h"
 #include "materials/HygMaterialDocument.h"
 #include "materials/HygMaterialPointModel.h"
+#include "materials/HygMaterialTable.h"
 
 #include <QtExt/Palette.h>
 
 #include <SCI/Chart.h>
 
-#include <KOR/Exception.h>
-
-#include <QApplication>
 #include <QBoxLayout>
-#include <QClipboard>
 #include <QHeaderView>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
 #include <QMouseEvent>
 #include <QSplitter>
-#include <QTableView>
 #include <QToolButton>
 
 namespace {
@@ -29,43 +24,18 @@ constexpr int MOST_CANDIDATES = 1000; ///< looked at when many points share a fe
 
 } // namespace
 
-struct HygMaterialFunctionPage::ToolRow {
-    const char * name;
-    const char * icon;
-    const char * text;
-    const char * toolTip;
-    void (HygMaterialFunctionPage::*slot)();
-    bool needsFunction;
-    bool isEditing;
-};
-
-// clang-format off
-const HygMaterialFunctionPage::ToolRow HygMaterialFunctionPage::TOOLS[] = {
-    {"pointInsert", "add", QT_TR_NOOP("Insert point"), QT_TR_NOOP("Insert a point behind the current one (Ins)"), &HygMaterialFunctionPage::insertPoint, false, true},
-    {"pointRemove", "remove", QT_TR_NOOP("Remove points"), QT_TR_NOOP("Remove the selected points (Del)"), &HygMaterialFunctionPage::removePoints, true, true},
-    {"pointsCopy", "copy", QT_TR_NOOP("Copy points"), QT_TR_NOOP("Copy all points, for a spreadsheet (Ctrl+C)"), &HygMaterialFunctionPage::copyPoints, true, false},
-    {"pointsPaste", "replace", QT_TR_NOOP("Paste points"), QT_TR_NOOP("Replace all points by two columns of numbers out of the clipboard (Ctrl+V)"), &HygMaterialFunctionPage::pastePoints, false, true},
-    {"functionRemove", "clear", QT_TR_NOOP("Remove function"), QT_TR_NOOP("Remove all points of the function"), &HygMaterialFunctionPage::removeFunction, true, true},
-};
-// clang-format on
-
 HygMaterialFunctionPage::HygMaterialFunctionPage(HygMaterialDocument & document, QWidget * parent)
     : QWidget(parent), m_document(document), m_points(new HygMaterialPointModel(document, this)),
-      m_list(new QListWidget(this)), m_table(new QTableView(this)), m_chart(new SCI::Chart(this)),
-      m_finding(new QLabel(this)) {
+      m_list(new QListWidget(this)), m_table(new HygMaterialTable(*m_points, QStringLiteral("pointTable"), this)),
+      m_remove(new QToolButton(this)), m_chart(new SCI::Chart(this)), m_finding(new QLabel(this)) {
     m_list->setObjectName(QStringLiteral("functionList"));
-    m_table->setObjectName(QStringLiteral("pointTable"));
-    m_table->setModel(m_points);
-    m_table->setAlternatingRowColors(true);
-    m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-    m_table->horizontalHeader()->setDefaultAlignment(Qt::AlignCenter | static_cast<Qt::Alignment>(Qt::TextWordWrap));
-    m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    m_table->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
-    m_table->horizontalHeader()->setMinimumHeight(3 * fontMetrics().height() + 8);
+    m_table->view().horizontalHeader()->setMinimumHeight(3 * fontMetrics().height() + 8);
+    m_remove->setObjectName(QStringLiteral("functionRemove"));
+    m_remove->setIcon(HygIconEngine::icon(QStringLiteral("clear")));
+    connect(m_remove, &QToolButton::clicked, m_points, &HygMaterialPointModel::clearPoints);
+    m_table->addTool(m_remove);
     m_list->setTextElideMode(Qt::ElideRight);
     m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_table->setTabKeyNavigation(false);
-    m_table->installEventFilter(this);
     m_chart->setObjectName(QStringLiteral("functionChart"));
     m_chart->setMinimumSize(220, 160);
     m_chart->canvas().installEventFilter(this);
@@ -73,27 +43,9 @@ HygMaterialFunctionPage::HygMaterialFunctionPage(HygMaterialDocument & document,
     m_finding->setObjectName(QStringLiteral("functionFinding"));
     m_finding->setWordWrap(true);
 
-    auto * middle = new QWidget(this);
-    auto * middleLayout = new QVBoxLayout(middle);
-    middleLayout->setContentsMargins(0, 0, 0, 0);
-    auto * tools = new QHBoxLayout;
-    tools->setSpacing(2);
-    for (const ToolRow & row : TOOLS) {
-        auto * button = new QToolButton(middle);
-        button->setObjectName(QLatin1String(row.name));
-        button->setIcon(HygIconEngine::icon(QLatin1String(row.icon)));
-        button->setAutoRaise(true);
-        button->setFocusPolicy(Qt::TabFocus);
-        connect(button, &QToolButton::clicked, this, row.slot);
-        tools->addWidget(button);
-        m_tools.push_back(button);
-    }
-    tools->addStretch(1);
-    middleLayout->addLayout(tools);
-    middleLayout->addWidget(m_table, 1);
     auto * splitter = new QSplitter(this);
     splitter->addWidget(m_list);
-    splitter->addWidget(middle);
+    splitter->addWidget(m_table);
     splitter->addWidget(m_chart);
     splitter->setSizes({250, 270, 380});
     splitter->setStretchFactor(2, 1);
@@ -105,6 +57,7 @@ HygMaterialFunctionPage::HygMaterialFunctionPage(HygMaterialDocument & document,
 
     connect(m_list, &QListWidget::currentRowChanged, this, &HygMaterialFunctionPage::choose);
     connect(m_points, &HygMaterialPointModel::refused, this, &HygMaterialFunctionPage::refused);
+    connect(m_table, &HygMaterialTable::refused, this, &HygMaterialFunctionPage::refused);
     connect(&m_document, &HygMaterialDocument::changed, this, [this] {
         updateList();
         m_chart->dataChanged();
@@ -121,12 +74,6 @@ HygMaterialFunctionPage::HygMaterialFunctionPage(HygMaterialDocument & document,
     m_list->setCurrentRow(isAny ? first : 0);
 }
 
-void HygMaterialFunctionPage::setReadOnly(bool isReadOnly) {
-    m_isReadOnly = isReadOnly;
-    m_points->setReadOnly(isReadOnly);
-    updateList();
-}
-
 bool HygMaterialFunctionPage::hasFunction(const QString & keyword) const {
     return std::any_of(m_places.begin(), m_places.end(), [&](const auto & place) {
         return keyword == QLatin1String(HygMaterialFunctions::row(place.row).keyword);
@@ -137,7 +84,7 @@ void HygMaterialFunctionPage::showFunction(const QString & keyword) {
     for (std::size_t i = 0; i < m_places.size(); ++i)
         if (keyword == QLatin1String(HygMaterialFunctions::row(m_places[i].row).keyword)) {
             m_list->setCurrentRow(static_cast<int>(i));
-            m_table->setFocus(Qt::OtherFocusReason);
+            m_table->view().setFocus(Qt::OtherFocusReason);
             return;
         }
 }
@@ -180,9 +127,8 @@ void HygMaterialFunctionPage::updateList() {
                                                       QtExt::Palette::color(QtExt::Palette::WARNING_TEXT))
                                 : QIcon());
     }
-    const bool hasFunction = !m_points->spline().empty();
-    for (std::size_t i = 0; i < m_tools.size(); ++i)
-        m_tools[i]->setEnabled((hasFunction || !TOOLS[i].needsFunction) && !(m_isReadOnly && TOOLS[i].isEditing));
+    m_remove->setEnabled(!m_points->spline().empty());
+    m_table->updateTools();
 }
 
 void HygMaterialFunctionPage::updateChart() {
@@ -216,36 +162,6 @@ void HygMaterialFunctionPage::updateFinding() {
     m_finding->setPalette(warning);
 }
 
-void HygMaterialFunctionPage::insertPoint() {
-    const int row = m_table->currentIndex().isValid() ? m_table->currentIndex().row() : m_points->rowCount() - 1;
-    m_points->insertAfter(row);
-    m_table->setCurrentIndex(m_points->index(std::min(row + 1, m_points->rowCount() - 1), 0));
-}
-
-void HygMaterialFunctionPage::removePoints() {
-    std::vector<int> rows;
-    for (const QModelIndex & index : m_table->selectionModel()->selectedIndexes())
-        rows.push_back(index.row());
-    if (!rows.empty())
-        m_points->removePoints(rows);
-}
-
-void HygMaterialFunctionPage::copyPoints() {
-    QApplication::clipboard()->setText(m_points->text());
-}
-
-void HygMaterialFunctionPage::pastePoints() {
-    try {
-        m_points->setText(QApplication::clipboard()->text());
-    } catch (const KOR::Exception & ex) {
-        emit refused(QString::fromStdString(ex.message()));
-    }
-}
-
-void HygMaterialFunctionPage::removeFunction() {
-    m_points->clearPoints();
-}
-
 int HygMaterialFunctionPage::pointAt(const QPointF & place) const {
     const KOR::LinearSpline & spline = m_points->spline();
     if (!spline.valid())
@@ -268,8 +184,6 @@ int HygMaterialFunctionPage::pointAt(const QPointF & place) const {
 }
 
 bool HygMaterialFunctionPage::dragPoint(QObject *, QEvent * event) {
-    if (m_isReadOnly)
-        return false;
     const auto & mouse = static_cast<const QMouseEvent &>(*event);
     QWidget & canvas = m_chart->canvas();
     switch (event->type()) {
@@ -280,7 +194,7 @@ bool HygMaterialFunctionPage::dragPoint(QObject *, QEvent * event) {
         if (m_dragged < 0)
             return false;
         ++m_drags;
-        m_table->setCurrentIndex(m_points->index(m_dragged, HygMaterialPointModel::YColumn));
+        m_table->view().setCurrentIndex(m_points->index(m_dragged, HygMaterialPointModel::YColumn));
         // The axes stand still while a point is moved.
         for (const SCI::axis_t axis : {SCI::X_BOTTOM, SCI::Y_LEFT})
             m_chart->setRange(axis, m_chart->range(axis));
@@ -292,7 +206,9 @@ bool HygMaterialFunctionPage::dragPoint(QObject *, QEvent * event) {
         }
         {
             const QPointF values = m_chart->fromCanvas(mouse.localPos());
-            m_points->movePoint(m_dragged, values.x(), values.y(), QStringLiteral("drag%1").arg(m_drags));
+            const QPointF beside = m_chart->fromCanvas(mouse.localPos() + QPointF(1, 1));
+            m_points->movePoint(m_dragged, values.x(), values.y(), std::abs(beside.x() - values.x()),
+                                std::abs(beside.y() - values.y()), QStringLiteral("drag%1").arg(m_drags));
         }
         return true;
     case QEvent::MouseButtonRelease:
@@ -309,38 +225,17 @@ bool HygMaterialFunctionPage::dragPoint(QObject *, QEvent * event) {
 bool HygMaterialFunctionPage::eventFilter(QObject * watched, QEvent * event) {
     if (watched == &m_chart->canvas() && dragPoint(watched, event))
         return true;
-    if (watched == m_table && event->type() == QEvent::KeyPress) {
-        const auto & key = static_cast<QKeyEvent &>(*event);
-        if (key.matches(QKeySequence::Copy)) {
-            copyPoints();
-            return true;
-        }
-        if (!m_isReadOnly && key.matches(QKeySequence::Paste)) {
-            pastePoints();
-            return true;
-        }
-        if (!m_isReadOnly && key.key() == Qt::Key_Insert) {
-            insertPoint();
-            return true;
-        }
-        if (!m_isReadOnly && key.key() == Qt::Key_Delete) {
-            removePoints();
-            return true;
-        }
-    }
     return QWidget::eventFilter(watched, event);
 }
 
 void HygMaterialFunctionPage::retranslate() {
-    for (std::size_t i = 0; i < m_tools.size(); ++i) {
-        m_tools[i]->setToolTip(tr(TOOLS[i].toolTip));
-        m_tools[i]->setAccessibleName(tr(TOOLS[i].text));
-    }
+    m_remove->setToolTip(tr("Remove all points of the function"));
+    m_remove->setAccessibleName(tr("Remove function"));
     m_list->setAccessibleName(tr("Functions"));
     m_list->setToolTip(tr("Functions that a material can have; bold ones have points"));
-    m_table->setAccessibleName(tr("Points of the function"));
+    m_table->view().setAccessibleName(tr("Points of the function"));
     m_chart->setAccessibleName(tr("Chart of the function"));
-    m_chart->setToolTip(m_isReadOnly ? QString() : tr("Drag a point to move it"));
+    m_chart->setToolTip(tr("Drag a point to move it"));
     updateList();
     updateChart();
     m_points->retranslate();

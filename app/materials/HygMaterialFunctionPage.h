@@ -8,9 +8,9 @@
 
 class HygMaterialDocument;
 class HygMaterialPointModel;
+class HygMaterialTable;
 class QLabel;
 class QListWidget;
-class QTableView;
 class QToolButton;
 namespace SCI {
 class Chart;
@@ -23,7 +23,6 @@ class HygMaterialFunctionPage : public QWidget {
 public:
     explicit HygMaterialFunctionPage(HygMaterialDocument & document, QWidget * parent = nullptr);
 
-    void setReadOnly(bool isReadOnly);
     /// Texts by the keyword of the function.
     void setFindings(const std::map<QString, QString> & findings);
     bool hasFunction(const QString & keyword) const;
@@ -39,19 +38,11 @@ protected:
     bool eventFilter(QObject * watched, QEvent * event) override;
 
 private:
-    struct ToolRow;
-    static const ToolRow TOOLS[];
-
     void choose(int index);
     void updateList();
     void updateChart();
     void updateFinding();
     void retranslate();
-    void insertPoint();
-    void removePoints();
-    void copyPoints();
-    void pastePoints();
-    void removeFunction();
     bool dragPoint(QObject * watched, QEvent * event);
     /// The point under a place of the canvas, -1 if there is none.
     int pointAt(const QPointF & place) const;
@@ -61,12 +52,11 @@ private:
     std::vector<HygMaterialFunctions::Place> m_places;
     std::map<QString, QString> m_findings;
     QListWidget * m_list;
-    QTableView * m_table;
+    HygMaterialTable * m_table;
+    QToolButton * m_remove;
     SCI::Chart * m_chart;
     QLabel * m_finding;
-    std::vector<QToolButton *> m_tools;
     int m_series = -1;
     int m_dragged = -1;       ///< point
     unsigned int m_drags = 0; ///< each drag is one step of undo
-    bool m_isReadOnly = false;
 };

@@ -9,6 +9,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QEvent>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QSignalBlocker>
@@ -255,5 +256,16 @@ bool HygMaterialIdentityForm::eventFilter(QObject * watched, QEvent * event) {
         for (const TextField & field : m_texts)
             if (field.edit == watched)
                 takeText(field);
+    // What has been taken over is undone in the document, not in the field.
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto & key = static_cast<const QKeyEvent &>(*event);
+        if (key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo))
+            for (const TextField & field : m_texts)
+                if (field.edit == watched &&
+                    textOf(*field.edit) == shown(m_document.material().m_identification, TEXTS[field.row])) {
+                    event->ignore();
+                    return true;
+                }
+    }
     return HygMaterialForm::eventFilter(watched, event);
 }

@@ -9,7 +9,10 @@
 
 namespace {
 
+using Foil = MM::VaporContactResistanceModel::Param;
 using MM::Material;
+
+constexpr int NUM_FOIL = static_cast<int>(Foil::SCALING_C_NEG) + 1;
 
 /// Calls \p action with the enumerator of a field.
 template <typename Kind, typename Action> auto withEnumerator(Kind kind, int index, const Action & action) {
@@ -18,9 +21,31 @@ template <typename Kind, typename Action> auto withEnumerator(Kind kind, int ind
         return action(static_cast<Material::ParaStorage>(index));
     case 1:
         return action(static_cast<Material::ParaTransport>(index));
-    default:
+    case 2:
         return action(static_cast<Material::ParaMechanical>(index));
+    default:
+        return action(static_cast<Foil>(index));
     }
+}
+
+const KOR::Parameter & held(const Material & material, Foil which) {
+    return material.m_vaporContactResistance.parameter(which);
+}
+template <typename Para> const KOR::Parameter & held(const Material & material, Para which) {
+    return material.parameter(which);
+}
+
+void put(Material & material, Foil which, const KOR::Parameter & given) {
+    if (given.empty())
+        material.m_vaporContactResistance.clearParameter(which);
+    else
+        material.m_vaporContactResistance.setParameter(which, given.value());
+}
+template <typename Para> void put(Material & material, Para which, const KOR::Parameter & given) {
+    if (given.empty())
+        material.clearParameter(which);
+    else // by the reader, which keeps the unit
+        material.readASCIIParameterFromLine(MM::KeywordList::Keyword(which) + " = " + given.valueText());
 }
 
 struct RangeRow {
@@ -48,6 +73,14 @@ constexpr RangeRow RANGES[] = {
     {"ALPHA",         QT_TRANSLATE_NOOP("HygMaterialParameterForm", "usually 0.003 to 0.2 mm/mK")},
     {"BETA_THETA_L",  QT_TRANSLATE_NOOP("HygMaterialParameterForm", "usually 0 to 0.5 m3m/m3m")},
     {"BETA_THETA_L2", QT_TRANSLATE_NOOP("HygMaterialParameterForm", "usually 0.1 to 0.25 m3/m3")},
+    {"WEIGHT_FACTOR_POS", QT_TRANSLATE_NOOP("HygMaterialParameterForm", "0 to 1: the share of the side from which vapour comes; 0.5 if not given")},
+    {"WEIGHT_FACTOR_NEG", QT_TRANSLATE_NOOP("HygMaterialParameterForm", "0 to 1: the share of the side from which vapour comes; 0.5 if not given")},
+    {"SCALING_A_POS", QT_TRANSLATE_NOOP("HygMaterialParameterForm", "a of the factor a phi^2 + b phi + c; 0 if not given")},
+    {"SCALING_B_POS", QT_TRANSLATE_NOOP("HygMaterialParameterForm", "b of the factor a phi^2 + b phi + c; 0 if not given")},
+    {"SCALING_C_POS", QT_TRANSLATE_NOOP("HygMaterialParameterForm", "c of the factor a phi^2 + b phi + c; 1 if not given")},
+    {"SCALING_A_NEG", QT_TRANSLATE_NOOP("HygMaterialParameterForm", "a of the factor a phi^2 + b phi + c; 0 if not given")},
+    {"SCALING_B_NEG", QT_TRANSLATE_NOOP("HygMaterialParameterForm", "b of the factor a phi^2 + b phi + c; 0 if not given")},
+    {"SCALING_C_NEG", QT_TRANSLATE_NOOP("HygMaterialParameterForm", "c of the factor a phi^2 + b phi + c; 1 if not given")},
 };
 // clang-format on
 
@@ -70,6 +103,7 @@ HygMaterialParameterForm::HygMaterialParameterForm(HygMaterialDocument & documen
     addGroup(QT_TR_NOOP("Transport"), transport);
     addGroup(QT_TR_NOOP("Transport in directions v and w, where it differs"), all(Field::Transport, V, DESIGN));
     addGroup(QT_TR_NOOP("Mechanics"), all(Field::Mechanical, 0, Material::NUM_MECHANICAL));
+    addGroup(QT_TR_NOOP("Adaptive foil: its resistance over humidity is a function"), all(Field::Foil, 0, NUM_FOIL));
     connect(&m_document, &HygMaterialDocument::changed, this, &HygMaterialParameterForm::update);
     retranslate();
     update();
@@ -84,7 +118,10 @@ void HygMaterialParameterForm::addGroup(const char * title, const std::vector<Fi
         });
         field.edit = new QtExt::ValueEdit(KOR::Parameter(keyword, 0, KOR::Unit(unit)), widget());
         field.edit->setEmptyAllowed(true);
-        field.edit->setMinimum(0, KOR::Unit(unit));
+        if (field.kind != Field::Foil || keyword.starts_with("WEIGHT"))
+            field.edit->setMinimum(0, KOR::Unit(unit));
+        if (keyword.starts_with("WEIGHT"))
+            field.edit->setMaximum(1, KOR::Unit(unit));
         field.label = &addField(QString::fromStdString(keyword), field.edit);
         connect(field.edit, &QtExt::ValueEdit::valueChanged, this, [this, field] { take(field); });
         m_parameters.push_back(field);
@@ -95,33 +132,24 @@ void HygMaterialParameterForm::take(const Field & field) {
     const KOR::Parameter given = field.edit->parameter();
     withEnumerator(field.kind, field.index, [&](auto which) {
         const std::string keyword = MM::KeywordList::Keyword(which);
-        m_document.change(tr("Change %1").arg(QString::fromStdString(keyword)), [&](Material & material) {
-            if (given.empty())
-                material.clearParameter(which);
-            else // by the reader, which keeps the unit
-                material.readASCIIParameterFromLine(keyword + " = " + given.valueText());
-        });
+        m_document.change(tr("Change %1").arg(QString::fromStdString(keyword)),
+                          [&](Material & material) { put(material, which, given); });
     });
 }
 
 void HygMaterialParameterForm::update() {
     for (const Field & field : m_parameters)
         withEnumerator(field.kind, field.index, [&](auto which) {
-            const KOR::Parameter & held = m_document.material().parameter(which);
-            if (field.edit->parameter() == held)
+            const KOR::Parameter & value = held(m_document.material(), which);
+            if (field.edit->parameter() == value)
                 return;
-            if (!held.empty()) {
-                field.edit->setParameter(held);
+            if (!value.empty()) {
+                field.edit->setParameter(value);
                 return;
             }
             field.edit->setParameter(KOR::Parameter(MM::KeywordList::Keyword(which), 0, field.edit->unit()));
             field.edit->clear();
         });
-}
-
-void HygMaterialParameterForm::setReadOnly(bool isReadOnly) {
-    for (const Field & field : m_parameters)
-        field.edit->setReadOnly(isReadOnly);
 }
 
 void HygMaterialParameterForm::retranslate() {

@@ -12,7 +12,6 @@ class HygMaterialParameterForm : public HygMaterialForm {
     Q_OBJECT
 public:
     HygMaterialParameterForm(HygMaterialDocument & document, QWidget * parent = nullptr);
-    void setReadOnly(bool isReadOnly);
 
 protected:
     void changeEvent(QEvent * event) override;
@@ -30,8 +29,8 @@ private:
 };
 
 struct HygMaterialParameterForm::Field {
-    enum kind_t { Storage, Transport, Mechanical } kind;
-    int index; ///< of MM::Material's enumeration
+    enum kind_t { Storage, Transport, Mechanical, Foil } kind;
+    int index; ///< of the kind's enumeration
     QtExt::ValueEdit * edit = nullptr;
     QLabel * label = nullptr;
 };

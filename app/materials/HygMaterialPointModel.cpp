@@ -1,5 +1,6 @@
 #include "materials/HygMaterialPointModel.h"
 
+#include "document/HygBackground.h"
 #include "materials/HygMaterialDocument.h"
 
 #include <QtExt/Palette.h>
@@ -7,27 +8,39 @@
 #include <KOR/Exception.h>
 #include <KOR/Numbers.h>
 
-#include <QRegularExpression>
+#include <QStringList>
 
 #include <cmath>
+#include <limits>
+#include <memory>
 
 namespace {
 
-constexpr double KEPT_DISTANCE = 1e-3; ///< of a point to its neighbour when it is dragged, in parts of their distance
+constexpr int TIDY_DIGITS = 12;
 
-QString shown(double value) {
-    return QString::fromStdString(KOR::toString(value));
+/// The power of ten that is not above a pixel.
+double finest(double step) {
+    return step > 0 && std::isfinite(step) ? std::pow(10, std::floor(std::log10(step))) : 0;
+}
+/// Without the digits that sums of tenths leave behind.
+double tidy(double value) {
+    return KOR::parseDouble(KOR::toString(value, TIDY_DIGITS)).value_or(value);
+}
+double rounded(double value, double step) {
+    const double unit = finest(step);
+    return unit > 0 ? tidy(std::round(value / unit) * unit) : value;
 }
 
-/// A number with point or comma.
-std::optional<double> number(QString text) {
-    return KOR::parseDouble(text.trimmed().replace(QLatin1Char(','), QLatin1Char('.')).toStdString());
-}
+constexpr int LONG_TEXT = 50'000; ///< [characters] read at once up to this
+
+struct Points {
+    std::vector<double> x, y;
+};
 
 } // namespace
 
 HygMaterialPointModel::HygMaterialPointModel(HygMaterialDocument & document, QObject * parent)
-    : QAbstractTableModel(parent), m_document(document) {
+    : HygMaterialRowModel(parent), m_document(document) {
     connect(&m_document, &HygMaterialDocument::changed, this, &HygMaterialPointModel::takeOver);
     m_rows = static_cast<int>(spline().size());
 }
@@ -89,63 +102,80 @@ void HygMaterialPointModel::insertAfter(int row) {
     change(tr("Insert point"), std::move(x), std::move(y));
 }
 
-void HygMaterialPointModel::removePoints(const std::vector<int> & rows) {
+void HygMaterialPointModel::removeEntries(const std::vector<int> & rows) {
     std::vector<double> x;
     std::vector<double> y;
+    auto removed = rows.begin();
     for (int i = 0; i < m_rows; ++i) {
-        if (std::find(rows.begin(), rows.end(), i) != rows.end())
+        if (removed != rows.end() && *removed == i) {
+            ++removed;
             continue;
+        }
         x.push_back(spline().x()[static_cast<std::size_t>(i)]);
         y.push_back(spline().y()[static_cast<std::size_t>(i)]);
     }
     change(tr("Remove points"), std::move(x), std::move(y));
 }
 
-void HygMaterialPointModel::movePoint(int row, double newX, double newY, const QString & field) {
+void HygMaterialPointModel::movePoint(int row, double newX, double newY, double xStep, double yStep,
+                                      const QString & field) {
     std::vector<double> x = spline().x();
     std::vector<double> y = spline().y();
     const auto at = static_cast<std::size_t>(row);
     if (at >= x.size() || !std::isfinite(newX) || !std::isfinite(newY))
         return;
-    if (at > 0)
-        newX = std::max(newX, x[at - 1] + KEPT_DISTANCE * (x[at] - x[at - 1]));
-    if (at + 1 < x.size())
-        newX = std::min(newX, x[at + 1] - KEPT_DISTANCE * (x[at + 1] - x[at]));
+    newX = rounded(newX, xStep);
+    // A pixel from its neighbours, or between them where they are closer.
+    const double low = at > 0 ? x[at - 1] : -std::numeric_limits<double>::infinity();
+    const double high = at + 1 < x.size() ? x[at + 1] : std::numeric_limits<double>::infinity();
+    const double distance = std::min(finest(xStep), (high - low) / 4);
+    if (newX < low + distance)
+        newX = tidy(low + distance);
+    if (newX > high - distance)
+        newX = tidy(high - distance);
     x[at] = newX;
-    y[at] = newY;
+    y[at] = rounded(newY, yStep);
     change(tr("Move point"), std::move(x), std::move(y), field);
 }
 
 void HygMaterialPointModel::setText(const QString & text) {
-    std::vector<double> x;
-    std::vector<double> y;
-    static const QRegularExpression SEPARATORS(QStringLiteral("[\\t; ]+"));
-    const QStringList lines = text.split(QLatin1Char('\n'));
-    for (int i = 0; i < lines.size(); ++i) {
-        const QStringList parts = lines[i].trimmed().split(SEPARATORS, Qt::SkipEmptyParts);
-        if (parts.isEmpty())
-            continue;
-        const auto first = number(parts[0]);
-        const auto second = parts.size() == 2 ? number(parts[1]) : std::nullopt;
-        if (!first || !second)
-            throw KOR::Exception(
-                tr("Line %1 does not hold two numbers: '%2'.").arg(i + 1).arg(lines[i].left(80)).toStdString(),
-                "[HygMaterialPointModel::setText]");
-        x.push_back(*first);
-        y.push_back(*second);
-        if (x.size() > MM::MaterialFunctionBase::MAX_POINTS)
-            throw KOR::Exception(
-                tr("A function has at most %1 points.").arg(MM::MaterialFunctionBase::MAX_POINTS).toStdString(),
-                "[HygMaterialPointModel::setText]");
-    }
-    change(tr("Paste points"), std::move(x), std::move(y));
+    const auto read = std::make_shared<Points>();
+    const auto work = [read, text] {
+        int line = 0;
+        for (int begin = 0; begin < text.size(); ++line) {
+            int end = text.indexOf(QLatin1Char('\n'), begin);
+            end = end < 0 ? text.size() : end;
+            const QString content = text.mid(begin, end - begin);
+            begin = end + 1;
+            const QStringList values = parts(content);
+            if (values.isEmpty())
+                continue;
+            const auto first = number(values[0]);
+            const auto second = values.size() == 2 ? number(values[1]) : std::nullopt;
+            if (!first || !second)
+                throw KOR::Exception(
+                    tr("Line %1 does not hold two numbers: '%2'.").arg(line + 1).arg(content.left(80)).toStdString(),
+                    "[HygMaterialPointModel::setText]");
+            read->x.push_back(*first);
+            read->y.push_back(*second);
+            if (read->x.size() > MM::MaterialFunctionBase::MAX_POINTS)
+                throw KOR::Exception(
+                    tr("A function has at most %1 points.").arg(MM::MaterialFunctionBase::MAX_POINTS).toStdString(),
+                    "[HygMaterialPointModel::setText]");
+        }
+    };
+    if (text.size() <= LONG_TEXT)
+        work();
+    else
+        HygBackground::run(tr("Reading the points"), work);
+    change(tr("Paste points"), std::move(read->x), std::move(read->y));
 }
 
 QString HygMaterialPointModel::text() const {
-    QString lines;
+    std::string lines;
     for (std::size_t i = 0; i < spline().size(); ++i)
-        lines += shown(spline().x()[i]) + QLatin1Char('\t') + shown(spline().y()[i]) + QLatin1Char('\n');
-    return lines;
+        lines += KOR::toString(spline().x()[i]) + '\t' + KOR::toString(spline().y()[i]) + '\n';
+    return QString::fromStdString(lines);
 }
 
 void HygMaterialPointModel::clearPoints() {
@@ -194,15 +224,14 @@ QVariant HygMaterialPointModel::headerData(int section, Qt::Orientation orientat
 }
 
 Qt::ItemFlags HygMaterialPointModel::flags(const QModelIndex & index) const {
-    const Qt::ItemFlags flags = QAbstractTableModel::flags(index);
-    return m_isReadOnly ? flags : flags | Qt::ItemIsEditable;
+    return QAbstractTableModel::flags(index) | Qt::ItemIsEditable;
 }
 
 bool HygMaterialPointModel::setData(const QModelIndex & index, const QVariant & value, int role) {
     if (!index.isValid() || role != Qt::EditRole)
         return false;
     const auto given = number(value.toString());
-    if (!given || !std::isfinite(*given)) {
+    if (!given) {
         emit refused(tr("'%1' is not a number.").arg(value.toString()));
         return false;
     }

@@ -1,15 +1,14 @@
 #pragma once
 
 #include "materials/HygMaterialFunctions.h"
+#include "materials/HygMaterialRowModel.h"
 
 #include <SCI/PointModel.h>
-
-#include <QAbstractTableModel>
 
 class HygMaterialDocument;
 
 /// The points of one function as a table of two columns, edited through the document.
-class HygMaterialPointModel : public QAbstractTableModel {
+class HygMaterialPointModel : public HygMaterialRowModel {
     Q_OBJECT
 public:
     enum column_t { XColumn, YColumn, NUM_COLUMNS };
@@ -19,17 +18,17 @@ public:
     void setPlace(const HygMaterialFunctions::Place & place);
     const HygMaterialFunctions::Place & place() const { return m_place; }
     const KOR::LinearSpline & spline() const;
-    void setReadOnly(bool isReadOnly) { m_isReadOnly = isReadOnly; }
     void retranslate();
 
     /// A point halfway to the next one, behind \p row; the first point of an empty table.
-    void insertAfter(int row);
-    void removePoints(const std::vector<int> & rows);
-    /// Moves a point; x stays between its neighbours. \param field see HygMaterialDocument::change
-    void movePoint(int row, double x, double y, const QString & field);
-    /// Replaces all points by the lines of a text: two numbers a line. Throws KOR::Exception with the line.
-    void setText(const QString & text);
-    QString text() const;
+    void insertAfter(int row) override;
+    void removeEntries(const std::vector<int> & rows) override;
+    /// Moves a point; x stays between its neighbours. \param xStep, \param yStep what a pixel means: values are rounded to
+    /// as many digits \param field see HygMaterialDocument::change
+    void movePoint(int row, double x, double y, double xStep, double yStep, const QString & field);
+    /// Two numbers a line; long texts are read by another thread while the window waits.
+    void setText(const QString & text) override;
+    QString text() const override;
     void clearPoints();
 
     int rowCount(const QModelIndex & parent = {}) const override;
@@ -42,10 +41,6 @@ public:
     /// The points for the chart, read where they are.
     class Series;
 
-signals:
-    /// What was typed is no number.
-    void refused(const QString & message);
-
 private:
     void takeOver();
     void change(const QString & text, std::vector<double> x, std::vector<double> y, const QString & field = {});
@@ -53,7 +48,6 @@ private:
     HygMaterialDocument & m_document;
     HygMaterialFunctions::Place m_place;
     int m_rows = 0; ///< that the views know of
-    bool m_isReadOnly = false;
 };
 
 class HygMaterialPointModel::Series : public SCI::PointModel {

@@ -49,6 +49,15 @@ HygProjectMaterialFiles::File HygProjectMaterialFiles::file(std::size_t index) c
     return found == m_files.end() ? File() : found->second;
 }
 
+std::vector<QString> HygProjectMaterialFiles::problems() const {
+    std::vector<QString> found;
+    for (std::size_t i = 0; i < m_projects.project().m_materials.size(); ++i) {
+        const File known = file(i);
+        found.push_back(known.state == Missing || known.state == Broken ? known.problem : QString());
+    }
+    return found;
+}
+
 void HygProjectMaterialFiles::accept(std::size_t index) {
     const HYGRION::Project & project = m_projects.project();
     const auto found = m_files.find(HygProjectMaterials::file(project, project.m_materials.at(index)));

@@ -7,6 +7,7 @@
 #include <QTimer>
 
 #include <map>
+#include <vector>
 
 class HygProjectHandler;
 
@@ -33,6 +34,8 @@ public:
 
     /// By the index of the material in the project.
     File file(std::size_t index) const;
+    /// By the index of the material in the project: why its file cannot be used; empty if it can or is not read yet.
+    std::vector<QString> problems() const;
     /// Takes a changed file for what it is now.
     void accept(std::size_t index);
 

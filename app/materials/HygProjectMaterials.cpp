@@ -1,5 +1,6 @@
 #include "materials/HygProjectMaterials.h"
 
+#include "document/HygBackground.h"
 #include "document/HygProjectHandler.h"
 #include "materials/HygMaterialTexts.h"
 #include "undo/HygEditing.h"
@@ -22,6 +23,7 @@ QString tr(const char * text) {
 }
 
 constexpr std::uint32_t DEFAULT_COLOR = 0xb0b4ba;
+constexpr qint64 LARGE_FILE = 256 << 10; ///< [bytes] read by another thread from here on
 
 std::string uniqueName(const Project & project, const std::string & wanted, const std::string & own) {
     const auto isTaken = [&](const std::string & name) {
@@ -36,8 +38,13 @@ std::string uniqueName(const Project & project, const std::string & wanted, cons
 
 /// \param own name that the new one may have
 MaterialReference referenceTo(const Project & project, const QString & path, const std::string & own) {
-    MM::Material material;
-    material.read(path.toStdString());
+    const auto read = std::make_shared<MM::Material>();
+    const auto work = [read, path] { read->read(path.toStdString()); };
+    if (QFileInfo(path).size() > LARGE_FILE)
+        HygBackground::run(tr("Reading the material"), work);
+    else
+        work();
+    const MM::Material & material = *read;
     MaterialReference reference;
     reference.m_name = uniqueName(project, material.name(HygMaterialTexts::language().toStdString()), own);
     reference.m_color = material.m_identification.m_colour.value_or(KOR::Color::fromRgb(DEFAULT_COLOR));

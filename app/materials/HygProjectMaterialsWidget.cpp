@@ -212,15 +212,21 @@ void HygProjectMaterialsWidget::attempt(const std::function<void()> & action) {
 void HygProjectMaterialsWidget::itemClicked(QTreeWidgetItem * item, int column) {
     const int index = m_list->indexOfTopLevelItem(item);
     if (column == StateColumn && isUnusable(m_files.file(static_cast<std::size_t>(index)).state))
-        chooseOther(index);
+        replace(index);
 }
 
-void HygProjectMaterialsWidget::chooseOther(int index) {
-    const QString name =
-        QString::fromStdString(m_projects.project().m_materials.at(static_cast<std::size_t>(index)).m_name);
-    const QString path = HygMaterialDBDialog::choose(tr("Replace '%1' by").arg(name), this);
+void HygProjectMaterialsWidget::chooseOther(HygProjectHandler & projects, std::size_t index, QWidget * parent) {
+    const auto & materials = projects.project().m_materials;
+    if (index >= materials.size())
+        return;
+    const QString name = QString::fromStdString(materials[index].m_name);
+    const QString path = HygMaterialDBDialog::choose(tr("Replace '%1' by").arg(name), parent, name);
     if (!path.isEmpty())
-        attempt([&] { HygProjectMaterials::replace(m_projects, static_cast<std::size_t>(index), path); });
+        HygProjectMaterials::replace(projects, index, path);
+}
+
+void HygProjectMaterialsWidget::replace(int index) {
+    attempt([&] { chooseOther(m_projects, static_cast<std::size_t>(index), this); });
 }
 
 void HygProjectMaterialsWidget::add(const QStringList & paths) {
@@ -236,7 +242,7 @@ void HygProjectMaterialsWidget::addMaterial() {
 
 void HygProjectMaterialsWidget::replaceMaterial() {
     if (current() >= 0)
-        chooseOther(current());
+        replace(current());
 }
 
 void HygProjectMaterialsWidget::editMaterial() {

@@ -22,6 +22,10 @@ class HygProjectMaterialsWidget : public QWidget {
 public:
     HygProjectMaterialsWidget(HygProjectHandler & projects, HygMaterialDB & database, QWidget * parent = nullptr);
 
+    /// Asks for another material in the place of one; what is assigned stays assigned. Throws as
+    /// HygProjectMaterials::reference().
+    static void chooseOther(HygProjectHandler & projects, std::size_t index, QWidget * parent);
+
     /// Adds materials of the database.
     void add(const QStringList & paths);
 
@@ -42,7 +46,7 @@ private:
     void updateActions();
     int current() const;
     void attempt(const std::function<void()> & action);
-    void chooseOther(int index);
+    void replace(int index);
     void itemClicked(QTreeWidgetItem * item, int column);
 
     void addMaterial();

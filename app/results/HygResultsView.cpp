@@ -6,6 +6,7 @@
 #include "HygResultTree.h"
 #include "HygTimeBar.h"
 #include "document/HygProjectHandler.h"
+#include "materials/HygMaterialNotice.h"
 #include "simulation/HygOutputDirectory.h"
 
 #include <KOR/Exception.h>
@@ -79,13 +80,14 @@ HygResultsView::HygResultsView(HygProjectHandler * projects)
       m_place(new QSpinBox(this)), m_placeText(new QLabel(this)), m_normal(new QComboBox(this)),
       m_plane(new QSlider(Qt::Horizontal, this)), m_planeText(new QLabel(this)), m_cut(new QComboBox(this)),
       m_cutPlace(new QSlider(Qt::Horizontal, this)), m_threshold(new QLineEdit(this)), m_statistics(new QLabel(this)),
-      m_problems(new QLabel(this)), m_timer(new QTimer(this)) {
+      m_problems(new QLabel(this)), m_materials(new HygMaterialNotice(*projects, this)), m_timer(new QTimer(this)) {
     setObjectName(QStringLiteral("HygResultsView"));
     auto * right = new QWidget(this);
     auto * column = new QVBoxLayout(right);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(makeOptions());
     column->addWidget(m_problems);
+    column->addWidget(m_materials);
     column->addWidget(m_chart, 1);
     column->addWidget(m_timeBar);
     column->addWidget(m_statistics);
@@ -105,6 +107,16 @@ HygResultsView::HygResultsView(HygProjectHandler * projects)
         m_statistics->setText(m_chart->statistics());
         m_problems->setText(m_chart->problems());
         m_problems->setVisible(!m_chart->problems().isEmpty());
+        std::set<std::string> materials;
+        for (const auto & file : m_chart->files())
+            if (file->geometry() != nullptr)
+                for (const DATAIO::GeoFile::Material & material : file->geometry()->m_materials)
+                    materials.insert(material.name);
+        m_materials->setMaterials(std::move(materials));
+    });
+    connect(m_materials, &HygMaterialNotice::refused, m_problems, [this](const QString & message) {
+        m_problems->setText(message);
+        m_problems->show();
     });
     connect(m_timer, &QTimer::timeout, this, &HygResultsView::follow);
     connect(projects, &HygProjectHandler::projectFileChanged, this, &HygResultsView::openProject);

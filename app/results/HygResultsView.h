@@ -5,6 +5,7 @@
 
 #include <QDateTime>
 
+class HygMaterialNotice;
 class HygProjectHandler;
 class HygResultTree;
 class HygTimeBar;
@@ -88,6 +89,7 @@ private:
     std::vector<QCheckBox *> m_flags;
     QLabel * m_statistics;
     QLabel * m_problems;
+    HygMaterialNotice * m_materials;
     QTimer * m_timer;
     QDateTime m_folderChanged; ///< when a file last came or went
     bool m_isShowing = false;  ///< controls are being set, not used

@@ -8,6 +8,7 @@
 
 #include <QAction>
 #include <QDir>
+#include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QUndoStack>
@@ -61,6 +62,8 @@ protected:
 
     void open(const HYGRION::Project & project) {
         const QString path = m_directory.filePath("wall.h6p");
+        QFile::copy(QStringLiteral(HYG_SOURCE_DIR "/DB_materials/clay_brick_solid_108.m6"),
+                    m_directory.filePath("a.m6"));
         ASSERT_TRUE(project.writeXML(path.toStdString()));
         ASSERT_TRUE(m_projects.openProject(path));
         m_view.resize(1000, 600);

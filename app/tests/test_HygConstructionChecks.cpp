@@ -4,6 +4,7 @@
 #include "construction/HygDiscretizationDialog.h"
 
 #include <QComboBox>
+#include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -121,6 +122,45 @@ TEST(HygConstructionHint, SurfacesToOpenAirNeedAnInterface) {
           "S"
     });
     EXPECT_THAT(open(), ElementsAre(std::pair(Bottom, Range{.left = 3, .bottom = 2, .right = 3, .top = 2})));
+}
+
+TEST_F(HygConstructionChecks, MaterialsWithoutAUsableFileAreMarkedAndReplaced) {
+    Project p = wall();
+    p.m_materials[1].m_filename = KOR::Path("${Project Directory}/lost.m6");
+    const QString other = m_directory.filePath("DB_materials/glass_247.m6");
+    open(p);
+    QFile::copy(QStringLiteral(HYG_SOURCE_DIR "/DB_materials/glass_247.m6"), other);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !scene().problemOf(1).isEmpty(); }, 10000));
+    EXPECT_TRUE(scene().problemOf(0).isEmpty());
+    EXPECT_TRUE(scene().cardOf(3, 0).contains("lost.m6"));
+    EXPECT_FALSE(scene().cardOf(0, 0).contains("a.m6"));
+    const auto & layers = *find<QTableView>("layerTable").model();
+    EXPECT_TRUE(layers.index(1, 0).data(Qt::ToolTipRole).toString().contains("lost.m6"));
+    EXPECT_FALSE(layers.index(0, 0).data(Qt::ToolTipRole).toString().contains("a.m6"));
+    auto & table = find<QTableView>("assignmentTable");
+    EXPECT_TRUE(table.model()->index(1, 1).data(Qt::ToolTipRole).toString().contains("lost.m6"));
+    EXPECT_FALSE(table.model()->index(2, 1).data(Qt::ToolTipRole).isValid());
+
+    // A double click in the table leads to the database.
+    int asked = 0;
+    QTimer answers;
+    QObject::connect(&answers, &QTimer::timeout, [&] {
+        auto * dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+        if (dialog == nullptr || dialog->objectName() == "backgroundWork")
+            return;
+        ++asked;
+        dialog->reject();
+    });
+    answers.start(20);
+    emit table.doubleClicked(table.model()->index(1, 1));
+    EXPECT_EQ(asked, 1);
+    answers.stop();
+    EXPECT_EQ(stack().count(), 0) << "nothing was chosen";
+
+    // The file comes back: all is well again.
+    QFile::copy(other, m_directory.filePath("lost.m6"));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return scene().problemOf(1).isEmpty(); }, 10000));
+    EXPECT_FALSE(table.model()->index(1, 1).data(Qt::ToolTipRole).isValid());
 }
 
 TEST_F(HygConstructionChecks, AssignmentsAreFoundChangedAndRemoved) {

@@ -1,7 +1,8 @@
-#include "HygSettings.h"
+#include "MaterialTesting.h"
+
 #include "materials/HygMaterialChart.h"
+#include "materials/HygMaterialDBDialog.h"
 #include "materials/HygMaterialDBWidget.h"
-#include "materials/HygMaterialEditor.h"
 #include "materials/HygMaterialFindings.h"
 #include "materials/HygMaterialFunctionPage.h"
 #include "materials/HygMaterialPointModel.h"
@@ -13,6 +14,7 @@
 
 #include <KOR/Exception.h>
 #include <KOR/FileIO.h>
+#include <KOR/Numbers.h>
 
 #include <QAction>
 #include <QCheckBox>
@@ -36,76 +38,6 @@
 namespace {
 
 using MM::Material;
-
-constexpr const char * BRICK = "clay_brick_solid_108.m6";
-
-/// A database of two built-in materials and none of the user's.
-class HygMaterialEditorTest : public testing::Test {
-protected:
-    HygMaterialEditorTest()
-        : m_settings("KOR", QString::fromLatin1(testing::UnitTest::GetInstance()->current_test_info()->name())) {
-        m_settings.setDefaults();
-        m_settings.m_langId = "en";
-        QDir(m_home.path()).mkdir("built in");
-        for (const char * file : {BRICK, "sand_lime_brick_107.m6"})
-            QFile::copy(QStringLiteral(HYG_SOURCE_DIR "/DB_materials/") + file,
-                        path(QStringLiteral("built in/") + file));
-        m_database = std::make_shared<HygMaterialDB>(
-            HygThreadMaterialDBUpdater::Places{path("built in"), path("user"), path("cache")}, "en");
-    }
-    QString path(const QString & name) const { return m_home.filePath(name); }
-    Material read(const QString & file) const {
-        Material material;
-        material.read(file.toStdString());
-        return material;
-    }
-    std::unique_ptr<HygMaterialEditor> editorOf(const QString & file) const {
-        auto editor = std::make_unique<HygMaterialEditor>(*m_database, read(file));
-        editor->show();
-        return editor;
-    }
-    QString copy() const { return m_database->copyToUser(path(QStringLiteral("built in/") + BRICK)); }
-    void waitForScan() const {
-        const auto isTakenOver = [&] {
-            const HygMaterialDBScanPtr scan = m_database->updater().result();
-            return !m_database->isScanning() && scan &&
-                   m_database->model().rowCount() == static_cast<int>(scan->entries.size());
-        };
-        EXPECT_TRUE(QTest::qWaitFor(isTakenOver, 20000));
-        QTest::qWait(20);
-    }
-
-    /// Answers the modal windows that come, in order; a test that fails is better than one that hangs.
-    template <typename Reply> void answer(std::vector<Reply> replies) {
-        auto * timer = new QTimer(&m_timers);
-        QObject::connect(timer, &QTimer::timeout,
-                         [this, replies, next = std::size_t{0}, last = static_cast<QWidget *>(nullptr)]() mutable {
-                             QWidget * window = QApplication::activeModalWidget();
-                             if (window == nullptr || window == last)
-                                 return;
-                             last = window;
-                             if (auto * box = qobject_cast<QMessageBox *>(window))
-                                 m_asked << box->text();
-                             else
-                                 m_asked << window->objectName();
-                             if (next < replies.size())
-                                 replies[next++](*window);
-                             else
-                                 static_cast<QDialog *>(window)->reject();
-                         });
-        timer->start(10);
-    }
-    using Reply = std::function<void(QWidget &)>;
-    static Reply press(QMessageBox::StandardButton button) {
-        return [button](QWidget & box) { static_cast<QMessageBox &>(box).button(button)->click(); };
-    }
-
-    QTemporaryDir m_home;
-    HygSettings m_settings;
-    std::shared_ptr<HygMaterialDB> m_database;
-    QStringList m_asked;
-    QObject m_timers;
-};
 
 constexpr const char * COPY_QUESTION = "The material is located in the built-in material database. Would you like to "
                                        "create a copy and edit the duplicated material instead?";
@@ -225,6 +157,92 @@ TEST_F(HygMaterialEditorTest, EveryFieldIsEditedUndoneAndSaved) {
     EXPECT_FALSE(editor->isWindowModified());
 }
 
+/// The keys of undo go to the material wherever the cursor is, but to a text while it is being typed.
+TEST_F(HygMaterialEditorTest, UndoKeysWorkFromWithinTheFields) {
+    auto editor = editorOf(copy());
+    editor->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(editor.get()));
+    QUndoStack & stack = editor->document().undoStack();
+    const struct {
+        int page;
+        const char * field;
+        const char * before;
+        const char * text;
+    } rows[] = {
+        {1, "LAMBDA",     "0.6 W/mK", "6"   },
+        {0, "PRODUCT_ID", "",         "B 12"},
+    };
+    for (const auto & row : rows) {
+        editor->findChild<QTabWidget *>()->setCurrentIndex(row.page);
+        auto & field = *editor->findChild<QLineEdit *>(row.field);
+        field.setFocus();
+        field.selectAll();
+        QTest::keyClicks(&field, row.text);
+        QTest::keyClick(&field, Qt::Key_Z, Qt::ControlModifier);
+        EXPECT_EQ(stack.count(), 0) << "the text alone is taken back";
+        field.selectAll();
+        QTest::keyClicks(&field, row.text);
+        QTest::keyClick(&field, Qt::Key_Return);
+        EXPECT_EQ(stack.index(), 1);
+        QTest::keyClick(&field, Qt::Key_Z, Qt::ControlModifier);
+        EXPECT_EQ(stack.index(), 0) << row.field;
+        EXPECT_EQ(field.text(), row.before);
+        const int redo = QKeySequence(QKeySequence::Redo)[0];
+        QTest::keyClick(&field, static_cast<Qt::Key>(redo & ~int(Qt::KeyboardModifierMask)),
+                        Qt::KeyboardModifiers(redo & int(Qt::KeyboardModifierMask)));
+        EXPECT_EQ(stack.index(), 1) << row.field;
+        stack.undo();
+        stack.clear();
+    }
+}
+
+TEST_F(HygMaterialEditorTest, CopiesCanBeToldApart) {
+    const QString first = copy();
+    const QString second = copy(); // before the scan has found the first
+    waitForScan();
+    const QString third = m_database->copyToUser(first);
+    EXPECT_EQ(read(first).name("en"), "Solid clay brick (copy)");
+    EXPECT_EQ(read(second).name("en"), "Solid clay brick (copy 2)");
+    EXPECT_EQ(read(second).name("de"), "Vollziegel (Kopie 2)");
+    EXPECT_EQ(read(third).name("en"), "Solid clay brick (copy 3)") << "a copy of a copy";
+    EXPECT_NE(read(second).m_id, read(third).m_id);
+}
+
+/// Choosing in the dialog without the mouse.
+TEST_F(HygMaterialEditorTest, MaterialsAreChosenByKeys) {
+    HygMaterialDBDialog dialog(m_database, "Replace");
+    dialog.show();
+    waitForScan();
+    auto & search = *dialog.findChild<QLineEdit *>("materialSearch");
+    auto & ok = *dialog.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok);
+    const QString lime = path("built in/sand_lime_brick_107.m6");
+    QTest::keyClicks(&search, "lime");
+    EXPECT_TRUE(dialog.path().endsWith("sand_lime_brick_107.m6")) << "the first hit is chosen";
+    EXPECT_TRUE(ok.isEnabled());
+    QTest::keyClicks(&search, " nothing");
+    EXPECT_EQ(dialog.path(), "");
+    EXPECT_FALSE(ok.isEnabled());
+    auto & table = dialog.findChild<HygMaterialDBWidget *>()->table();
+    QTest::keyClick(&table, Qt::Key_Return);
+    EXPECT_TRUE(dialog.isVisible()) << "nothing to choose";
+    search.clear();
+    QTest::keyClick(&search, Qt::Key_Down);
+    QTest::keyClick(&table, Qt::Key_Home);
+    QTest::keyClick(&table, Qt::Key_Down);
+    const QString chosen = dialog.path();
+    EXPECT_NE(chosen, "");
+    QTest::keyClick(&table, Qt::Key_Return);
+    EXPECT_EQ(dialog.result(), QDialog::Accepted);
+    EXPECT_EQ(dialog.path(), chosen);
+
+    HygMaterialDBWidget widget(m_database);
+    widget.setSearch("Brick of a former project");
+    widget.show();
+    waitForScan();
+    EXPECT_EQ(widget.table().model()->rowCount(), 2) << "words that find nothing are dropped";
+    EXPECT_EQ(widget.findChild<QLineEdit *>("materialSearch")->text(), "");
+}
+
 TEST_F(HygMaterialEditorTest, PointsAreInsertedPastedRemovedAndDragged) {
     auto editor = editorOf(copy());
     editor->findChild<QTabWidget *>()->setCurrentIndex(2);
@@ -278,6 +296,8 @@ TEST_F(HygMaterialEditorTest, PointsAreInsertedPastedRemovedAndDragged) {
     EXPECT_LT(dragged.x()[1], 1);
     EXPECT_GT(dragged.x()[1], 0.9);
     EXPECT_NEAR(dragged.y()[1], 9, 0.05);
+    for (const double value : {dragged.x()[1], dragged.y()[1]})
+        EXPECT_LE(KOR::toString(value).size(), 7u) << value << " has digits that no pixel means";
     EXPECT_EQ(editor->document().undoStack().count(), steps + 1);
     editor->document().undoStack().undo();
     EXPECT_EQ(points(), "0:10 0.5:8 1:7");
@@ -320,6 +340,12 @@ TEST_F(HygMaterialEditorTest, FindingsStandAtTheirFieldsAndNothingUnreadableIsSa
         EXPECT_THROW(document.save(file), KOR::Exception);
         EXPECT_EQ(KOR::readFile(file.toStdString(), 1 << 20), content);
     }
+    setIsotherm({0, 0.8, 1}, {0, 0.1, 0.05});
+    EXPECT_TRUE(save.isEnabled());
+    bool isNamed = false;
+    for (int row = 0; row < list.count(); ++row)
+        isNamed = isNamed || list.item(row)->text().contains("as it does in row 3");
+    EXPECT_TRUE(isNamed) << "in words that say what to mend";
     setIsotherm({0, 0.8, 1}, {0, 0.1, 0.37});
     EXPECT_TRUE(save.isEnabled());
     document.undoStack().setClean();
@@ -394,7 +420,8 @@ TEST_F(HygMaterialEditorTest, ComparedMaterialsShareOneChart) {
         const bool exists = !HygMaterialCurves::directions(which, *brick.material).empty();
         const bool expected = which != HygMaterialCurves::ConductivityTemperature &&
                               which != HygMaterialCurves::ConductivityIce &&
-                              which != HygMaterialCurves::AirPermeability;
+                              which != HygMaterialCurves::AirPermeability && which != HygMaterialCurves::FoilForward &&
+                              which != HygMaterialCurves::FoilBackward;
         EXPECT_EQ(exists, expected) << curve;
     }
     const auto isotherm = HygMaterialCurves::model(HygMaterialCurves::StorageRH, brick.material, 0);

@@ -117,6 +117,18 @@ void MoistureTransport::prepareCalculation(const Material & material, int direct
     prepareVapor(material, direction);
 }
 
+double MoistureTransport::shareOf(const ModelDataContainer & model) {
+    for (const std::string_view keyword : SERIAL_PARALLEL_PARAMETERS)
+        if (model.find(keyword) != nullptr && model.values(keyword).size() != 1)
+            throw KOR::Exception(KOR::text("Expected a number for parameter %1 of model SERIAL_PARALLEL, got '%2'.",
+                                           keyword, shown(*model.find(keyword))),
+                                 PREPARE);
+    const std::vector<double> share = model.values("SP_SP");
+    if (share.size() != 1 || !(share[0] > 0 && share[0] <= 1))
+        throw KOR::Exception("Model SERIAL_PARALLEL needs the parameter SP_SP above 0 and not above 1.", PREPARE);
+    return share[0];
+}
+
 void MoistureTransport::prepareVapor(const Material & material, int direction) {
     m_vaporModel = VaporModel::NONE;
     m_dryKv = 0;
@@ -141,17 +153,10 @@ void MoistureTransport::prepareVapor(const Material & material, int direction) {
                     KOR::text("Invalid value %1 in function 'mew(RH)', all values must be above 0.", factor), PREPARE);
         m_vaporModel = VaporModel::MEW_FUNCTION;
     } else if (model != nullptr) {
-        for (const std::string_view keyword : SERIAL_PARALLEL_PARAMETERS)
-            if (model->find(keyword) != nullptr && model->values(keyword).size() != 1)
-                throw KOR::Exception(KOR::text("Expected a number for parameter %1 of model SERIAL_PARALLEL, got '%2'.",
-                                               keyword, shown(*model->find(keyword))),
-                                     PREPARE);
-        const std::vector<double> share = model->values("SP_SP");
-        if (share.size() != 1 || !(share[0] > 0 && share[0] <= 1))
-            throw KOR::Exception("Model SERIAL_PARALLEL needs the parameter SP_SP above 0 and not above 1.", PREPARE);
+        const double share = shareOf(*model);
         if (porosity.empty() || !(m_porosity > 0))
             throw KOR::Exception("Model SERIAL_PARALLEL needs the parameter THETA_POR above 0.", PREPARE);
-        m_parallelShare = share[0];
+        m_parallelShare = share;
         m_vaporModel = VaporModel::SERIAL_PARALLEL;
     } else {
         m_vaporModel = VaporModel::CONSTANT;

@@ -51,6 +51,10 @@ public:
     /// Share of the dry permeability that is left at a content, by the serial-parallel model.
     double openPoreFactor(double content) const;
 
+    /// The share of parallel pores by a model block SERIAL_PARALLEL. Throws ("[MoistureTransport::prepareCalculation]")
+    /// for parameters that are no numbers and for a share that is not above 0 and up to 1.
+    static double shareOf(const ModelDataContainer & model);
+
 private:
     void prepareVapor(const Material & material, int direction);
     void deriveConductivity(const Material & material);

@@ -37,6 +37,7 @@ public:
 
     const KOR::Parameter & parameter(Param which) const { return m_parameters[indexOf(which)]; }
     void setParameter(Param which, double value);
+    void clearParameter(Param which) { m_parameters[indexOf(which)].clear(); }
 
     /// The resistance for flow in positive direction or against it; that of the other direction where only one is given.
     AdaptiveResistance resistance(bool positive) const;
