@@ -47,7 +47,7 @@ HygMaterialModelPage::HygMaterialModelPage(HygMaterialDocument & document, QWidg
         button->setAutoRaise(true);
         button->setFocusPolicy(Qt::TabFocus);
     }
-    m_table->view().horizontalHeader()->setMinimumHeight(2 * fontMetrics().height() + 8);
+    m_table->view().horizontalHeader()->setMinimumHeight(4 * fontMetrics().height() + 8);
 
     auto * left = new QWidget(this);
     auto * tools = new QHBoxLayout;
