@@ -111,6 +111,16 @@
     </message>
 </context>
 <context>
+    <name>HygMaterialModelPage</name>
+    <message numerus="yes">
+        <source>The model has %n tabulated functions of its own, which are kept as they stand.</source>
+        <translation>
+            <numerusform>The model has a tabulated function of its own, which is kept as it stands.</numerusform>
+            <numerusform>The model has %n tabulated functions of its own, which are kept as they stand.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>HygOutputPlaces</name>
     <message numerus="yes">
         <source>%n places in the drawing</source>
