@@ -69,6 +69,7 @@ bool HygFileActions::isOpenable(const QString & path) {
 }
 
 bool HygFileActions::open(const QString & path) {
+    emit opening();
     if (hasSuffix(path, PACKAGE_SUFFIX))
         return unpack(path);
     if (!settle())

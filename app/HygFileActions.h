@@ -44,6 +44,8 @@ public:
     void close();
 
 signals:
+    /// A project is being opened; what was told about others is history.
+    void opening();
     /// Something went well that the user should know of.
     void noticed(const QString & text);
 

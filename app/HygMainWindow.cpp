@@ -11,6 +11,8 @@
 #include "dialogs/HygPreferencesDialog.h"
 #include "document/HygBackground.h"
 #include "document/HygProjectHandler.h"
+#include "materials/HygMaterialDB.h"
+#include "materials/HygMaterialView.h"
 #include "ui_HygMainWindow.h"
 #include "views/HygLogView.h"
 #include "views/HygNavigationButton.h"
@@ -27,7 +29,9 @@
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileInfo>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMimeData>
 #include <QProcess>
 #include <QScreen>
@@ -67,8 +71,10 @@ HygMainWindow::HygMainWindow(HygSettings & settings, QtExt::LanguageHandler & la
     m_projects->setJournalDirectory(m_settings.directory(HygSettings::DIR_USER_DATA) + QStringLiteral("/journal"));
     m_ui->setupUi(this);
     setAcceptDrops(true);
+    qApp->installEventFilter(this);
     m_projectLabel = new QLabel(this);
     m_projectLabel->setObjectName(QStringLiteral("projectFile"));
+    m_projectLabel->setTextFormat(Qt::PlainText);
     m_ui->statusBar->addPermanentWidget(m_projectLabel);
     setUpViews();
     setUpLog();
@@ -82,8 +88,10 @@ HygMainWindow::HygMainWindow(HygSettings & settings, QtExt::LanguageHandler & la
 
     resize(size().boundedTo(screen()->availableSize()));
     restoreGeometry(m_settings.m_mainWindowGeometry);
-    if (!restoreState(m_settings.m_mainWindowState, STATE_VERSION))
+    if (!restoreState(m_settings.m_mainWindowState, STATE_VERSION)) {
         resizeDocks({m_ui->logDock}, {LOG_HEIGHT}, Qt::Vertical);
+        m_ui->logDock->hide(); // its button tells when something is wrong
+    }
     m_problemsSeen = 0;
     updateBadge();
 
@@ -248,6 +256,7 @@ void HygMainWindow::setUpUndo() {
     connect(m_projects, &HygProjectHandler::projectFileChanged, this, &HygMainWindow::takeOverProject);
     connect(m_projects, &HygProjectHandler::failed, this, &HygMainWindow::showProblem);
     connect(m_projects, &HygProjectHandler::noticed, this, &HygMainWindow::showProblem);
+    connect(m_files, &HygFileActions::opening, m_ui->messageBar, &HygMessageBar::clear);
     connect(m_files, &HygFileActions::noticed, this,
             [this](const QString & text) { m_ui->statusBar->showMessage(text, NOTICE_MS); });
 }
@@ -313,8 +322,11 @@ void HygMainWindow::showView(view_t id) {
     const auto view = m_views.find(id);
     if (view == m_views.end() || !view->second.action->isEnabled())
         return;
+    const bool isOther = m_ui->views->currentWidget() != view->second.widget;
     m_ui->views->setCurrentWidget(view->second.widget);
     m_ui->navigationBar->setCurrent(id);
+    if (isOther && view->second.widget->focusProxy() != nullptr)
+        view->second.widget->setFocus(); // the keys belong to what is shown
 }
 
 HygMainWindow::view_t HygMainWindow::currentView() const {
@@ -497,6 +509,20 @@ void HygMainWindow::changeEvent(QEvent * event) {
         takeNoteOfFiles();
 }
 
+bool HygMainWindow::eventFilter(QObject * watched, QEvent * event) {
+    // A field takes the keys of Undo for itself, even if it has nothing to undo.
+    if (event->type() == QEvent::ShortcutOverride)
+        if (const auto * field = qobject_cast<QLineEdit *>(watched)) {
+            auto * key = static_cast<QKeyEvent *>(event);
+            if ((key->matches(QKeySequence::Undo) && !field->isUndoAvailable()) ||
+                (key->matches(QKeySequence::Redo) && !field->isRedoAvailable())) {
+                event->ignore();
+                return true;
+            }
+        }
+    return QMainWindow::eventFilter(watched, event);
+}
+
 void HygMainWindow::takeNoteOfFiles() {
     updateRecentProjects(); // they may have come or gone in the meantime
     m_projects->checkDisk();
@@ -624,6 +650,19 @@ void collectActions(const QList<QAction *> & actions, const QString & place,
 void HygMainWindow::searchCommands() {
     std::vector<HygCommandSearch::Command> commands;
     collectActions(m_ui->menuBar->actions(), {}, commands);
+    for (const auto & [id, view] : m_views) { // those of the other views, which they need to be shown for
+        if (view.widget == m_ui->views->currentWidget() || !view.action->isEnabled())
+            continue;
+        for (QAction * action : view.widget->actions())
+            if (action->isVisible() && !action->isSeparator())
+                commands.push_back({plain(action->text()), tr(view.row->title),
+                                    action->shortcut().toString(QKeySequence::NativeText), action->icon(),
+                                    [this, id = id, action] {
+                                        showView(id);
+                                        if (action->isEnabled())
+                                            action->trigger();
+                                    }});
+    }
     if (m_views.size() > 1) // something that can show a definition
         HYGRION::forEachDefinitionList(m_projects->project(), [&](HYGRION::definition_t kind, const auto & list) {
             const int number = static_cast<int>(kind);
@@ -635,7 +674,29 @@ void HygMainWindow::searchCommands() {
                     {name, tr(KINDS[number].word), {}, icon, [this, number, name] { showDefinition(number, name); }});
             }
         });
-    HygCommandSearch(std::move(commands), this).exec();
+    HygCommandSearch search(std::move(commands), this);
+    const std::shared_ptr<HygMaterialDB> database = HygMaterialDB::shared();
+    const auto offer = [&] {
+        std::vector<HygCommandSearch::Command> materials;
+        const HygMaterialDBTableModel & model = database->model();
+        for (int row = 0; row < model.rowCount(); ++row)
+            if (model.entry(row).isReadable())
+                materials.push_back({model.name(row),
+                                     tr("Material database"),
+                                     {},
+                                     m_views.at(HygViewTable::Materials).action->icon(),
+                                     [this, path = model.entry(row).path] { showMaterial(path); }});
+        search.setMore(materials);
+    };
+    connect(&database->updater(), &HygThreadMaterialDBUpdater::updated, &search, offer);
+    offer();
+    database->start(); // at the first time the materials come a moment later
+    search.exec();
+}
+
+void HygMainWindow::showMaterial(const QString & path) {
+    showView(HygViewTable::Materials);
+    static_cast<HygMaterialView *>(m_views.at(HygViewTable::Materials).widget)->showMaterial(path);
 }
 
 void HygMainWindow::showDefinition(int kind, const QString & name) {

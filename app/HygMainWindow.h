@@ -57,6 +57,7 @@ public slots:
 
 protected:
     void changeEvent(QEvent * event) override;
+    bool eventFilter(QObject * watched, QEvent * event) override;
     void closeEvent(QCloseEvent * event) override;
     void dragEnterEvent(QDragEnterEvent * event) override;
     void dropEvent(QDropEvent * event) override;
@@ -80,6 +81,7 @@ private:
     void showHelpOfFocus();
     void searchCommands();
     void showDefinition(int kind, const QString & name);
+    void showMaterial(const QString & path);
     void setUpLog();
     void setUpActions();
     void setUpChoices();

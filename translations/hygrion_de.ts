@@ -208,6 +208,10 @@ Doppelklick wählt eine andere Datei.</translation>
         <source>Commands found</source>
         <translation>Gefundene Befehle</translation>
     </message>
+    <message>
+        <source>Nothing found</source>
+        <translation>Nichts gefunden</translation>
+    </message>
 </context>
 <context>
     <name>HygConstructionEditor</name>
@@ -342,6 +346,18 @@ Doppelklick wählt eine andere Datei.</translation>
     <message>
         <source>Remove layer</source>
         <translation>Schicht entfernen</translation>
+    </message>
+    <message>
+        <source>Add standard outputs</source>
+        <translation>Übliche Ausgaben hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add outputs</source>
+        <translation>Ausgaben hinzufügen</translation>
+    </message>
+    <message>
+        <source>Assign outputs</source>
+        <translation>Ausgaben zuweisen</translation>
     </message>
 </context>
 <context>
@@ -823,6 +839,10 @@ Doppelklick wählt eine andere Datei.</translation>
         <source>Automatic discretization</source>
         <translation>Automatische Diskretisierung</translation>
     </message>
+    <message>
+        <source>Turned about the left edge</source>
+        <translation>Gedreht um den linken Rand</translation>
+    </message>
 </context>
 <context>
     <name>HygCoreMessages</name>
@@ -1213,6 +1233,30 @@ Doppelklick wählt eine andere Datei.</translation>
         <source>With so many cells a calculation takes very long; larger cells inside the layers are usually enough.</source>
         <translation>Mit so vielen Zellen dauert eine Berechnung sehr lange; meist genügen größere Zellen im Inneren der Schichten.</translation>
     </message>
+    <message>
+        <source>Stack planes</source>
+        <translation>Ebenen</translation>
+    </message>
+    <message>
+        <source>Which cells are divided</source>
+        <translation>Welche Zellen geteilt werden</translation>
+    </message>
+    <message>
+        <source>Column %1</source>
+        <translation>Spalte %1</translation>
+    </message>
+    <message>
+        <source>Row %1</source>
+        <translation>Zeile %1</translation>
+    </message>
+    <message>
+        <source>Plane %1</source>
+        <translation>Ebene %1</translation>
+    </message>
+    <message>
+        <source>Planes %1 to %2</source>
+        <translation>Ebenen %1 bis %2</translation>
+    </message>
 </context>
 <context>
     <name>HygFileActions</name>
@@ -1418,13 +1462,13 @@ Doppelklick wählt eine andere Datei.</translation>
     </message>
     <message>
         <source>%1: no interface, no heat or moisture passes there.</source>
-        <translation>%1: keine Oberfläche, dort gehen weder Wärme noch Feuchte durch.</translation>
+        <translation>%1: kein Klima zugewiesen, dort gehen weder Wärme noch Feuchte durch.</translation>
     </message>
     <message numerus="yes">
         <source>%1: %n faces to open air without interface.</source>
         <translation>
-            <numerusform>%1: %n Fläche zur freien Luft ohne Oberfläche.</numerusform>
-            <numerusform>%1: %n Flächen zur freien Luft ohne Oberfläche.</numerusform>
+            <numerusform>%1: %n Fläche zur freien Luft, der kein Klima zugewiesen ist.</numerusform>
+            <numerusform>%1: %n Flächen zur freien Luft, denen kein Klima zugewiesen ist.</numerusform>
         </translation>
     </message>
     <message>
@@ -1434,6 +1478,26 @@ Doppelklick wählt eine andere Datei.</translation>
     <message>
         <source>standard indoor climate</source>
         <translation>genormtes Innenklima</translation>
+    </message>
+    <message>
+        <source>Outer edges without interface, where nothing passes:</source>
+        <translation>Äußere Ränder ohne Klima, durch die nichts geht:</translation>
+    </message>
+    <message>
+        <source>The file of material &apos;%1&apos; is missing.</source>
+        <translation>Die Datei des Materials „%1“ fehlt.</translation>
+    </message>
+    <message>
+        <source>No outputs are assigned; a run would leave no results.</source>
+        <translation>Es sind keine Ausgaben zugewiesen; eine Berechnung hinterließe keine Ergebnisse.</translation>
+    </message>
+    <message>
+        <source>standard outputs</source>
+        <translation>übliche Ausgaben</translation>
+    </message>
+    <message>
+        <source>Nothing is missing here.</source>
+        <translation>Hier fehlt nichts.</translation>
     </message>
 </context>
 <context>
@@ -2547,6 +2611,10 @@ Doppelklick wählt ein anderes Material.</translation>
     <message>
         <source>As opened</source>
         <translation>Wie geöffnet</translation>
+    </message>
+    <message>
+        <source>Material database</source>
+        <translation>Materialdatenbank</translation>
     </message>
 </context>
 <context>
@@ -3948,10 +4016,6 @@ Doppelklick wählt ein anderes Material.</translation>
         <translation>Suchen, zum Beispiel Ziegel</translation>
     </message>
     <message>
-        <source>Words that the material&apos;s name or category holds</source>
-        <translation>Wörter aus dem Namen oder der Kategorie des Materials</translation>
-    </message>
-    <message>
         <source>Materials of the project and of the database</source>
         <translation>Materialien des Projekts und der Datenbank</translation>
     </message>
@@ -3998,6 +4062,10 @@ Doppelklick wählt ein anderes Material.</translation>
     <message>
         <source>In the project already</source>
         <translation>Schon im Projekt</translation>
+    </message>
+    <message>
+        <source>Words that the material&apos;s name or category holds; Up and Down choose in the list</source>
+        <translation>Wörter aus dem Namen oder der Kategorie des Materials; Auf und Ab wählen in der Liste</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,7 @@
 
 #include "HygIconEngine.h"
 #include "construction/HygConstructionCanvas.h"
+#include "views/HygListKeys.h"
 
 #include <HYGRION/GridEdit.h>
 #include <QtExt/Palette.h>
@@ -142,6 +143,8 @@ HygAssignPanel::HygAssignPanel(HygConstructionEditor & editor, HygConstructionCa
     for (QToolButton * button : {m_assign, m_takeOff})
         button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 
+    new HygListKeys(*m_search, *m_tree);
+    connect(m_search, &QLineEdit::returnPressed, this, &HygAssignPanel::assignCurrent);
     connect(m_search, &QLineEdit::textChanged, this, &HygAssignPanel::filter);
     connect(m_tree, &QTreeWidget::itemDoubleClicked, this, &HygAssignPanel::assignCurrent);
     connect(m_tree, &QTreeWidget::currentItemChanged, this, &HygAssignPanel::updateSelection);
@@ -262,16 +265,18 @@ void HygAssignPanel::filter() {
         if (!words.isEmpty())
             group.setExpanded(true);
     }
+    // What is not to be seen is not what is assigned.
+    const QTreeWidgetItem * current = m_tree->currentItem();
+    if (!words.isEmpty() && (current == nullptr || current->isHidden() || current->parent() == nullptr))
+        m_tree->setCurrentItem(firstShown());
 }
 
-void HygAssignPanel::choose(const QString & name) {
-    m_search->clear(); // which may hide it
-    for (QTreeWidgetItemIterator item(m_tree); *item != nullptr; ++item)
-        if ((*item)->data(0, NameRole).toString() == name) {
-            m_tree->setCurrentItem(*item);
-            m_tree->setFocus();
-            return;
-        }
+QTreeWidgetItem * HygAssignPanel::firstShown() const {
+    for (int n = 0; n < m_tree->topLevelItemCount(); ++n)
+        for (int i = 0; i < m_tree->topLevelItem(n)->childCount(); ++i)
+            if (!m_tree->topLevelItem(n)->child(i)->isHidden())
+                return m_tree->topLevelItem(n)->child(i);
+    return nullptr;
 }
 
 std::vector<location_t> HygAssignPanel::surfaces() const {
@@ -305,12 +310,30 @@ location_t HygAssignPanel::side() const {
     return location_t::Left;
 }
 
+void HygAssignPanel::showDefinition(type_t type, const QString & name) {
+    m_search->clear();
+    for (int n = 0; n < m_tree->topLevelItemCount(); ++n)
+        for (int i = 0; i < m_tree->topLevelItem(n)->childCount(); ++i) {
+            QTreeWidgetItem * item = m_tree->topLevelItem(n)->child(i);
+            if (item->data(0, TypeRole).toInt() == static_cast<int>(type) && item->data(0, NameRole) == name) {
+                m_tree->setCurrentItem(item);
+                return m_tree->setFocus();
+            }
+        }
+}
+
+void HygAssignPanel::setSide(location_t side) {
+    const auto * const place = std::find(std::begin(SIDES), std::end(SIDES), side);
+    if (place == std::end(SIDES))
+        return;
+    m_sides[static_cast<std::size_t>(place - std::begin(SIDES))]->setChecked(true);
+    updateSelection();
+}
+
 void HygAssignPanel::chooseSide() {
     const std::vector<location_t> free = surfaces();
-    if (free.empty() || std::find(free.begin(), free.end(), side()) != free.end())
-        return;
-    m_sides[static_cast<std::size_t>(std::find(std::begin(SIDES), std::end(SIDES), free.front()) - std::begin(SIDES))]
-        ->setChecked(true);
+    if (!free.empty() && std::find(free.begin(), free.end(), side()) == free.end())
+        setSide(free.front());
 }
 
 bool HygAssignPanel::fits(type_t type) const {
@@ -340,7 +363,7 @@ void HygAssignPanel::updateSelection() {
     if (isSelected)
         for (const Assignment & assignment : scene.project->m_assignments.m_list) {
             Range range;
-            if (!scene.showsIn(assignment, range))
+            if (assignment.m_location == location_t::Coordinate || !scene.showsIn(assignment, range))
                 continue;
             if (assignment.isOnSide() && assignment.m_location != side())
                 continue;

@@ -29,8 +29,6 @@ public:
     void updateProblems();
     /// The selection has changed.
     void updateSelection();
-    /// Makes a definition or material the current entry.
-    void choose(const QString & name);
     /// Assigns a definition, or a material of the database, to blocks of cells.
     void assign(HYGRION::Assignment::type_t type, const QString & name, const std::vector<HYGRION::Range> & blocks,
                 HYGRION::Assignment::location_t side);
@@ -38,6 +36,9 @@ public:
     void fillMenu(QMenu & menu);
     /// The side to which interfaces and contact conditions are assigned now.
     HYGRION::Assignment::location_t side() const;
+    void setSide(HYGRION::Assignment::location_t side);
+    /// Makes a definition the current entry.
+    void showDefinition(HYGRION::Assignment::type_t type, const QString & name);
 
 protected:
     void changeEvent(QEvent * event) override;
@@ -46,6 +47,7 @@ protected:
 private:
     void retranslate();
     void filter();
+    QTreeWidgetItem * firstShown() const;
     void assignCurrent();
     void takeOffCurrent();
     void assignToSelection(HYGRION::Assignment::type_t type, const QString & name);

@@ -1,42 +1,32 @@
 #include "construction/HygCellPlane.h"
 
 #include <algorithm>
+#include <limits>
+#include <tuple>
 #include <unordered_map>
+#include <utility>
 
-void HygCellPlane::update(const HYGRION::Project & project, std::size_t plane) {
+template <typename Take, typename Cover>
+void HygCellPlane::distribute(const HYGRION::Project & project, std::uint32_t plane, const Take & take,
+                              const Cover & cover) {
     using HYGRION::Assignment;
-    m_nx = project.m_disc.nx();
-    m_ny = project.m_disc.ny();
-    m_plane = static_cast<std::uint32_t>(plane);
-    m_cells.assign(m_nx * m_ny, NO_MATERIAL);
-    m_overlaps.clear();
-    if (m_cells.empty()) {
-        findBorders();
-        return;
-    }
-    std::unordered_map<std::string_view, std::int32_t> indices;
-    for (std::size_t i = 0; i < project.m_materials.size(); ++i)
-        indices.emplace(project.m_materials[i].m_name, static_cast<std::int32_t>(i));
-
+    const std::size_t nx = project.m_disc.nx();
+    const std::size_t ny = project.m_disc.ny();
     // From the last assignment back: a cell that has its material is never looked at again. An entry of free names the
     // next column of its row that may be without one.
-    const std::size_t stride = m_nx + 1;
-    std::vector<std::uint32_t> free(stride * m_ny);
+    const std::size_t stride = nx + 1;
+    std::vector<std::uint32_t> free(stride * ny);
     for (std::size_t n = 0; n < free.size(); ++n)
         free[n] = static_cast<std::uint32_t>(n % stride);
     const std::vector<Assignment> & list = project.m_assignments.m_list;
     for (std::size_t n = list.size(); n-- > 0;) {
-        const Assignment & assignment = list[n];
-        const HYGRION::Range & range = assignment.m_range;
-        if (assignment.m_type != Assignment::type_t::Material ||
-            assignment.m_location != Assignment::location_t::Element || !range.isNormalised() || m_plane < range.back ||
-            m_plane > range.front || range.left >= m_nx)
+        const HYGRION::Range & range = list[n].m_range;
+        if (list[n].m_type != Assignment::type_t::Material || list[n].m_location != Assignment::location_t::Element ||
+            !range.isNormalised() || plane < range.back || plane > range.front || range.left >= nx)
             continue;
-        const auto found = indices.find(assignment.m_reference);
-        const std::int32_t material = found == indices.end() ? UNKNOWN : found->second;
-        const std::size_t right = std::min<std::size_t>(range.right, m_nx - 1);
+        const std::size_t right = std::min<std::size_t>(range.right, nx - 1);
         std::uint64_t covered = 0;
-        for (std::size_t j = range.bottom; j <= range.top && j < m_ny; ++j) {
+        for (std::size_t j = range.bottom; j <= range.top && j < ny; ++j) {
             std::uint32_t * next = free.data() + j * stride;
             const auto find = [next](std::uint32_t i) {
                 while (next[i] != i)
@@ -45,16 +35,103 @@ void HygCellPlane::update(const HYGRION::Project & project, std::size_t plane) {
             };
             covered += right - range.left + 1;
             for (std::uint32_t i = find(range.left); i <= right; i = find(i)) {
-                m_cells[j * m_nx + i] = material;
+                take(n, j * nx + i);
                 next[i] = i + 1;
                 --covered;
             }
         }
         if (covered > 0)
-            m_overlaps.push_back({static_cast<std::uint32_t>(n), covered});
+            cover(n, covered);
     }
+}
+
+void HygCellPlane::update(const HYGRION::Project & project, std::size_t plane) {
+    m_nx = project.m_disc.nx();
+    m_ny = project.m_disc.ny();
+    m_plane = static_cast<std::uint32_t>(plane);
+    m_cells.assign(m_nx * m_ny, NO_MATERIAL);
+    m_overlaps.clear();
+    std::unordered_map<std::string_view, std::int32_t> indices;
+    for (std::size_t i = 0; i < project.m_materials.size(); ++i)
+        indices.emplace(project.m_materials[i].m_name, static_cast<std::int32_t>(i));
+    std::size_t shown = project.m_assignments.size();
+    std::int32_t material = UNKNOWN;
+    distribute(
+        project, m_plane,
+        [&](std::size_t assignment, std::size_t cell) {
+            if (std::exchange(shown, assignment) != assignment) {
+                const auto found = indices.find(project.m_assignments.m_list[assignment].m_reference);
+                material = found == indices.end() ? UNKNOWN : found->second;
+            }
+            m_cells[cell] = material;
+        },
+        [&](std::size_t assignment, std::uint64_t cells) {
+            m_overlaps.push_back({static_cast<std::uint32_t>(assignment), cells});
+        });
     std::reverse(m_overlaps.begin(), m_overlaps.end());
     findBorders();
+}
+
+HygCellPlane::Parts HygCellPlane::seenParts(const HYGRION::Project & project) {
+    using HYGRION::Range;
+    constexpr std::uint32_t NOBODY = std::numeric_limits<std::uint32_t>::max();
+    const std::size_t nx = project.m_disc.nx();
+    const std::size_t ny = project.m_disc.ny();
+    Parts parts;
+    std::vector<std::vector<std::uint32_t>> owners(std::max<std::size_t>(project.m_disc.nz(), 1));
+    for (std::uint32_t plane = 0; plane < owners.size(); ++plane) {
+        owners[plane].assign(nx * ny, NOBODY);
+        distribute(
+            project, plane,
+            [&](std::size_t assignment, std::size_t cell) {
+                owners[plane][cell] = static_cast<std::uint32_t>(assignment);
+            },
+            [&](std::size_t assignment, std::uint64_t) { parts[static_cast<std::uint32_t>(assignment)]; });
+    }
+    // Runs of a row that go on above are one block, blocks that go on in the next plane too.
+    using Columns = std::tuple<std::uint32_t, std::uint32_t, std::uint32_t>; // owner, left, right
+    std::map<std::tuple<std::uint32_t, std::uint32_t, std::uint32_t, std::uint32_t, std::uint32_t>, Range> behind;
+    for (std::uint32_t plane = 0; plane < owners.size(); ++plane) {
+        std::map<Columns, Range> below;
+        decltype(behind) blocks;
+        const auto close = [&](std::uint32_t owner, Range block) {
+            const auto key = std::tuple(owner, block.left, block.bottom, block.right, block.top);
+            if (const auto found = behind.find(key); found != behind.end()) {
+                block.back = found->second.back;
+                behind.erase(found);
+            }
+            blocks.emplace(key, block);
+        };
+        for (std::uint32_t j = 0; j < ny; ++j) {
+            std::map<Columns, Range> ending;
+            const std::uint32_t * row = owners[plane].data() + j * nx;
+            for (std::uint32_t i = 0; i < nx; ++i) {
+                const std::uint32_t left = i;
+                while (i + 1 < nx && row[i + 1] == row[left])
+                    ++i;
+                if (parts.count(row[left]) == 0)
+                    continue;
+                Range block{left, j, plane, i, j, plane};
+                const auto found = below.find({row[left], left, i});
+                if (found != below.end()) {
+                    block.bottom = found->second.bottom;
+                    below.erase(found);
+                }
+                ending.emplace(Columns{row[left], left, i}, block);
+            }
+            for (const auto & [columns, block] : below)
+                close(std::get<0>(columns), block);
+            below = std::move(ending);
+        }
+        for (const auto & [columns, block] : below)
+            close(std::get<0>(columns), block);
+        for (const auto & [key, block] : behind)
+            parts[std::get<0>(key)].push_back(block);
+        behind = std::move(blocks);
+    }
+    for (const auto & [key, block] : behind)
+        parts[std::get<0>(key)].push_back(block);
+    return parts;
 }
 
 void HygCellPlane::findBorders() {

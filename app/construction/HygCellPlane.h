@@ -3,6 +3,7 @@
 #include <HYGRION/Project.h>
 
 #include <cstdint>
+#include <map>
 #include <vector>
 
 /// The materials of one stack plane, cell by cell, as drawn: where materials overlap, the one assigned last.
@@ -16,6 +17,11 @@ public:
         std::uint32_t assignment = 0;
         std::uint64_t cells = 0; ///< that are covered
     };
+
+    /// What is seen of assignments, as blocks; none of those that are covered wholly.
+    using Parts = std::map<std::uint32_t, std::vector<HYGRION::Range>>;
+    /// Of the assignments of materials of which cells are covered, in all planes. Linear in the number of cells.
+    static Parts seenParts(const HYGRION::Project & project);
 
     /// Linear in the number of cells, however many assignments lie upon one another. Ranges beyond the grid are cut off.
     void update(const HYGRION::Project & project, std::size_t plane);
@@ -37,6 +43,11 @@ public:
     std::vector<HYGRION::Range> blocksOf(std::int32_t material, std::size_t limit) const;
 
 private:
+    /// Gives each cell of the plane to the last assignment of a material that covers it.
+    /// \param take called as take(assignment, cell), \param cover as cover(assignment, number of cells that others have)
+    template <typename Take, typename Cover>
+    static void distribute(const HYGRION::Project & project, std::uint32_t plane, const Take & take,
+                           const Cover & cover);
     void findBorders();
 
     std::size_t m_nx = 0;

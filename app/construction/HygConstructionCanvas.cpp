@@ -26,6 +26,7 @@ constexpr double MARGIN = 24;           ///< pixels around the construction
 constexpr double LARGEST_CELL = 400;    ///< pixels of the narrowest cell at the largest scale
 constexpr double LARGEST_DRAWING = 5e7; ///< pixels; scroll bars count in int
 constexpr double ZOOM_STEP = 1.25;
+constexpr int SCROLL_MS = 40;
 constexpr double STACK_HEIGHT = 420; ///< pixels; a stack of layers need not be higher
 
 struct Dragged {
@@ -268,6 +269,15 @@ void HygConstructionCanvas::announceSelection() {
     emit selectionChanged();
 }
 
+const HygConstructionScene::Mark * HygConstructionCanvas::hintAt(const QPointF & position) const {
+    if (m_scene.project == nullptr || m_scene.marks.empty())
+        return nullptr;
+    for (const HygConstructionScene::Badge & badge : m_scene.badges(viewport()->rect()))
+        if (QLineF(badge.middle, position).length() <= HygConstructionScene::BADGE_RADIUS + 2)
+            return badge.mark;
+    return nullptr;
+}
+
 HygGridSelection::Cell HygConstructionCanvas::cellNear(const QPointF & position) const {
     return {static_cast<std::uint32_t>(m_scene.x.nearestCell(position.x())),
             static_cast<std::uint32_t>(m_scene.y.nearestCell(position.y()))};
@@ -296,6 +306,8 @@ std::optional<HygConstructionCanvas::Target> HygConstructionCanvas::targetAt(con
                                                                              type_t type) const {
     if (m_scene.project == nullptr)
         return std::nullopt;
+    if (m_scene.isBlank()) // what is dropped becomes the first layer
+        return type == type_t::Material ? std::optional(Target{{Range{}}}) : std::nullopt;
     const bool isOnSide = type == type_t::Interface || type == type_t::ContactCondition;
     constexpr double REACH = 20; // a surface may be aimed at from outside
     const QRectF whole = m_scene.rectangle({0, 0, 0, static_cast<std::uint32_t>(m_scene.cells.nx() - 1),
@@ -339,6 +351,10 @@ void HygConstructionCanvas::paintEvent(QPaintEvent *) {
 bool HygConstructionCanvas::viewportEvent(QEvent * event) {
     if (event->type() == QEvent::ToolTip) {
         const auto * help = static_cast<QHelpEvent *>(event);
+        if (const HygConstructionScene::Mark * mark = hintAt(help->pos())) {
+            QToolTip::showText(help->globalPos(), mark->text, viewport());
+            return true;
+        }
         const std::ptrdiff_t i = m_scene.x.cellAt(help->pos().x());
         const std::ptrdiff_t j = m_scene.y.cellAt(help->pos().y());
         if (m_scene.project != nullptr && !m_scene.isBlank() && i >= 0 && j >= 0)
@@ -361,6 +377,8 @@ void HygConstructionCanvas::mousePressEvent(QMouseEvent * event) {
     }
     if (event->button() != Qt::LeftButton)
         return;
+    if (const HygConstructionScene::Mark * mark = hintAt(event->pos()))
+        return emit hintActivated(mark->hint, event->globalPos());
     const std::ptrdiff_t i = m_scene.x.cellAt(event->pos().x());
     const std::ptrdiff_t j = m_scene.y.cellAt(event->pos().y());
     const bool isOutside = i < 0 || j < 0 || i >= static_cast<std::ptrdiff_t>(m_scene.x.count()) ||
@@ -388,18 +406,41 @@ void HygConstructionCanvas::mouseMoveEvent(QMouseEvent * event) {
         verticalScrollBar()->setValue(verticalScrollBar()->value() - move.y());
         return;
     }
-    if (!m_isSelecting || (event->buttons() & Qt::LeftButton) == 0)
+    if (!m_isSelecting || (event->buttons() & Qt::LeftButton) == 0) {
+        viewport()->setCursor(hintAt(event->pos()) != nullptr ? Qt::PointingHandCursor : Qt::ArrowCursor);
         return;
-    const HygGridSelection::Cell cell = cellNear(event->pos());
+    }
+    selectTo(event->pos());
+    if (viewport()->rect().contains(m_pointer))
+        m_scrollTime.stop();
+    else if (!m_scrollTime.isActive())
+        m_scrollTime.start(SCROLL_MS, this);
+}
+
+void HygConstructionCanvas::selectTo(const QPoint & position) {
+    m_pointer = position;
+    const HygGridSelection::Cell cell = cellNear(position);
     if (cell == m_scene.selection.cursor())
         return;
     m_scene.selection.moveCursor(cell, m_scene.plane);
-    ensureVisible({cell.i, cell.j, 0, cell.i, cell.j, 0});
     announceSelection();
+}
+
+void HygConstructionCanvas::timerEvent(QTimerEvent * event) {
+    if (event->timerId() != m_scrollTime.timerId())
+        return QAbstractScrollArea::timerEvent(event);
+    // The further the pointer is beyond the edge, the faster.
+    const QRect area = viewport()->rect();
+    const auto beyond = [](int at, int first, int last) { return at < first ? at - first : std::max(at - last, 0); };
+    horizontalScrollBar()->setValue(horizontalScrollBar()->value() +
+                                    beyond(m_pointer.x(), area.left(), area.right()) / 4);
+    verticalScrollBar()->setValue(verticalScrollBar()->value() + beyond(m_pointer.y(), area.top(), area.bottom()) / 4);
+    selectTo(m_pointer);
 }
 
 void HygConstructionCanvas::mouseReleaseEvent(QMouseEvent *) {
     m_isSelecting = false;
+    m_scrollTime.stop();
     m_panFrom.reset();
     viewport()->unsetCursor();
 }
@@ -536,6 +577,8 @@ void HygConstructionCanvas::contextMenuEvent(QContextMenuEvent * event) {
 void HygConstructionCanvas::dragEnterEvent(QDragEnterEvent * event) {
     if (dragged(*event->mimeData()))
         event->acceptProposedAction();
+    else
+        event->ignore(); // the window takes project files
 }
 
 void HygConstructionCanvas::dragMoveEvent(QDragMoveEvent * event) {

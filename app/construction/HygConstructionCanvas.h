@@ -4,6 +4,7 @@
 #include "construction/HygGridPainter.h"
 
 #include <QAbstractScrollArea>
+#include <QBasicTimer>
 
 #include <optional>
 
@@ -61,6 +62,8 @@ signals:
     /// Double click or Enter: the user wants to assign something to the selection.
     void activated(const QPoint & globalPosition);
     void menuRequested(const QPoint & globalPosition);
+    /// The sign of a hint was clicked.
+    void hintActivated(std::size_t hint, const QPoint & globalPosition);
     /// \param type HYGRION::Assignment::type_t
     void dropped(int type, const QString & name, const HygConstructionCanvas::Target & target);
     /// A material file was dropped.
@@ -78,6 +81,7 @@ protected:
     void mouseMoveEvent(QMouseEvent * event) override;
     void mouseReleaseEvent(QMouseEvent * event) override;
     void mouseDoubleClickEvent(QMouseEvent * event) override;
+    void timerEvent(QTimerEvent * event) override;
     void wheelEvent(QWheelEvent * event) override;
     void keyPressEvent(QKeyEvent * event) override;
     void contextMenuEvent(QContextMenuEvent * event) override;
@@ -95,8 +99,11 @@ private:
     void placeRulers();
     double fittingScale(const QRectF & room, double lengthX, double lengthY) const;
     void setScale(double scale);
+    const HygConstructionScene::Mark * hintAt(const QPointF & position) const;
     HygGridSelection::Cell cellNear(const QPointF & position) const;
     void moveCursor(int dx, int dy, bool isExtended, bool isFar);
+    /// Extends the selection to the pointer.
+    void selectTo(const QPoint & position);
     void announceSelection();
     void updateAll();
 
@@ -108,4 +115,6 @@ private:
     bool m_isFitted = true;
     bool m_isSelecting = false;
     std::optional<QPoint> m_panFrom;
+    QPoint m_pointer;         ///< while something is being selected
+    QBasicTimer m_scrollTime; ///< runs while the pointer is held beyond the edge
 };

@@ -1,11 +1,13 @@
 #include "construction/HygConstructionEditor.h"
 
 #include "construction/HygCellPlane.h"
-#include "construction/HygConstructionScene.h"
+#include "construction/HygMaterialOffer.h"
 #include "document/HygProjectHandler.h"
 #include "materials/HygProjectMaterials.h"
+#include "outputs/HygStandardOutputs.h"
 #include "undo/HygEditing.h"
 #include "undo/HygUndoDefinitions.h"
+#include "undo/HygUndoSections.h"
 
 #include <KOR/Exception.h>
 #include <KOR/UnitList.h>
@@ -25,8 +27,7 @@ using location_t = Assignment::location_t;
 /// A kind of definition has a name that nobody else of the kind has.
 std::string freeName(const std::vector<Interface> & list, const std::string & wanted) {
     std::string name = wanted;
-    for (int n = 2; std::any_of(list.begin(), list.end(), [&](const Interface & item) { return item.m_name == name; });
-         ++n)
+    for (int n = 2; std::any_of(list.begin(), list.end(), [&](const auto & item) { return item.m_name == name; }); ++n)
         name = wanted + ' ' + std::to_string(n);
     return name;
 }
@@ -53,6 +54,11 @@ void putSurfaces(const Disc & disc, Assignments & assignments, const std::vector
         surface.m_range.left = surface.m_range.right = surface.m_location == location_t::Left ? 0 : end;
         assignments.m_list.push_back(std::move(surface));
     }
+}
+
+/// Names the width of a run of cells: typed several times in a row it is one step of undo.
+QString fieldOf(unsigned int dir, std::size_t first, std::size_t last) {
+    return QStringLiteral("width %1 %2 %3").arg(dir).arg(first).arg(last);
 }
 
 } // namespace
@@ -82,8 +88,12 @@ void HygConstructionEditor::attempt(const std::function<void()> & action) {
     }
 }
 
-void HygConstructionEditor::changeGrid(const QString & text, const GridChange & change) {
-    attempt([&] { stack().push(HygEditing::gridCommand(text, project(), change).release()); });
+void HygConstructionEditor::changeGrid(const QString & text, const GridChange & change, const QString & field) {
+    attempt([&] {
+        auto command = HygEditing::gridCommand(text, project(), change);
+        command->setField(field);
+        stack().push(command.release());
+    });
 }
 
 void HygConstructionEditor::changeList(const QString & text, const ListChange & change) {
@@ -159,7 +169,9 @@ void HygConstructionEditor::setWidth(unsigned int dir, std::size_t first, std::s
                                      const KOR::Parameter & width) {
     attempt([&] {
         const double value = width.get_value(project().m_disc.steps(dir).m_unit);
-        stack().push(HygEditing::widthCommand(tr("Change width"), project(), dir, first, last, value).release());
+        auto command = HygEditing::widthCommand(tr("Change width"), project(), dir, first, last, value);
+        command->setField(fieldOf(dir, first, last));
+        stack().push(command.release());
     });
 }
 
@@ -167,7 +179,7 @@ void HygConstructionEditor::setThickness(unsigned int dir, std::size_t first, st
                                          const KOR::Parameter & width) {
     if (first == last)
         return setWidth(dir, first, last, width);
-    changeGrid(tr("Change thickness"), [&](Disc & disc, Assignments & assignments) {
+    const auto change = [&](Disc & disc, Assignments & assignments) {
         const KOR::UnitVector & list = std::as_const(disc).steps(dir);
         const auto begin = list.m_data.begin() + static_cast<std::ptrdiff_t>(first);
         std::vector<double> widths(begin, begin + static_cast<std::ptrdiff_t>(last - first + 1));
@@ -176,7 +188,8 @@ void HygConstructionEditor::setThickness(unsigned int dir, std::size_t first, st
         for (double & cell : widths)
             cell *= factor;
         disc.modifySteps(dir, first, widths.size(), widths, assignments);
-    });
+    };
+    changeGrid(tr("Change thickness"), change, fieldOf(dir, first, last));
 }
 
 std::vector<double> HygConstructionEditor::cellsOf(double width, const Disc::LayerSettings & settings) {
@@ -310,9 +323,16 @@ void HygConstructionEditor::paste(const QString & text, const Range & at) {
     std::vector<std::string> missing;
     attempt([&] {
         const edit::CellBlock block = edit::CellBlock::fromText(text.toStdString());
-        changeList(tr("Paste cells"), [&](Assignments & assignments) {
-            missing = edit::pasteBlock(project(), assignments, block, at.left, at.bottom, at.back);
-        });
+        Assignments pasted = project().m_assignments;
+        missing = edit::pasteBlock(project(), pasted, block, at.left, at.bottom, at.back);
+        // Cells do not lose their material for one that cannot come.
+        const bool isComplete = std::none_of(
+            block.assignments.m_list.begin(), block.assignments.m_list.end(), [&](const Assignment & each) {
+                return each.m_type == type_t::Material &&
+                       std::find(missing.begin(), missing.end(), each.m_reference) != missing.end();
+            });
+        if (isComplete)
+            changeList(tr("Paste cells"), [&](Assignments & assignments) { assignments = std::move(pasted); });
     });
     if (missing.empty())
         return;
@@ -325,33 +345,16 @@ void HygConstructionEditor::paste(const QString & text, const Range & at) {
 
 void HygConstructionEditor::resolveOverlaps() {
     changeList(tr("Resolve overlaps"), [&](Assignments & assignments) {
-        std::set<std::uint32_t> covered;
-        for (std::size_t plane = 0; plane < project().m_disc.nz(); ++plane) {
-            HygCellPlane cells;
-            cells.update(project(), plane);
-            for (const HygCellPlane::Overlap & overlap : cells.overlaps())
-                covered.insert(overlap.assignment);
-        }
+        const HygCellPlane::Parts parts = HygCellPlane::seenParts(project());
         std::vector<Assignment> result;
         for (std::size_t n = 0; n < assignments.size(); ++n) {
-            const Assignment & assignment = assignments.m_list[n];
-            if (!covered.contains(static_cast<std::uint32_t>(n))) {
-                result.push_back(assignment);
+            const auto place = parts.find(static_cast<std::uint32_t>(n));
+            if (place == parts.end()) {
+                result.push_back(std::move(assignments.m_list[n]));
                 continue;
             }
-            std::vector<Range> parts{assignment.m_range};
-            for (std::size_t later = n + 1; later < assignments.size() && !parts.empty(); ++later) {
-                const Assignment & other = assignments.m_list[later];
-                if (other.m_type != type_t::Material || other.m_location != location_t::Element)
-                    continue;
-                std::vector<Range> left;
-                for (const Range & part : parts)
-                    for (const Range & rest : edit::difference(part, other.m_range))
-                        left.push_back(rest);
-                parts = std::move(left);
-            }
-            for (const Range & part : parts) {
-                result.push_back(assignment);
+            for (const Range & part : place->second) {
+                result.push_back(assignments.m_list[n]);
                 result.back().m_range = part;
             }
         }
@@ -378,6 +381,16 @@ void HygConstructionEditor::addStandardInterface(bool isOutdoor, const std::vect
     });
 }
 
+void HygConstructionEditor::addStandardOutputs() {
+    attempt([&] {
+        HygStandardOutputs::Sections sections = HygStandardOutputs::of(project());
+        stack().beginMacro(tr("Add standard outputs"));
+        stack().push(new HygUndoOutputs(tr("Add outputs"), std::move(sections.outputs)));
+        stack().push(new HygUndoAssignments(tr("Assign outputs"), std::move(sections.assignments)));
+        stack().endMacro();
+    });
+}
+
 void HygConstructionEditor::startDetail(int cells, const KOR::Parameter & width) {
     changeGrid(tr("Start a 2D detail"), [&](Disc & disc, Assignments &) {
         for (KOR::UnitVector * list : {&disc.m_xSteps, &disc.m_ySteps})
@@ -396,12 +409,22 @@ void HygConstructionEditor::assignMaterial(const MaterialReference & material, c
     });
 }
 
+MaterialReference HygConstructionEditor::materialOf(const QString & path) const {
+    const int known = HygProjectMaterials::find(project(), path);
+    return known < 0 ? HygProjectMaterials::reference(project(), path)
+                     : project().m_materials[static_cast<std::size_t>(known)];
+}
+
 void HygConstructionEditor::assignFile(const QString & path, const std::vector<Range> & ranges) {
+    attempt([&] { assignMaterial(materialOf(path), ranges); });
+}
+
+void HygConstructionEditor::addFileAsLayer(const QString & path) {
     attempt([&] {
-        const int known = HygProjectMaterials::find(project(), path);
-        assignMaterial(known < 0 ? HygProjectMaterials::reference(project(), path)
-                                 : project().m_materials[static_cast<std::size_t>(known)],
-                       ranges);
+        const MaterialReference material = materialOf(path);
+        addLayer({material,
+                  KOR::Parameter("Thickness", HygMaterialOffer::usualThickness(material.m_hatchCode), KOR::Unit("m")),
+                  true, project().m_disc.nx()});
     });
 }
 

@@ -52,6 +52,8 @@ public:
     /// Gives the run of cells a width; the cells keep their proportions.
     void setThickness(unsigned int dir, std::size_t first, std::size_t last, const KOR::Parameter & width);
     void addLayer(const NewLayer & layer);
+    /// Makes the material of a file the innermost layer, as thick as it usually is.
+    void addFileAsLayer(const QString & path);
     /// Makes a grid of n x n cells of a width out of a project as new.
     void startDetail(int cells, const KOR::Parameter & width);
     void discretize(unsigned int dir, const std::vector<Layer> & layers);
@@ -72,11 +74,14 @@ public:
     /// Takes all assignments off the cells.
     void clear(const std::vector<HYGRION::Range> & ranges);
     void paste(const QString & text, const HYGRION::Range & at);
-    /// Gives the cells of materials that lie under later ones to those.
+    /// Gives the cells of materials that lie under later ones to those. Linear in the number of cells.
     void resolveOverlaps();
     /// Adds an interface with the standard climate of a side and assigns it. \return its name
     void addStandardInterface(bool isOutdoor, const std::vector<HYGRION::Range> & ranges,
                               HYGRION::Assignment::location_t location);
+
+    /// Adds and assigns the outputs of HygStandardOutputs in one step.
+    void addStandardOutputs();
 
 signals:
     void refused(const QString & story);
@@ -86,12 +91,15 @@ signals:
 private:
     using GridChange = std::function<void(HYGRION::Disc &, HYGRION::Assignments &)>;
     using ListChange = std::function<void(HYGRION::Assignments &)>;
-    void changeGrid(const QString & text, const GridChange & change);
+    /// \param field see HygUndoCommandBase::setField()
+    void changeGrid(const QString & text, const GridChange & change, const QString & field = {});
     void changeList(const QString & text, const ListChange & change);
     void attempt(const std::function<void()> & action);
     void tellGone(const std::vector<HYGRION::Assignment> & gone);
 
     bool hasMaterial(const std::string & name) const;
+    /// The material of a file as the project has it, or would have it.
+    HYGRION::MaterialReference materialOf(const QString & path) const;
     QUndoStack & stack() const;
 
     HygProjectHandler & m_projects;

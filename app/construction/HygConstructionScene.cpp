@@ -42,6 +42,9 @@ void HygConstructionScene::update() {
     cells.update(*project, plane);
     x.setWidths(project->m_disc.m_xSteps, isEquidistant);
     y.setWidths(project->m_disc.m_ySteps, isEquidistant);
+    z.setWidths(project->m_disc.m_zSteps, isEquidistant);
+    x.setLayers(cells.columnBorders());
+    y.setLayers(cells.rowBorders());
     selection.fit(cells.nx(), cells.ny(), plane);
 }
 
@@ -76,14 +79,59 @@ QLineF HygConstructionScene::sideLine(const HYGRION::Range & range, location_t s
     }
 }
 
+QPointF HygConstructionScene::pointOf(const Assignment & assignment) const {
+    return {x.pixelOfPosition(assignment.m_coordinates.x), y.pixelOfPosition(assignment.m_coordinates.y)};
+}
+
 bool HygConstructionScene::showsIn(const Assignment & assignment, HYGRION::Range & cellsOfIt) const {
-    if (assignment.m_location == location_t::Coordinate)
-        return false;
+    if (assignment.m_location == location_t::Coordinate) {
+        const HYGRION::Point3D & point = assignment.m_coordinates;
+        const auto cell = [](const HygGridAxis & axis, double metres) {
+            return static_cast<std::uint32_t>(axis.cellAtPosition(metres));
+        };
+        const auto i = cell(x, point.x);
+        const auto j = cell(y, point.y);
+        const auto k = cell(z, point.z);
+        cellsOfIt = {i, j, k, i, j, k};
+        return k == plane;
+    }
     cellsOfIt = HYGRION::edit::effectiveRange(assignment);
     const HYGRION::Range whole{
         0, 0, plane, static_cast<std::uint32_t>(cells.nx() - 1), static_cast<std::uint32_t>(cells.ny() - 1), plane};
     cellsOfIt = HYGRION::edit::intersection(cellsOfIt, whole);
     return cellsOfIt.isNormalised();
+}
+
+std::vector<HygConstructionScene::Badge> HygConstructionScene::badges(const QRectF & viewport) const {
+    constexpr std::size_t MAX_BADGES = 40;
+    constexpr double APART = 4 * BADGE_RADIUS;
+    const QRectF room = viewport.adjusted(BADGE_RADIUS, BADGE_RADIUS, -BADGE_RADIUS, -BADGE_RADIUS);
+    std::vector<Badge> placed;
+    for (const Mark & mark : marks) {
+        const QLineF line = sideLine(mark.range, mark.side);
+        const QRectF area =
+            mark.side == location_t::Element ? rectangle(mark.range) : QRectF(line.p1(), line.p2()).normalized();
+        const QRectF seen = area.adjusted(-1, -1, 1, 1).intersected(viewport);
+        if (seen.isEmpty())
+            continue;
+        // On the side of the air, where no name stands.
+        constexpr double AWAY = BADGE_RADIUS + 4;
+        const QPointF away = mark.side == location_t::Left     ? QPointF(-AWAY, 0)
+                             : mark.side == location_t::Right  ? QPointF(AWAY, 0)
+                             : mark.side == location_t::Top    ? QPointF(0, -AWAY)
+                             : mark.side == location_t::Bottom ? QPointF(0, AWAY)
+                                                               : QPointF();
+        QPointF middle = seen.center() + away;
+        middle = {std::clamp(middle.x(), room.left(), std::max(room.left(), room.right())),
+                  std::clamp(middle.y(), room.top(), std::max(room.top(), room.bottom()))};
+        if (std::any_of(placed.begin(), placed.end(),
+                        [&](const Badge & other) { return QLineF(other.middle, middle).length() < APART; }))
+            continue;
+        placed.push_back({middle, &mark});
+        if (placed.size() == MAX_BADGES)
+            break;
+    }
+    return placed;
 }
 
 QColor HygConstructionScene::definitionColour(type_t type, std::size_t index) {
@@ -178,7 +226,7 @@ QString HygConstructionScene::cardOf(std::uint32_t i, std::uint32_t j) const {
             continue;
         }
         QString what = QString::fromStdString(assignment.m_reference).toHtmlEscaped();
-        if (assignment.isOnSide())
+        if (assignment.m_location != location_t::Element)
             what += QStringLiteral(" (%1)").arg(locationName(assignment.m_location));
         const QString colour = colourOf(assignment.m_type, assignment.m_reference).name();
         rows +=

@@ -33,12 +33,21 @@ public:
     struct Mark {
         HYGRION::Range range;
         HYGRION::Assignment::location_t side = HYGRION::Assignment::location_t::Element;
+        std::size_t hint = 0; ///< of the list below the drawing
+        QString text = {};    ///< what is wrong there
     };
+    /// A sign at a mark that can be clicked.
+    struct Badge {
+        QPointF middle;
+        const Mark * mark = nullptr;
+    };
+    static constexpr double BADGE_RADIUS = 9; ///< pixels
 
     const HYGRION::Project * project = nullptr; ///< nullptr while none is open
     HygCellPlane cells;
     HygGridAxis x{false};
     HygGridAxis y{true};
+    HygGridAxis z{false}; ///< of the stack planes, which are not drawn side by side
     HygGridSelection selection;
     std::vector<HYGRION::Range> highlighted; ///< what a table or list points to
     std::vector<Mark> marks;
@@ -65,8 +74,13 @@ public:
     QRectF rectangle(const HYGRION::Range & range) const;
     /// The line of a side of a block on the screen.
     QLineF sideLine(const HYGRION::Range & range, HYGRION::Assignment::location_t side) const;
-    /// Whether an assignment shows in this plane, with the cells that it really concerns.
+    /// Where an assignment to a point is drawn.
+    QPointF pointOf(const HYGRION::Assignment & assignment) const;
+    /// Whether an assignment shows in this plane, with the cells that it really concerns; of a point the cell around it.
     bool showsIn(const HYGRION::Assignment & assignment, HYGRION::Range & cellsOfIt) const;
+
+    /// The signs in view, each with room of its own.
+    std::vector<Badge> badges(const QRectF & viewport) const;
 
     /// The colour in which a definition is drawn; of materials their own.
     QColor colourOf(HYGRION::Assignment::type_t type, const std::string & name) const;

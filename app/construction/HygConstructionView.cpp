@@ -4,11 +4,11 @@
 #include "HygSettings.h"
 #include "construction/HygAssignPanel.h"
 #include "construction/HygAssignmentPanel.h"
-#include "construction/HygConstructionHints.h"
 #include "construction/HygConstructionPlaces.h"
 #include "construction/HygConstructionStart.h"
 #include "construction/HygDiscretizationDialog.h"
 #include "construction/HygGridRuler.h"
+#include "construction/HygHintBar.h"
 #include "construction/HygLayerModel.h"
 #include "construction/HygLayerPanel.h"
 #include "construction/HygMaterialOffer.h"
@@ -17,7 +17,7 @@
 #include "materials/HygProjectMaterialFiles.h"
 #include "materials/HygProjectMaterialsWidget.h"
 #include "undo/HygModification.h"
-#include "views/HygChipButton.h"
+#include "views/HygChipRow.h"
 #include "views/HygMessageBar.h"
 
 #include <QtExt/Palette.h>
@@ -30,6 +30,7 @@
 #include <QBoxLayout>
 #include <QClipboard>
 #include <QEvent>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
 #include <QSlider>
@@ -37,7 +38,6 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTableView>
-#include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
 #include <QUndoStack>
@@ -85,7 +85,6 @@ constexpr GroupRow GROUPS[] = {
     {"mirror", QT_TRANSLATE_NOOP("HygConstructionView", "Mirror"), "cell_mirror"},
 };
 
-constexpr int HINT_MS = 120;
 constexpr int PANEL_CHARS = 56; ///< of which the names of layers have the most
 constexpr int MIN_PANEL_CHARS = 40;
 constexpr int DETAIL_CELLS = 6;
@@ -171,10 +170,12 @@ HygConstructionView::HygConstructionView(HygProjectHandler * projects, QWidget *
       m_editor(new HygConstructionEditor(*projects, this)), m_canvas(new HygConstructionCanvas(this)),
       m_offer(new HygMaterialOffer(this)), m_assignPanel(new HygAssignPanel(*m_editor, *m_canvas, *m_offer, this)),
       m_layerPanel(new HygLayerPanel(*m_editor, *m_canvas, *m_offer, this)),
-      m_assignmentPanel(new HygAssignmentPanel(*m_editor, *m_canvas, this)), m_hintBar(new HygHintBar(*m_editor, this)),
-      m_hintTimer(new QTimer(this)), m_start(new HygConstructionStart(m_canvas)), m_tools(new QToolBar(this)),
+      m_assignmentPanel(new HygAssignmentPanel(*m_editor, *m_canvas, this)),
+      m_hintBar(new HygHintBar(*m_editor, m_canvas->scene(), this)),
+      m_start(new HygConstructionStart(m_canvas->viewport())), m_tools(new QToolBar(this)),
       m_splitter(new QSplitter(this)), m_panels(new QTabWidget(this)), m_planeSlider(new QSlider(Qt::Horizontal, this)),
-      m_planeLabel(new QLabel(this)), m_summary(new QLabel(this)), m_message(new HygMessageBar(this)) {
+      m_planeLabel(new QLabel(this)), m_summary(new QLabel(this)), m_message(new HygMessageBar(this)),
+      m_switches(new HygChipRow(this)) {
     setObjectName(QStringLiteral("constructionView"));
     auto * layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -196,9 +197,13 @@ HygConstructionView::HygConstructionView(HygProjectHandler * projects, QWidget *
     m_splitter->setSizes({900, PANEL_CHARS * fontMetrics().averageCharWidth()});
     retranslate();
 
+    setFocusProxy(m_canvas);
+    // What was told of the last change is history with the next one.
+    connect(&m_projects.undoStack(), &QUndoStack::indexChanged, m_message, &HygMessageBar::clear);
     connect(m_editor, &HygConstructionEditor::refused, m_message, &HygMessageBar::showMessage);
     connect(m_editor, &HygConstructionEditor::informed, m_message, &HygMessageBar::showMessage);
     connect(&m_projects, &HygProjectHandler::modified, this, &HygConstructionView::projectModified);
+    connect(&m_projects, &HygProjectHandler::definitionRequested, this, &HygConstructionView::showDefinition);
     updateScene(true);
 }
 
@@ -271,20 +276,19 @@ void HygConstructionView::setUpCanvas() {
     auto * bar = new QHBoxLayout;
     bar->setContentsMargins(8, 4, 8, 4);
     bar->setSpacing(4);
-    for (std::size_t n = 0; n < m_switches.size(); ++n) {
-        auto * chip = new HygChipButton(area);
-        chip->setObjectName(QLatin1String(SWITCH_NAMES[n]));
-        chip->setIcon(HygIconEngine::icon(QLatin1String(SWITCH_ICONS[n])));
-        chip->setChecked(m_canvas->scene().overlays[n]);
-        connect(chip, &HygChipButton::toggled, this, [this, n](bool on) {
+    for (std::size_t n = 0; n < m_canvas->scene().overlays.size(); ++n) {
+        HygChipButton & chip = m_switches->add();
+        chip.setObjectName(QLatin1String(SWITCH_NAMES[n]));
+        chip.setIcon(HygIconEngine::icon(QLatin1String(SWITCH_ICONS[n])));
+        chip.setChecked(m_canvas->scene().overlays[n]);
+        connect(&chip, &HygChipButton::toggled, this, [this, n](bool on) {
             m_canvas->scene().overlays[n] = on;
             m_canvas->viewport()->update();
         });
-        m_switches[n] = chip;
-        bar->addWidget(chip);
     }
-    bar->addStretch(1);
+    bar->addWidget(m_switches, 1);
     m_planeSlider->setObjectName(QStringLiteral("planeSlider"));
+    m_planeSlider->setMinimumWidth(120);
     m_planeSlider->setMaximumWidth(180);
     m_planeSlider->setTickPosition(QSlider::TicksBelow);
     m_planeLabel->setObjectName(QStringLiteral("planeLabel"));
@@ -295,11 +299,12 @@ void HygConstructionView::setUpCanvas() {
     layout->addWidget(m_hintBar);
     m_summary->setObjectName(QStringLiteral("selectionSummary"));
     m_summary->setContentsMargins(8, 3, 8, 3);
+    m_summary->setWordWrap(true);
     layout->addWidget(m_summary);
     m_splitter->addWidget(area);
 
     // The card lies over the drawing.
-    auto * over = new QVBoxLayout(m_canvas);
+    auto * over = new QVBoxLayout(m_canvas->viewport());
     over->addWidget(m_start);
 
     connect(m_planeSlider, &QSlider::valueChanged, this, &HygConstructionView::setPlane);
@@ -326,15 +331,12 @@ void HygConstructionView::setUpCanvas() {
             [this](int type, const QString & name, const HygConstructionCanvas::Target & target) {
                 m_assignPanel->assign(static_cast<HYGRION::Assignment::type_t>(type), name, target.ranges, target.side);
             });
-    connect(m_canvas, &HygConstructionCanvas::fileDropped, m_editor,
+    connect(m_canvas, &HygConstructionCanvas::fileDropped, this,
             [this](const QString & path, const HygConstructionCanvas::Target & target) {
-                m_editor->assignFile(path, target.ranges);
+                assignFile(path, target.ranges);
             });
-    connect(m_offer, &HygMaterialOffer::assignRequested, m_editor, [this](const QString & path) {
-        const std::vector<Range> selected = m_canvas->scene().selection.blocks();
-        if (!selected.empty())
-            m_editor->assignFile(path, selected);
-    });
+    connect(m_offer, &HygMaterialOffer::assignRequested, this,
+            [this](const QString & path) { assignFile(path, m_canvas->scene().selection.blocks()); });
     connect(m_canvas, &HygConstructionCanvas::menuRequested, this, [this](const QPoint & position) {
         QMenu menu(this);
         for (const ActionRow & row : ACTIONS)
@@ -343,9 +345,7 @@ void HygConstructionView::setUpCanvas() {
                     menu.addAction(&action(row.name));
         menu.exec(position);
     });
-    m_hintTimer->setSingleShot(true);
-    m_hintTimer->setInterval(HINT_MS);
-    connect(m_hintTimer, &QTimer::timeout, this, &HygConstructionView::updateHints);
+    connect(m_hintBar, &HygHintBar::hintsChanged, this, &HygConstructionView::updateMarks);
     connect(m_hintBar, &HygHintBar::showRequested, this, [this](const HygConstructionHint & hint) {
         m_canvas->select(hint.ranges);
         if (!hint.ranges.empty())
@@ -354,6 +354,13 @@ void HygConstructionView::setUpCanvas() {
     connect(m_hintBar, &HygHintBar::chooseRequested, this, [this](const HygConstructionHint & hint) {
         m_canvas->select(hint.ranges);
         m_panels->setCurrentWidget(m_assignPanel);
+        m_assignPanel->setSide(hint.side);
+    });
+    connect(m_canvas, &HygConstructionCanvas::hintActivated, this, [this](std::size_t hint, const QPoint & position) {
+        QMenu menu(this);
+        menu.setObjectName(QStringLiteral("hintMenu"));
+        m_hintBar->fillMenu(menu, hint);
+        menu.exec(position);
     });
     connect(m_assignmentPanel, &HygAssignmentPanel::replaceRequested, this, &HygConstructionView::replaceMaterial);
     connect(&m_files, &HygProjectMaterialFiles::changed, this, &HygConstructionView::updateProblems);
@@ -375,11 +382,8 @@ void HygConstructionView::retranslate() {
         button->setToolTip(tr(text));
         button->setAccessibleName(tr(text));
     }
-    for (std::size_t n = 0; n < m_switches.size(); ++n) {
-        m_switches[n]->setText(tr(SWITCH_TEXTS[n]));
-        m_switches[n]->setToolTip(tr(SWITCH_TIPS[n]));
-        m_switches[n]->updateGeometry();
-    }
+    for (std::size_t n = 0; n < std::size(SWITCH_TEXTS); ++n)
+        m_switches->setTexts(n, tr(SWITCH_TEXTS[n]), tr(SWITCH_TIPS[n]));
     for (int n = 0; n < m_panels->count(); ++n)
         m_panels->setTabText(n, tr(PANEL_TEXTS[n]));
     m_canvas->setAccessibleName(tr("Drawing of the construction"));
@@ -438,15 +442,13 @@ void HygConstructionView::updateScene(bool isNewProject) {
     m_layerPanel->updateLayers();
     m_assignPanel->updateDefinitions();
     m_assignmentPanel->updateAssignments();
-    if (isNewProject)
-        m_hintBar->setHints(scene, {}); // those of the project before
-    m_hintTimer->start();
+    m_hintBar->sceneChanged(isNewProject);
     m_start->setVisible(scene.isBlank());
     const int planes = scene.project == nullptr ? 1 : static_cast<int>(scene.project->m_disc.nz());
     m_planeSlider->setRange(0, std::max(planes - 1, 0));
     m_planeSlider->setValue(static_cast<int>(scene.plane));
     m_planeSlider->setVisible(planes > 1);
-    m_planeLabel->setVisible(planes > 1);
+    m_planeLabel->setVisible(planes > 1 || scene.isRotational());
     updateActions();
     updateSummary();
 }
@@ -528,17 +530,20 @@ void HygConstructionView::updateSummary() {
                    .arg(size(range));
     }
     m_summary->setText(text);
-    m_planeLabel->setText(tr("Plane %1 of %2").arg(scene.plane + 1).arg(scene.project->m_disc.nz()));
+    m_planeLabel->setText(scene.isRotational()
+                              ? tr("Turned about the left edge")
+                              : tr("Plane %1 of %2").arg(scene.plane + 1).arg(scene.project->m_disc.nz()));
 }
 
-void HygConstructionView::updateHints() {
+void HygConstructionView::updateMarks() {
     HygConstructionScene & scene = m_canvas->scene();
-    m_hintBar->setHints(scene, HygConstructionHint::find(scene));
     scene.marks.clear();
-    for (const HygConstructionHint & hint : m_hintBar->hints())
+    for (std::size_t n = 0; n < m_hintBar->hints().size(); ++n) {
+        const HygConstructionHint & hint = m_hintBar->hints()[n];
         if (hint.isWarning)
             for (const Range & range : hint.ranges)
-                scene.marks.push_back({range, hint.side});
+                scene.marks.push_back({range, hint.side, n, m_hintBar->textOf(n)});
+    }
     m_canvas->viewport()->update();
 }
 
@@ -547,7 +552,7 @@ void HygConstructionView::showPlace(const QString & place) {
     if (scene.project == nullptr)
         return;
     if (place == QLatin1String("Assignments")) {
-        for (const HygConstructionHint & hint : HygConstructionHint::find(scene))
+        for (const HygConstructionHint & hint : HygConstructionHint::find(HygConstructionHint::snapshot(scene)))
             if (hint.kind == HygConstructionHint::NoMaterial && !hint.ranges.empty()) {
                 m_canvas->select(hint.ranges);
                 m_canvas->ensureVisible(hint.ranges.front());
@@ -559,9 +564,41 @@ void HygConstructionView::showPlace(const QString & place) {
         m_panels->setCurrentWidget(m_assignmentPanel);
         m_assignmentPanel->choose(concerned);
     } else if (const auto definition = HygConstructionPlaces::definitionOf(*scene.project, place)) {
-        m_panels->setCurrentWidget(m_assignPanel); // it is nowhere yet
-        m_assignPanel->choose(QString::fromStdString(definition->name));
+        showDefinition(static_cast<int>(definition->kind), QString::fromStdString(definition->name)); // nowhere yet
     }
+}
+
+void HygConstructionView::showDefinition(int kind, const QString & name) {
+    const HygConstructionScene & scene = m_canvas->scene();
+    HYGRION::Assignment wanted; // of the type that refers to such definitions
+    for (int type = 0; type <= static_cast<int>(HYGRION::Assignment::type_t::Output); ++type)
+        if (wanted.m_type = static_cast<HYGRION::Assignment::type_t>(type);
+            static_cast<int>(HYGRION::referencedKind(wanted)) == kind)
+            break;
+    if (scene.project == nullptr || static_cast<int>(HYGRION::referencedKind(wanted)) != kind)
+        return;
+    std::vector<Range> cells;
+    for (const HYGRION::Assignment & assignment : scene.project->m_assignments.m_list) {
+        Range range;
+        if (assignment.m_type != wanted.m_type || assignment.m_reference != name.toStdString() ||
+            !scene.showsIn(assignment, range))
+            continue;
+        wanted.m_location = assignment.m_location;
+        cells.push_back(range);
+    }
+    m_canvas->select(cells);
+    if (!cells.empty())
+        m_canvas->ensureVisible(cells.front());
+    m_panels->setCurrentWidget(m_assignPanel);
+    m_assignPanel->setSide(wanted.m_location); // none for cells
+    m_assignPanel->showDefinition(wanted.m_type, name);
+}
+
+void HygConstructionView::assignFile(const QString & path, const std::vector<Range> & ranges) {
+    if (m_canvas->scene().isBlank())
+        m_editor->addFileAsLayer(path);
+    else if (!ranges.empty())
+        m_editor->assignFile(path, ranges);
 }
 
 void HygConstructionView::insertCells(unsigned int dir, bool isAfter) {
@@ -573,26 +610,20 @@ void HygConstructionView::insertCells(unsigned int dir, bool isAfter) {
 
 void HygConstructionView::splitCells(unsigned int dir) {
     const Range range = m_canvas->scene().selection.bounds();
-    if (dir == Disc::X)
-        m_editor->split(dir, range.left, range.right, 2);
-    else
-        m_editor->split(dir, range.bottom, range.top, 2);
+    const bool isX = dir == Disc::X;
+    m_editor->split(dir, isX ? range.left : range.bottom, isX ? range.right : range.top, 2);
 }
 
 void HygConstructionView::mergeCells(unsigned int dir) {
     const Range range = m_canvas->scene().selection.bounds();
-    if (dir == Disc::X)
-        m_editor->merge(dir, range.left, range.right);
-    else
-        m_editor->merge(dir, range.bottom, range.top);
+    const bool isX = dir == Disc::X;
+    m_editor->merge(dir, isX ? range.left : range.bottom, isX ? range.right : range.top);
 }
 
 void HygConstructionView::deleteCells(unsigned int dir) {
     const Range range = m_canvas->scene().selection.bounds();
-    if (dir == Disc::X)
-        m_editor->remove(dir, range.left, range.right);
-    else
-        m_editor->remove(dir, range.bottom, range.top);
+    const bool isX = dir == Disc::X;
+    m_editor->remove(dir, isX ? range.left : range.bottom, isX ? range.right : range.top);
 }
 
 void HygConstructionView::mirrorCells(unsigned int dir) {
@@ -652,19 +683,17 @@ void HygConstructionView::askWidth(Qt::Orientation orientation, std::size_t firs
     m_widthEdit->show();
     m_widthEdit->setFocus();
     m_widthEdit->selectAll();
-    const auto close = [this] {
-        if (m_widthEdit == nullptr)
-            return;
-        m_widthEdit->deleteLater();
-        m_widthEdit = nullptr;
-        m_canvas->setFocus();
-    };
-    connect(m_widthEdit, &QtExt::ValueEdit::valueChanged, this, [this, close, isColumn, first, last] {
+    connect(m_widthEdit, &QtExt::ValueEdit::valueChanged, this, [this, isColumn, first, last] {
         const KOR::Parameter wanted = m_widthEdit->parameter();
-        close();
+        closeWidthEdit();
         m_editor->setThickness(isColumn ? Disc::X : Disc::Y, first, last, wanted);
     });
-    connect(m_widthEdit, &QLineEdit::editingFinished, this, close);
+    // What cannot be a width stays in the field, which says why, until it is left.
+    connect(m_widthEdit, &QLineEdit::editingFinished, this, [this] {
+        if (m_widthEdit != nullptr && (m_widthEdit->isValid() || !m_widthEdit->hasFocus()))
+            closeWidthEdit();
+    });
+    m_widthEdit->installEventFilter(this);
 }
 
 void HygConstructionView::addLayer() {
@@ -698,7 +727,7 @@ void HygConstructionView::discretize() {
         return;
     QUndoStack & stack = m_projects.undoStack();
     stack.beginMacro(tr("Automatic discretization"));
-    for (const unsigned int dir : {Disc::X, Disc::Y})
+    for (const unsigned int dir : HygDiscretizationDialog::DIRECTIONS)
         if (dialog.isChanged(dir))
             m_editor->discretize(dir, dialog.layers(dir));
     stack.endMacro();
@@ -730,8 +759,24 @@ void HygConstructionView::setPlane(int plane) {
         return;
     m_canvas->scene().plane = static_cast<std::uint32_t>(plane);
     m_canvas->sceneChanged();
-    m_hintTimer->start();
+    m_hintBar->sceneChanged();
     updateSummary();
+}
+
+bool HygConstructionView::eventFilter(QObject * watched, QEvent * event) {
+    if (watched == m_widthEdit && event->type() == QEvent::KeyPress &&
+        static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape) {
+        closeWidthEdit();
+        return true;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void HygConstructionView::closeWidthEdit() {
+    if (m_widthEdit == nullptr)
+        return;
+    std::exchange(m_widthEdit, nullptr)->deleteLater();
+    m_canvas->setFocus();
 }
 
 void HygConstructionView::showEvent(QShowEvent * event) {
@@ -746,7 +791,7 @@ void HygConstructionView::changeEvent(QEvent * event) {
     if (event->type() == QEvent::LanguageChange) {
         m_offer->retranslate();
         retranslate();
-        m_hintTimer->start();
+        m_hintBar->sceneChanged();
     } else if (event->type() == QEvent::FontChange) {
         fitPanels();
     }

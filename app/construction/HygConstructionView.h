@@ -5,7 +5,6 @@
 
 #include <QWidget>
 
-#include <array>
 #include <map>
 
 namespace QtExt {
@@ -13,7 +12,7 @@ class ValueEdit;
 }
 class HygAssignPanel;
 class HygAssignmentPanel;
-class HygChipButton;
+class HygChipRow;
 class HygConstructionStart;
 class HygHintBar;
 class HygLayerPanel;
@@ -26,7 +25,6 @@ class QSlider;
 class QSplitter;
 class QTabWidget;
 class QToolBar;
-class QTimer;
 class QToolButton;
 
 /// The view of the construction: drawing, tools, and the panels that change it.
@@ -45,6 +43,7 @@ public slots:
 protected:
     void changeEvent(QEvent * event) override;
     void showEvent(QShowEvent * event) override;
+    bool eventFilter(QObject * watched, QEvent * event) override;
 
 private:
     struct ActionRow;
@@ -52,17 +51,18 @@ private:
 
     void setUpActions();
     void setUpTools();
-    void setUpSwitches();
     void setUpCanvas();
     void retranslate();
     void fitPanels();
     void updateScene(bool isNewProject);
     void updateActions();
     void updateSummary();
-    void updateHints();
     /// Shows what is known of the files of the materials.
     void updateProblems();
     void replaceMaterial(std::size_t index);
+    void updateMarks();
+    void showDefinition(int kind, const QString & name);
+    void assignFile(const QString & path, const std::vector<HYGRION::Range> & ranges);
     void projectModified(int code, void * data);
     QAction & action(const char * name) const;
 
@@ -75,6 +75,7 @@ private:
     void cutCells();
     void pasteCells();
     void clearCells();
+    void closeWidthEdit();
     void askWidth(Qt::Orientation orientation, std::size_t first, std::size_t last);
     void addLayer();
     void discretize();
@@ -92,7 +93,6 @@ private:
     HygLayerPanel * m_layerPanel;
     HygAssignmentPanel * m_assignmentPanel;
     HygHintBar * m_hintBar;
-    QTimer * m_hintTimer; ///< several changes in a row are looked through once
     HygConstructionStart * m_start;
     QToolBar * m_tools;
     QSplitter * m_splitter;
@@ -102,7 +102,7 @@ private:
     QLabel * m_summary;
     HygMessageBar * m_message;
     QtExt::ValueEdit * m_widthEdit = nullptr;
-    std::array<HygChipButton *, HygConstructionScene::NUM_OVERLAYS> m_switches{};
+    HygChipRow * m_switches;
     std::map<QString, QAction *> m_actions;
     std::vector<std::pair<QToolButton *, const char *>> m_groupButtons;
     bool m_isOutdated = true; ///< the project has changed while the view was hidden

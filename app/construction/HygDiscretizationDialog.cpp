@@ -24,6 +24,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numeric>
+#include <set>
 
 namespace {
 
@@ -41,6 +42,18 @@ constexpr ModeRow MODES[] = {
 };
 
 constexpr std::size_t MANY_CELLS = 100'000; ///< from here on a calculation takes days
+
+/// Borders of stack planes across which a material may change.
+std::vector<std::uint32_t> planeBorders(const HYGRION::Project & project) {
+    const auto count = static_cast<std::uint32_t>(std::max<std::size_t>(project.m_disc.nz(), 1));
+    std::set<std::uint32_t> borders{0, count};
+    for (const HYGRION::Assignment & assignment : project.m_assignments.m_list)
+        if (assignment.m_type == HYGRION::Assignment::type_t::Material && !assignment.isOnSide())
+            for (const std::uint32_t border : {assignment.m_range.back, assignment.m_range.front + 1})
+                if (border < count)
+                    borders.insert(border);
+    return {borders.begin(), borders.end()};
+}
 
 } // namespace
 
@@ -106,9 +119,14 @@ HygDiscretizationDialog::HygDiscretizationDialog(const HygConstructionScene & sc
     readLayers(scene);
     auto * layout = new QVBoxLayout(this);
     m_direction->setObjectName(QStringLiteral("discDirection"));
-    m_direction->addItems({tr("Columns"), tr("Rows")});
+    m_direction->addItem(tr("Columns"), 0);
+    if (scene.cells.ny() > 1)
+        m_direction->addItem(tr("Rows"), 1);
+    if (scene.project->m_disc.nz() > 1)
+        m_direction->addItem(tr("Stack planes"), 2);
     m_direction->setAccessibleName(tr("Direction"));
-    m_direction->setVisible(scene.cells.ny() > 1);
+    m_direction->setToolTip(tr("Which cells are divided"));
+    m_direction->setVisible(m_direction->count() > 1);
     layout->addWidget(m_direction);
     m_preview->setObjectName(QStringLiteral("discPreview"));
     m_preview->setAccessibleName(tr("Preview of the cells"));
@@ -174,8 +192,8 @@ HygDiscretizationDialog::HygDiscretizationDialog(const HygConstructionScene & sc
 
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    connect(m_direction, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this](int index) {
-        m_shown = static_cast<std::size_t>(index);
+    connect(m_direction, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this] {
+        m_shown = static_cast<std::size_t>(m_direction->currentData().toInt());
         fillTable();
     });
     connect(m_table, &QTableWidget::itemSelectionChanged, this, [this] { showSettings(); });
@@ -193,42 +211,59 @@ HygDiscretizationDialog::HygDiscretizationDialog(const HygConstructionScene & sc
 }
 
 void HygDiscretizationDialog::readLayers(const HygConstructionScene & scene) {
-    m_directions[0].dir = Disc::X;
-    m_directions[1].dir = Disc::Y;
-    for (Direction & direction : m_directions) {
-        const bool isX = direction.dir == Disc::X;
-        const auto & borders = isX ? scene.cells.columnBorders() : scene.cells.rowBorders();
-        const HygGridAxis & axis = isX ? scene.x : scene.y;
+    HygGridAxis planes(false);
+    planes.setWidths(scene.project->m_disc.m_zSteps, false);
+    const struct {
+        std::vector<std::uint32_t> borders;
+        const HygGridAxis & axis;
+        QString one, several;
+    } rows[] = {
+        {scene.cells.columnBorders(),  scene.x, tr("Column %1"), tr("Columns %1 to %2")},
+        {scene.cells.rowBorders(),     scene.y, tr("Row %1"),    tr("Rows %1 to %2")   },
+        {planeBorders(*scene.project), planes,  tr("Plane %1"),  tr("Planes %1 to %2") },
+    };
+    for (std::size_t d = 0; d < m_directions.size(); ++d) {
+        Direction & direction = m_directions[d];
+        direction.dir = DIRECTIONS[d];
+        const auto & borders = rows[d].borders;
         for (std::size_t n = 0; n + 1 < borders.size(); ++n) {
-            direction.layers.push_back({borders[n], borders[n + 1] - 1, std::nullopt});
-            if (isX && scene.isStack()) // of a detail the user says first what is to change
+            const std::size_t first = borders[n];
+            const std::size_t last = borders[n + 1] - 1;
+            direction.layers.push_back({first, last, std::nullopt});
+            if (d == 0 && scene.isStack()) // of a detail the user says first what is to change
                 direction.layers.back().settings = Disc::LayerSettings{};
-            direction.widths.push_back(axis.width(borders[n], borders[n + 1] - 1));
+            direction.widths.push_back(rows[d].axis.width(first, last));
             std::vector<double> cells;
-            for (std::size_t i = borders[n]; i < borders[n + 1]; ++i)
-                cells.push_back(axis.width(i, i));
+            for (std::size_t i = first; i <= last; ++i)
+                cells.push_back(rows[d].axis.width(i, i));
             direction.cells.push_back(std::move(cells));
             const std::int32_t material =
-                isX ? scene.cells.material(borders[n], 0) : scene.cells.material(0, borders[n]);
-            direction.names << (scene.isStack() && material >= 0
+                d == 0 && scene.isStack() ? scene.cells.material(first, 0) : HygCellPlane::NO_MATERIAL;
+            direction.names << (material >= 0
                                     ? QString::fromStdString(
                                           scene.project->m_materials[static_cast<std::size_t>(material)].m_name)
-                                : isX ? tr("Columns %1 to %2").arg(borders[n] + 1).arg(borders[n + 1])
-                                      : tr("Rows %1 to %2").arg(borders[n] + 1).arg(borders[n + 1]));
+                                : first == last ? rows[d].one.arg(first + 1)
+                                                : rows[d].several.arg(first + 1).arg(last + 1));
         }
         update(direction);
     }
 }
 
+const HygDiscretizationDialog::Direction & HygDiscretizationDialog::directionOf(unsigned int dir) const {
+    return *std::find_if(m_directions.begin(), m_directions.end(),
+                         [dir](const Direction & candidate) { return candidate.dir == dir; });
+}
+
 QColor HygDiscretizationDialog::colourOf(const Direction & direction, std::size_t layer) const {
     const std::size_t cell = direction.layers[layer].first;
-    const std::int32_t material = !m_scene.isStack() ? HygCellPlane::NO_MATERIAL : m_scene.cells.material(cell, 0);
+    const bool isLayer = direction.dir == Disc::X && m_scene.isStack();
+    const std::int32_t material = isLayer ? m_scene.cells.material(cell, 0) : HygCellPlane::NO_MATERIAL;
     return material >= 0 ? QColor(m_scene.project->m_materials[static_cast<std::size_t>(material)].m_color.rgb())
                          : palette().color(layer % 2 == 0 ? QPalette::Base : QPalette::AlternateBase);
 }
 
 const std::vector<HygConstructionEditor::Layer> & HygDiscretizationDialog::layers(unsigned int dir) const {
-    return m_directions[dir == Disc::X ? 0 : 1].layers;
+    return directionOf(dir).layers;
 }
 
 bool HygDiscretizationDialog::isChanged(unsigned int dir) const {
@@ -339,11 +374,16 @@ void HygDiscretizationDialog::updateAll() {
         m_table->item(row, 2)->setText(before == after ? QString::number(after)
                                                        : QStringLiteral("%1 → %2").arg(before).arg(after));
     }
-    const std::size_t now = m_scene.cells.nx() * m_scene.cells.ny();
+    const std::size_t now =
+        m_scene.cells.nx() * m_scene.cells.ny() * std::max<std::size_t>(m_scene.project->m_disc.nz(), 1);
     const std::size_t then = cellCount();
-    QString problem = m_directions[0].problem + m_directions[1].problem;
-    m_apply->setEnabled(problem.isEmpty() && (isChanged(Disc::X) || isChanged(Disc::Y)) && m_minStep->isValid() &&
-                        m_maxStep->isValid());
+    QString problem;
+    bool isAnyChanged = false;
+    for (const Direction & each : m_directions) {
+        problem += each.problem;
+        isAnyChanged = isAnyChanged || isChanged(each.dir);
+    }
+    m_apply->setEnabled(problem.isEmpty() && isAnyChanged && m_minStep->isValid() && m_maxStep->isValid());
     m_count->setText(tr("%1 cells, %2 before").arg(then).arg(now));
     if (problem.isEmpty() && then > MANY_CELLS)
         problem =

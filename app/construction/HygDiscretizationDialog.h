@@ -23,11 +23,13 @@ class HygDiscretizationDialog : public QDialog {
 public:
     explicit HygDiscretizationDialog(const HygConstructionScene & scene, QWidget * parent = nullptr);
 
-    /// Layers of columns, and of rows; layers that are to stay have no settings.
+    static constexpr unsigned int DIRECTIONS[] = {HYGRION::Disc::X, HYGRION::Disc::Y, HYGRION::Disc::Z};
+
+    /// Layers of columns, of rows or of stack planes; layers that are to stay have no settings.
     const std::vector<HygConstructionEditor::Layer> & layers(unsigned int dir) const;
     /// Whether anything of a direction is to be divided.
     bool isChanged(unsigned int dir) const;
-    /// Cells afterwards, of all columns times all rows.
+    /// Cells afterwards, of all columns times all rows times all stack planes.
     std::size_t cellCount() const;
 
 private:
@@ -54,8 +56,10 @@ private:
     std::vector<std::size_t> chosenLayers() const;
     QColor colourOf(const Direction & direction, std::size_t layer) const;
 
+    const Direction & directionOf(unsigned int dir) const;
+
     const HygConstructionScene & m_scene;
-    std::array<Direction, 2> m_directions;
+    std::array<Direction, std::size(DIRECTIONS)> m_directions;
     std::size_t m_shown = 0;
     QComboBox * m_direction;
     QTableWidget * m_table;

@@ -68,6 +68,7 @@ void HygGridPainter::paint(QPainter & painter, const HygConstructionScene & scen
     if (scene.overlays[HygConstructionScene::MaterialNames])
         drawNames(painter, scene);
     drawSides(painter, scene);
+    drawPoints(painter, scene);
     drawMarks(painter, scene);
     drawSelection(painter, scene, hasFocus);
 }
@@ -351,6 +352,7 @@ void HygGridPainter::drawAreas(QPainter & painter, const HygConstructionScene & 
     for (const Assignment & assignment : scene.project->m_assignments.m_list) {
         Range range;
         if (assignment.m_type == Assignment::type_t::Material || assignment.isOnSide() ||
+            assignment.m_location == Assignment::location_t::Coordinate ||
             !scene.overlays[HygConstructionScene::overlayOf(assignment.m_type)] || !scene.showsIn(assignment, range) ||
             !scene.rectangle(range).intersects(m_viewport))
             continue;
@@ -392,6 +394,59 @@ void HygGridPainter::drawAreas(QPainter & painter, const HygConstructionScene & 
         painter.drawRoundedRect(plate, 3, 3);
         painter.setPen(HygHatching::contrast(colour));
         painter.drawText(plate, Qt::AlignCenter, metrics.elidedText(text, Qt::ElideRight, wide - 8));
+    }
+}
+
+void HygGridPainter::drawPoints(QPainter & painter, const HygConstructionScene & scene) const {
+    constexpr double RADIUS = 5;
+    constexpr double ARM = 9;
+    const QFontMetricsF metrics(painter.font(), painter.device());
+    painter.setRenderHint(QPainter::Antialiasing);
+    /// What is assigned to one point: drawn once, with a plate that names one and counts the others.
+    struct Point {
+        const Assignment * first = nullptr;
+        int count = 0;
+    };
+    std::map<std::pair<int, int>, Point> points; // by pixels
+    for (const Assignment & assignment : scene.project->m_assignments.m_list) {
+        Range cell;
+        if (assignment.m_location != Assignment::location_t::Coordinate ||
+            !scene.overlays[HygConstructionScene::overlayOf(assignment.m_type)] || !scene.showsIn(assignment, cell))
+            continue;
+        const QPoint at = scene.pointOf(assignment).toPoint();
+        if (!m_viewport.adjusted(-ARM, -ARM, ARM, ARM).contains(at))
+            continue;
+        Point & point = points[{at.x(), at.y()}];
+        if (point.count++ == 0)
+            point.first = &assignment;
+        if (points.size() > MAX_AREAS)
+            break;
+    }
+    for (const auto & [place, point] : points) {
+        const QPointF at(place.first, place.second);
+        const QColor colour = scene.colourOf(point.first->m_type, point.first->m_reference);
+        const QLineF cross[] = {
+            {at - QPointF(ARM, 0),   at + QPointF(ARM, 0)  },
+            {at - QPointF(0,   ARM), at + QPointF(0,   ARM)}
+        };
+        for (const auto & [ink, width] : {std::pair(QColor(255, 255, 255, 210), 4.0), std::pair(colour, 2.0)}) {
+            painter.setPen(QPen(ink, width));
+            painter.setBrush(Qt::NoBrush);
+            painter.drawLines(cross, 2);
+            painter.drawEllipse(at, RADIUS, RADIUS);
+        }
+        QString text = QString::fromStdString(point.first->m_reference);
+        if (point.count > 1)
+            text += QStringLiteral("  +%1").arg(point.count - 1);
+        const double wide = metrics.horizontalAdvance(text) + 12;
+        QRectF plate(at.x() + ARM + 2, at.y() - metrics.height() / 2 - 1, wide, metrics.height() + 2);
+        if (plate.right() > m_viewport.right())
+            plate.moveRight(at.x() - ARM - 2);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(colour);
+        painter.drawRoundedRect(plate, 3, 3);
+        painter.setPen(HygHatching::contrast(colour));
+        painter.drawText(plate, Qt::AlignCenter, text);
     }
 }
 
@@ -439,4 +494,19 @@ void HygGridPainter::drawMarks(QPainter & painter, const HygConstructionScene & 
             painter.drawLine(line.dx() == 0 ? QLineF(line.x1(), area.top(), line.x1(), area.bottom())
                                             : QLineF(area.left(), line.y1(), area.right(), line.y1()));
     }
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QFont font = painter.font();
+    QFont bold = font;
+    bold.setBold(true);
+    painter.setFont(bold);
+    constexpr double RADIUS = HygConstructionScene::BADGE_RADIUS;
+    for (const HygConstructionScene::Badge & badge : scene.badges(m_viewport)) {
+        painter.setPen(QPen(Qt::white, 2));
+        painter.setBrush(QtExt::Palette::color(QtExt::Palette::WARNING_TEXT));
+        painter.drawEllipse(badge.middle, RADIUS, RADIUS);
+        painter.setPen(HygHatching::contrast(QtExt::Palette::color(QtExt::Palette::WARNING_TEXT)));
+        painter.drawText(QRectF(badge.middle - QPointF(RADIUS, RADIUS), QSizeF(2 * RADIUS, 2 * RADIUS)),
+                         Qt::AlignCenter, QStringLiteral("!"));
+    }
+    painter.setFont(font);
 }

@@ -22,6 +22,7 @@ private:
     void drawNames(QPainter & painter, const HygConstructionScene & scene) const;
     void drawSides(QPainter & painter, const HygConstructionScene & scene) const;
     void drawAreas(QPainter & painter, const HygConstructionScene & scene) const;
+    void drawPoints(QPainter & painter, const HygConstructionScene & scene) const;
     void drawSelection(QPainter & painter, const HygConstructionScene & scene, bool hasFocus) const;
     void drawMarks(QPainter & painter, const HygConstructionScene & scene) const;
 

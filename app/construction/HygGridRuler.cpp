@@ -99,7 +99,10 @@ void HygGridRuler::drawWidths(QPainter & painter, const std::vector<std::uint32_
         const double to = high + m_shift;
         tick(m_isHorizontal ? from : to);
         tick(m_isHorizontal ? to : from);
-        const QString text = m_scene.lengthNumber(axis().width(*run, *(run + 1) - 1));
+        const double metres = axis().width(*run, *(run + 1) - 1);
+        QString text = m_scene.lengthText(metres);
+        if (!isOuter || metrics.horizontalAdvance(text) + 4 > to - from)
+            text = m_scene.lengthNumber(metres);
         if (to - from < metrics.height() || metrics.horizontalAdvance(text) + 4 > to - from)
             continue;
         // The text stays in view as long as there is room.

@@ -46,6 +46,17 @@ public:
         return box;
     }
 
+    /// What cannot be a thickness stays in its field, which says why.
+    bool eventFilter(QObject * editor, QEvent * event) override {
+        const auto * edit = qobject_cast<QtExt::ValueEdit *>(editor);
+        if (edit != nullptr && !edit->isValid() && event->type() == QEvent::KeyPress) {
+            const int key = static_cast<QKeyEvent *>(event)->key();
+            if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Tab)
+                return true;
+        }
+        return QStyledItemDelegate::eventFilter(editor, event);
+    }
+
     void setEditorData(QWidget * editor, const QModelIndex & index) const override {
         if (auto * edit = qobject_cast<QtExt::ValueEdit *>(editor)) {
             KOR::Parameter value("Thickness", index.data(Qt::EditRole).toDouble(), KOR::Unit("m"));

@@ -5,12 +5,17 @@
 #include "materials/HygMaterialTexts.h"
 #include "materials/HygProjectMaterials.h"
 
+#include <MM/MaterialCategory.h>
+
 #include <QDir>
+#include <QFileInfo>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPixmapCache>
 
 #include <algorithm>
+#include <compare>
+#include <map>
 #include <set>
 
 namespace {
@@ -20,6 +25,12 @@ constexpr double USUAL_THICKNESS[] = {0.5,   0.3,   0.1,   0.2,  0.2,   0.24,  0
                                       0.024, 0.002, 0.015, 0.16, 0.001, 0.005, 0.1};
 
 constexpr QRgb NO_COLOUR = 0xc8c8c8;
+
+/// One name for each file, however it is reached.
+QString canonical(const QString & path) {
+    const QString name = QFileInfo(path).canonicalFilePath();
+    return name.isEmpty() ? QDir::cleanPath(path) : name;
+}
 
 } // namespace
 
@@ -46,30 +57,76 @@ std::vector<HygMaterialOffer::Entry> HygMaterialOffer::entries(const HYGRION::Pr
     for (const HYGRION::MaterialReference & material : project.m_materials) {
         entries.push_back({material, true, {}});
         names.insert(material.m_name);
-        files.insert(QDir::cleanPath(HygProjectMaterials::file(project, material)));
+        files.insert(canonical(HygProjectMaterials::file(project, material)));
     }
     const auto own = static_cast<std::ptrdiff_t>(entries.size());
     const KOR::Path::Placeholders placeholders = project.placeholders();
     const HygMaterialDBTableModel & model = m_database->model();
-    for (int row = 0; row < model.rowCount(); ++row) {
+    std::map<QString, int> count;
+    std::vector<int> rows;
+    for (int row = 0; row < model.rowCount(); ++row)
+        if (model.entry(row).isReadable() && files.insert(canonical(model.entry(row).path)).second) {
+            ++count[model.name(row)];
+            rows.push_back(row);
+        }
+    for (const int row : rows) {
         const HygMaterialDBEntry & found = model.entry(row);
         Entry entry;
-        entry.reference.m_name = model.name(row).toStdString();
-        if (!found.isReadable() || files.count(QDir::cleanPath(found.path)) > 0 ||
-            !names.insert(entry.reference.m_name).second)
-            continue;
+        QString name = model.name(row);
+        if (count[name] > 1 || names.count(name.toStdString()) > 0)
+            name += QStringLiteral(" (%1)").arg(found.id);
+        for (int n = 2; !names.insert(name.toStdString()).second; ++n)
+            name = QStringLiteral("%1 (%2 %3)").arg(model.name(row)).arg(found.id).arg(n);
+        entry.reference.m_name = name.toStdString();
         entry.reference.m_color = KOR::Color::fromRgb(found.color == 0 ? NO_COLOUR : found.color & 0xffffffU);
         entry.reference.m_hatchCode =
             found.hatching < 0 ? static_cast<int>(std::size(USUAL_THICKNESS)) - 1 : found.hatching;
         entry.reference.m_filename = KOR::Path(found.path.toStdString()).withPlaceholder(placeholders);
         entry.category = model.index(row, HygMaterialDBTableModel::CategoryColumn).data().toString();
+        entry.isSpecial = found.categories[0] == static_cast<quint8>(MM::MaterialCategory::CategoryID::MISC);
         entries.push_back(std::move(entry));
     }
     std::sort(entries.begin() + own, entries.end(), [](const Entry & a, const Entry & b) {
+        if (a.isSpecial != b.isSpecial)
+            return b.isSpecial;
         return QString::localeAwareCompare(QString::fromStdString(a.reference.m_name),
                                            QString::fromStdString(b.reference.m_name)) < 0;
     });
     return entries;
+}
+
+std::vector<std::size_t> HygMaterialOffer::find(const std::vector<Entry> & entries, const QString & search) {
+    const QStringList words = search.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    /// Compared in the order of the members.
+    struct Found {
+        bool isSpecial;
+        bool isOfDatabase;
+        int rank;
+        int length;
+        std::size_t index;
+        auto operator<=>(const Found &) const = default;
+    };
+    std::vector<Found> found;
+    for (std::size_t n = 0; n < entries.size(); ++n) {
+        const QString name = QString::fromStdString(entries[n].reference.m_name);
+        int rank = 0;
+        bool isFound = true;
+        for (const QString & word : words) {
+            const int at = name.indexOf(word, 0, Qt::CaseInsensitive);
+            if (at < 0 && !entries[n].category.contains(word, Qt::CaseInsensitive))
+                isFound = false;
+            rank += at == 0 ? 0 : at < 0 ? 3 : name.contains(QLatin1Char(' ') + word, Qt::CaseInsensitive) ? 1 : 2;
+        }
+        if (isFound)
+            found.push_back(
+                {entries[n].isSpecial, !entries[n].isInProject, rank, words.isEmpty() ? 0 : name.size(), n});
+    }
+    if (!words.isEmpty())
+        std::sort(found.begin(), found.end());
+    std::vector<std::size_t> numbers;
+    for (const Found & one : found)
+        numbers.push_back(one.index);
+    return numbers;
 }
 
 QIcon HygMaterialOffer::swatch(const HYGRION::MaterialReference & material) {

@@ -18,7 +18,8 @@ public:
     struct Entry {
         HYGRION::MaterialReference reference; ///< as it would stand in the project
         bool isInProject = false;
-        QString category; ///< of the database, for a tool tip
+        QString category;       ///< of the database, for a tool tip
+        bool isSpecial = false; ///< belongs to no kind of building material, such as those of benchmarks
     };
 
     explicit HygMaterialOffer(QObject * parent = nullptr);
@@ -28,8 +29,13 @@ public:
     void start();
     /// Shows names in the language of the program.
     void retranslate();
-    /// Own materials in their order, then the others by name.
+    /// Own materials in their order, then the others by name, special ones last. Each name stands for one file: where
+    /// several files have it, their IDs are in it.
     std::vector<Entry> entries(const HYGRION::Project & project) const;
+    /// The numbers of the entries whose names or categories hold all words of a search, the best first: words at the
+    /// beginning of a name before those of its words before others, then short names before long ones. Without words all
+    /// in their order.
+    static std::vector<std::size_t> find(const std::vector<Entry> & entries, const QString & search);
     /// A patch of colour with the hatching.
     static QIcon swatch(const HYGRION::MaterialReference & material);
     /// How thick layers of such a material usually are [m], by its hatching.

@@ -1,5 +1,7 @@
 #include "construction/HygNewLayerDialog.h"
 
+#include "views/HygListKeys.h"
+
 #include <QtExt/ValueEdit.h>
 
 #include <QBoxLayout>
@@ -26,7 +28,8 @@ HygNewLayerDialog::HygNewLayerDialog(HygMaterialOffer & offer, const HYGRION::Pr
     m_search->setObjectName(QStringLiteral("layerSearch"));
     m_search->setClearButtonEnabled(true);
     m_search->setPlaceholderText(tr("Search, for example brick"));
-    m_search->setToolTip(tr("Words that the material's name or category holds"));
+    m_search->setToolTip(tr("Words that the material's name or category holds; Up and Down choose in the list"));
+    new HygListKeys(*m_search, *m_list);
     layout->addWidget(m_search);
     m_list->setObjectName(QStringLiteral("layerMaterials"));
     m_list->setAccessibleName(tr("Materials of the project and of the database"));
@@ -91,16 +94,13 @@ void HygNewLayerDialog::updateOffer() {
 }
 
 void HygNewLayerDialog::fill() {
-    const QString before = m_list->currentItem() != nullptr ? m_list->currentItem()->text() : QString();
-    const QStringList words = m_search->text().split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    // While words are typed the best one is chosen; what comes into the list by itself changes nothing.
+    const bool isSearching = sender() == m_search;
+    const QString before = m_list->currentItem() != nullptr && !isSearching ? m_list->currentItem()->text() : QString();
     m_list->clear();
-    for (std::size_t n = 0; n < m_entries.size(); ++n) {
+    for (const std::size_t n : HygMaterialOffer::find(m_entries, m_search->text())) {
         const HygMaterialOffer::Entry & entry = m_entries[n];
         const QString name = QString::fromStdString(entry.reference.m_name);
-        const QString searched = name + QLatin1Char(' ') + entry.category;
-        if (!std::all_of(words.begin(), words.end(),
-                         [&](const QString & word) { return searched.contains(word, Qt::CaseInsensitive); }))
-            continue;
         auto * item = new QListWidgetItem(HygMaterialOffer::swatch(entry.reference), name, m_list);
         item->setData(Qt::UserRole, static_cast<int>(n));
         item->setToolTip(entry.isInProject ? tr("In the project already") : entry.category);
@@ -109,7 +109,7 @@ void HygNewLayerDialog::fill() {
             bold.setBold(true);
             item->setFont(bold);
         }
-        if (name == before)
+        if (!before.isEmpty() && name == before)
             m_list->setCurrentItem(item);
     }
     if (m_list->currentRow() < 0)

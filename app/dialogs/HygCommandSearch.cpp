@@ -61,8 +61,8 @@ int rank(const HygCommandSearch::Command & command, const QString & word) {
 } // namespace
 
 HygCommandSearch::HygCommandSearch(std::vector<Command> commands, QWidget * parent)
-    : QDialog(parent, Qt::Popup), m_commands(std::move(commands)), m_field(new QLineEdit(this)),
-      m_list(new QListWidget(this)) {
+    : QDialog(parent, Qt::Popup), m_commands(std::move(commands)), m_first(m_commands.size()),
+      m_field(new QLineEdit(this)), m_list(new QListWidget(this)) {
     setObjectName(QStringLiteral("commandSearch"));
     setWindowTitle(tr("Find a command"));
     m_field->setObjectName(QStringLiteral("commandField"));
@@ -91,6 +91,14 @@ HygCommandSearch::HygCommandSearch(std::vector<Command> commands, QWidget * pare
     connect(m_list, &QListWidget::itemClicked, this, &HygCommandSearch::runCurrent);
     fill();
     m_field->setFocus();
+}
+
+void HygCommandSearch::setMore(const std::vector<Command> & commands) {
+    m_commands.resize(m_first);
+    m_commands.insert(m_commands.end(), commands.begin(), commands.end());
+    const int row = m_list->currentRow();
+    fill();
+    m_list->setCurrentRow(std::clamp(row, 0, std::max(m_list->count() - 1, 0)));
 }
 
 std::vector<int> HygCommandSearch::find(const std::vector<Command> & commands, const QString & text) {
@@ -125,12 +133,17 @@ void HygCommandSearch::fill() {
         item->setData(NumberRole, number);
         item->setData(Qt::AccessibleTextRole, command.title + QStringLiteral(", ") + command.place);
     }
+    if (m_list->count() == 0) {
+        auto * item = new QListWidgetItem(tr("Nothing found"), m_list);
+        item->setFlags(Qt::NoItemFlags);
+        return;
+    }
     m_list->setCurrentRow(0);
 }
 
 void HygCommandSearch::runCurrent() {
     const QListWidgetItem * item = m_list->currentItem();
-    if (item == nullptr)
+    if (item == nullptr || (item->flags() & Qt::ItemIsEnabled) == 0)
         return;
     const auto run = m_commands[static_cast<std::size_t>(item->data(NumberRole).toInt())].run;
     accept();

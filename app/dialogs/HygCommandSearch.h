@@ -25,6 +25,9 @@ public:
 
     HygCommandSearch(std::vector<Command> commands, QWidget * parent);
 
+    /// Commands that are found later, behind those of the beginning; replaces those set before.
+    void setMore(const std::vector<Command> & commands);
+
     /// The numbers of the commands that hold every word of \p text, the best first: words at the beginning of the title
     /// before words within it before words of the place.
     static std::vector<int> find(const std::vector<Command> & commands, const QString & text);
@@ -37,6 +40,7 @@ private:
     void runCurrent();
 
     std::vector<Command> m_commands;
+    std::size_t m_first; ///< number of the commands of the beginning
     QLineEdit * m_field;
     QListWidget * m_list;
 };

@@ -2,24 +2,86 @@
 
 #include "HygIconEngine.h"
 
+#include <QtExt/Palette.h>
+
 #include <QBoxLayout>
 #include <QDir>
 #include <QEvent>
 #include <QFileInfo>
+#include <QScrollBar>
 #include <QTextBrowser>
+#include <QTimer>
 #include <QToolButton>
 #include <QUrl>
 
+namespace {
+
+constexpr int PAGE_MARGIN = 18;
+
+/// Pictures are no wider than the window, and dark ones where the program is dark.
+class Pages : public QTextBrowser {
+public:
+    using QTextBrowser::QTextBrowser;
+
+    /// Reads the page anew at the place where it is.
+    void readAgain() {
+        const int place = verticalScrollBar()->value();
+        reload();
+        verticalScrollBar()->setValue(place);
+    }
+
+protected:
+    QVariant loadResource(int type, const QUrl & name) override {
+        if (type != QTextDocument::ImageResource)
+            return QTextBrowser::loadResource(type, name);
+        QString path = source().resolved(name).toLocalFile();
+        const QString dark = QString(path).replace(QStringLiteral("_light."), QStringLiteral("_dark."));
+        if (QtExt::Palette::isDark() && QFileInfo::exists(dark))
+            path = dark;
+        const QImage picture(path);
+        const int bar = verticalScrollBar()->isVisible() ? 0 : verticalScrollBar()->sizeHint().width();
+        const int room = viewport()->width() - 2 * PAGE_MARGIN - bar;
+        if (picture.width() <= room || room <= 0)
+            return picture;
+        const qreal ratio = devicePixelRatioF();
+        QImage fitting = picture.scaledToWidth(qRound(room * ratio), Qt::SmoothTransformation);
+        fitting.setDevicePixelRatio(ratio);
+        return fitting;
+    }
+    void resizeEvent(QResizeEvent * event) override {
+        QTextBrowser::resizeEvent(event);
+        if (event->size().width() != event->oldSize().width() && !source().isEmpty())
+            m_delay.start();
+    }
+    void changeEvent(QEvent * event) override {
+        QTextBrowser::changeEvent(event);
+        if (event->type() == QEvent::PaletteChange && !source().isEmpty())
+            m_delay.start();
+    }
+
+private:
+    QTimer & makeDelay() {
+        auto * delay = new QTimer(this);
+        delay->setSingleShot(true);
+        delay->setInterval(150);
+        connect(delay, &QTimer::timeout, this, [this] { readAgain(); });
+        return *delay;
+    }
+    QTimer & m_delay = makeDelay();
+};
+
+} // namespace
+
 HygHelpWindow::HygHelpWindow(QString directory, QWidget * parent)
-    : QDialog(parent), m_directory(std::move(directory)), m_browser(new QTextBrowser(this)),
-      m_contents(new QToolButton(this)), m_back(new QToolButton(this)), m_forward(new QToolButton(this)) {
+    : QDialog(parent), m_directory(std::move(directory)), m_browser(new Pages(this)), m_contents(new QToolButton(this)),
+      m_back(new QToolButton(this)), m_forward(new QToolButton(this)) {
     setObjectName(QStringLiteral("helpWindow"));
     setSizeGripEnabled(true);
     resize(720, 640);
     m_browser->setObjectName(QStringLiteral("helpText"));
     m_browser->setOpenExternalLinks(true);
     m_browser->setFrameShape(QFrame::NoFrame);
-    m_browser->document()->setDocumentMargin(18);
+    m_browser->document()->setDocumentMargin(PAGE_MARGIN);
 
     auto * layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 6, 0, 0);

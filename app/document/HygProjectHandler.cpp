@@ -81,6 +81,16 @@ void writeProject(const HYGRION::Project & project, const std::string & file) {
     KOR::writeFile(file, content);
 }
 
+/// Whether a file holds the project as it is.
+bool isContentOf(const HYGRION::Project & project, const std::string & file) {
+    const std::string content = project.text();
+    try {
+        return KOR::readFile(file, content.size()) == content;
+    } catch (const KOR::Exception &) {
+        return false; // it is larger, or it cannot be read
+    }
+}
+
 /// Lets the paths that begin at the directory of the project's file lead to the same files from another directory.
 /// \return whether there were any
 bool rebasePaths(HYGRION::Project & project, const std::string & newFile) {
@@ -201,6 +211,13 @@ bool HygProjectHandler::createProject(const QString & path) {
     project.m_projectInfo.m_created = now();
     project.m_projectInfo.m_lastEdited = project.m_projectInfo.m_created;
     project.m_projectInfo.m_projectName = QFileInfo(path).completeBaseName().toStdString();
+    // A year, and the state in which most begin, both to be seen in their forms.
+    using Start = HYGRION::Init::defaultInitialCondition_t;
+    project.m_init.m_interval.m_para.set(HYGRION::Interval::para_t::Duration, 365, "d");
+    for (const Start start : {Start::DefaultTemperature, Start::DefaultRelativeHumidity}) {
+        const KOR::Parameter standard = project.m_init.parameter(start);
+        project.m_init.m_defaultInitialCondition.set(start, standard.ioValue(), standard.ioUnit());
+    }
     try {
         HygProjectLock lock(path);
         if (QFileInfo::exists(path) && HygProjectLock::lockPath(path) != HygProjectLock::lockPath(projectFile()) &&
@@ -328,6 +345,9 @@ bool HygProjectHandler::save() {
         return refuse(tr("Another program has changed the file in the meantime."));
     const std::string lastEdited = std::exchange(m_project->m_projectInfo.m_lastEdited, now());
     if (!write(projectFile())) {
+        // A save that failed at its very end has replaced the file: that was no other program.
+        if (isChangedOnDisk() && isContentOf(*m_project, m_project->m_fileName))
+            takeOverFile(projectFile());
         m_project->m_projectInfo.m_lastEdited = lastEdited;
         return false;
     }

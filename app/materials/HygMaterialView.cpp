@@ -18,6 +18,12 @@ void HygMaterialView::showEvent(QShowEvent * event) {
     QWidget::showEvent(event);
 }
 
+void HygMaterialView::showMaterial(const QString & path) {
+    if (m_database == nullptr)
+        setUp();
+    m_database->setCurrentPath(path);
+}
+
 void HygMaterialView::setUp() {
     const std::shared_ptr<HygMaterialDB> database = HygMaterialDB::shared();
     auto * splitter = new QSplitter(this);

@@ -13,6 +13,9 @@ class HygMaterialView : public QWidget {
 public:
     explicit HygMaterialView(HygProjectHandler * projects, QWidget * parent = nullptr);
 
+    /// Selects a material of the database.
+    void showMaterial(const QString & path);
+
 protected:
     void showEvent(QShowEvent * event) override;
 

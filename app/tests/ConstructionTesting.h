@@ -4,6 +4,7 @@
 #include "construction/HygConstructionView.h"
 #include "document/HygProjectHandler.h"
 
+#include <KOR/FileIO.h>
 #include <KOR/MessageHandler.h>
 
 #include <QAction>

@@ -1,12 +1,14 @@
 #include "ConstructionTesting.h"
 
-#include "construction/HygConstructionHints.h"
 #include "construction/HygDiscretizationDialog.h"
+#include "construction/HygHintBar.h"
 
+#include <QAbstractButton>
 #include <QComboBox>
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 #include <QSlider>
 #include <QTableView>
@@ -15,6 +17,7 @@
 #include <QToolButton>
 
 #include <numeric>
+#include <random>
 
 namespace {
 
@@ -28,8 +31,9 @@ using Hint = HygConstructionHint;
 class HygConstructionChecks : public ConstructionViewTest {
 protected:
     const std::vector<Hint> & hints() {
-        QTest::qWait(200); // they are looked for when the changes have ended
-        return find<HygHintBar>("hintBar").hints();
+        auto & bar = find<HygHintBar>("hintBar"); // a thread looks for them when the changes have ended
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !bar.isLooking(); }));
+        return bar.hints();
     }
     void follow(std::size_t index, const QString & target) {
         emit find<QLabel>(qPrintable(QString("hint%1").arg(index)))
@@ -40,7 +44,7 @@ protected:
 TEST_F(HygConstructionChecks, AWholeWallHasNoHints) {
     open(wall());
     EXPECT_TRUE(hints().empty());
-    EXPECT_FALSE(find<QWidget>("hintBar").isVisible());
+    EXPECT_TRUE(find<HygHintBar>("hintBar").findChild<QLabel *>()->text().contains("Nothing is missing"));
 }
 
 TEST_F(HygConstructionChecks, HintsShowAndMend) {
@@ -87,6 +91,41 @@ TEST_F(HygConstructionChecks, HintsShowAndMend) {
     EXPECT_EQ(project().m_assignments, broken.m_assignments);
 }
 
+TEST_F(HygConstructionChecks, AMissingMaterialFileIsToldWhereItIsUsed) {
+    Project moved = wall();
+    moved.m_materials[1].m_filename = KOR::Path("${Project Directory}/gone.m6");
+    open(moved);
+    ASSERT_EQ(hints().size(), 1u);
+    EXPECT_EQ(hints()[0].kind, Hint::NoFile);
+    EXPECT_THAT(hints()[0].ranges, ElementsAre(Range{.left = 2, .right = 5}));
+    EXPECT_TRUE(find<HygHintBar>("hintBar").textOf(0).contains("'Brick'"));
+}
+
+TEST_F(HygConstructionChecks, OutputsAreOfferedToWhoHasNone) {
+    Project silent = wall();
+    silent.m_outputs = {};
+    std::erase_if(silent.m_assignments.m_list, [](const Assignment & a) { return a.m_type == type_t::Output; });
+    silent.m_conditions.m_interfaces[1].m_type = HYGRION::Interface::type_t::EngineeringIndoor;
+    silent.m_conditions.m_interfaces[1].m_climateTypeIndoor =
+        HYGRION::Interface::climateTypeIndoor_t::IndoorDIN4108_2014;
+    silent.m_outputs.m_outputGrids.emplace_back().m_name = "Daily"; // of the user, another one
+    silent.m_outputs.m_outputGrids[0].m_intervals.emplace_back().m_para.set(HYGRION::Interval::para_t::StepSize, 2,
+                                                                            "d");
+    open(silent);
+    const Project before = project();
+    ASSERT_EQ(hints().size(), 1u);
+    ASSERT_EQ(hints()[0].kind, Hint::NoOutput);
+    follow(0, "outputs");
+    EXPECT_TRUE(hints().empty());
+    EXPECT_EQ(stack().count(), 1);
+    const HYGRION::Outputs & outputs = project().m_outputs;
+    EXPECT_NO_THROW(outputs.checkParameters());
+    EXPECT_NO_THROW(project().GUISanityChecks());
+    EXPECT_FALSE(outputs.m_outputFiles.empty());
+    stack().undo();
+    EXPECT_EQ(project(), before);
+}
+
 TEST(HygConstructionHint, SurfacesToOpenAirNeedAnInterface) {
     // A reveal: the lower right quarter of 4 x 4 cells is open air.
     Project p;
@@ -101,15 +140,25 @@ TEST(HygConstructionHint, SurfacesToOpenAirNeedAnInterface) {
     };
     HygConstructionScene scene;
     scene.project = &p;
-    scene.update();
-    const auto open = [&] {
+    bool isWarning = false;
+    const auto open = [&](Hint::kind_t kind = Hint::NoInterface) {
+        scene.update();
         std::vector<std::pair<Assignment::location_t, Range>> found;
-        for (const Hint & hint : Hint::find(scene))
-            if (hint.kind == Hint::NoInterface)
+        for (const Hint & hint : Hint::find(Hint::snapshot(scene)))
+            if (hint.kind == kind) {
+                isWarning = hint.isWarning;
                 for (const Range & range : hint.ranges)
                     found.emplace_back(hint.side, range);
+            }
         return found;
     };
+    // Its edges matter as long as nothing passes anywhere; later they may be cuts through the building.
+    const auto edges = open(Hint::OpenEdge);
+    EXPECT_THAT(edges, ElementsAre(std::pair(Left, Range{.top = 3}),
+                                   std::pair(Right, Range{.left = 3, .bottom = 2, .right = 3, .top = 3}),
+                                   std::pair(Bottom, Range{.right = 1}),
+                                   std::pair(Top, Range{.bottom = 3, .right = 3, .top = 3})));
+    EXPECT_TRUE(isWarning);
     EXPECT_THAT(open(), ElementsAre(std::pair(Right, Range{.left = 1, .right = 1, .top = 1}),
                                     std::pair(Bottom, Range{.left = 2, .bottom = 2, .right = 3, .top = 2})));
     // One of them assigned from the side of the air.
@@ -122,6 +171,113 @@ TEST(HygConstructionHint, SurfacesToOpenAirNeedAnInterface) {
           "S"
     });
     EXPECT_THAT(open(), ElementsAre(std::pair(Bottom, Range{.left = 3, .bottom = 2, .right = 3, .top = 2})));
+    EXPECT_EQ(open(Hint::OpenEdge), edges);
+    EXPECT_FALSE(isWarning);
+    // In another plane nothing of it counts.
+    p.m_disc.m_zSteps.m_data.assign(2, 0.1);
+    for (Assignment & assignment : p.m_assignments.m_list)
+        if (assignment.m_type == Material)
+            assignment.m_range.front = 1;
+    scene.plane = 1;
+    EXPECT_EQ(open().size(), 2u);
+}
+
+TEST_F(HygConstructionChecks, SignsInTheDrawingOfferWhatMends) {
+    Project open2 = wall();
+    std::erase_if(open2.m_assignments.m_list, [](const Assignment & a) { return a.m_reference == "Inside"; });
+    open(open2);
+    ASSERT_EQ(hints().size(), 1u);
+    const auto badges = scene().badges(canvas().viewport()->rect());
+    ASSERT_EQ(badges.size(), 1u);
+    const QPoint sign = badges[0].middle.toPoint();
+    EXPECT_GT(sign.x(), scene().rectangle(Range{.left = 7, .right = 7}).right()) << "beside the open surface";
+    QStringList offers;
+    QTimer::singleShot(0, &m_view, [&] {
+        auto * menu = m_view.findChild<QMenu *>("hintMenu");
+        ASSERT_NE(menu, nullptr);
+        for (QAction * action : menu->actions()) {
+            offers << action->text();
+            if (action->text() == "Inside")
+                menu->setActiveAction(action);
+        }
+        QTest::keyClick(menu, Qt::Key_Return);
+    });
+    QTest::mouseClick(canvas().viewport(), Qt::LeftButton, {}, sign);
+    EXPECT_TRUE(offers.contains("show"));
+    EXPECT_TRUE(offers.front().contains("Right side")) << offers.front().toStdString();
+    EXPECT_EQ(project().m_assignments.m_list.back().m_reference, "Inside");
+    EXPECT_TRUE(selected().empty()) << "a click on the sign selects nothing";
+    EXPECT_TRUE(hints().empty());
+    EXPECT_TRUE(scene().marks.empty());
+}
+
+TEST_F(HygConstructionChecks, OverlapsAreCutSoThatNothingLooksDifferent) {
+    // Blocks at random in three dimensions; the drawing is the same afterwards, and nothing covers anything.
+    std::mt19937 random(3);
+    const auto below = [&](std::uint32_t n) { return std::uniform_int_distribution<std::uint32_t>(0, n - 1)(random); };
+    Project pile = wall();
+    pile.m_assignments.m_list.resize(3); // the materials
+    pile.m_disc.m_ySteps.m_data.assign(7, 0.1);
+    pile.m_disc.m_zSteps.m_data.assign(3, 0.1);
+    for (int n = 0; n < 60; ++n) {
+        Range range{below(8), below(7), below(3), below(12), below(7), below(3)};
+        range.normalise();
+        pile.m_assignments.m_list.emplace_back(type_t::Material, location_t::Element, range,
+                                               n % 7 == 0 ? "Gone" : pile.m_materials[below(3)].m_name);
+    }
+    pile.m_assignments.m_list.emplace_back(type_t::Interface, location_t::Left, Range{}, "Outside");
+    HygCellPlane before[3];
+    for (std::uint32_t plane = 0; plane < 3; ++plane)
+        before[plane].update(pile, plane);
+    const HygCellPlane::Parts parts = HygCellPlane::seenParts(pile);
+    ASSERT_FALSE(parts.empty());
+    std::vector<Assignment> & list = pile.m_assignments.m_list;
+    const std::string last = list.back().m_reference;
+    const std::size_t count = list.size();
+    for (std::size_t n = count; n-- > 0;)
+        if (const auto place = parts.find(static_cast<std::uint32_t>(n)); place != parts.end()) {
+            const Assignment cut = list[n];
+            list.erase(list.begin() + static_cast<std::ptrdiff_t>(n));
+            for (const Range & part : place->second) {
+                Assignment & piece = *list.insert(list.begin() + static_cast<std::ptrdiff_t>(n), cut);
+                piece.m_range = part;
+            }
+        }
+    EXPECT_EQ(list.back().m_reference, last);
+    for (std::uint32_t plane = 0; plane < 3; ++plane) {
+        HygCellPlane after;
+        after.update(pile, plane);
+        EXPECT_TRUE(after.overlaps().empty());
+        for (std::size_t j = 0; j < after.ny(); ++j)
+            for (std::size_t i = 0; i < after.nx(); ++i)
+                EXPECT_EQ(after.material(i, j), before[plane].material(i, j)) << i << ' ' << j << ' ' << plane;
+    }
+}
+
+TEST_F(HygConstructionChecks, PointsAreDrawnToldAndFound) {
+    Project probed = wall();
+    Assignment & probe =
+        probed.m_assignments.m_list.emplace_back(type_t::Output, location_t::Coordinate, Range{}, "Field");
+    probe.m_coordinates = {0.1, 0.5, 0}; // in the brick, in column 4
+    open(probed);
+    const QPointF at = scene().pointOf(project().m_assignments.m_list.back());
+    const QRectF cell = scene().rectangle(Range{.left = 3, .right = 3});
+    EXPECT_TRUE(cell.contains(at));
+    EXPECT_NEAR((at.x() - cell.left()) / cell.width(), 25.0 / 60, 0.01);
+    const auto colourAt = [&](bool isShown) {
+        find<QAbstractButton>("showOutputs").setChecked(isShown);
+        return canvas().viewport()->grab().toImage().pixelColor(at.toPoint() + QPoint(0, -5));
+    };
+    EXPECT_NE(colourAt(false), colourAt(true));
+    EXPECT_EQ(colourAt(true), scene().colourOf(type_t::Output, "Field"));
+    EXPECT_TRUE(scene().cardOf(3, 0).contains("Point"));
+    EXPECT_FALSE(scene().cardOf(2, 0).contains("Point"));
+    find<QLineEdit>("assignmentSearch").setText("point");
+    auto & table = find<QTableView>("assignmentTable");
+    ASSERT_EQ(table.model()->rowCount(), 1);
+    table.selectRow(0);
+    QTest::keyClick(&table, Qt::Key_Return);
+    EXPECT_THAT(selected(), ElementsAre(Range{.left = 3, .right = 3}));
 }
 
 TEST_F(HygConstructionChecks, MaterialsWithoutAUsableFileAreMarkedAndReplaced) {
@@ -222,6 +378,42 @@ TEST_F(HygConstructionChecks, LayersAreDividedAsThePreviewShows) {
     EXPECT_NEAR(scene().x.width(0, expected - 1), 0.27, 1e-9);
     EXPECT_NO_THROW(project().GUISanityChecks());
     EXPECT_THAT(project().m_assignments.m_list, testing::SizeIs(before.m_assignments.size()));
+    stack().undo();
+    EXPECT_EQ(project(), before);
+}
+
+TEST_F(HygConstructionChecks, PlanesAreDividedToo) {
+    Project deep = wall();
+    deep.m_disc.m_zSteps = {
+        {100, 50, 100},
+        KOR::Unit("mm")
+    };
+    for (Assignment & assignment : deep.m_assignments.m_list)
+        assignment.m_range.front = 2;
+    deep.m_assignments.m_list[1].m_range.back = 1; // no brick in the first plane
+    open(deep);
+    const Project before = project();
+    HygDiscretizationDialog dialog(scene());
+    auto & direction = *dialog.findChild<QComboBox *>("discDirection");
+    EXPECT_EQ(direction.count(), 2) << "columns and planes, as there is one row";
+    direction.setCurrentIndex(1);
+    auto & table = *dialog.findChild<QTableWidget *>("discLayers");
+    ASSERT_EQ(table.rowCount(), 2);
+    EXPECT_EQ(table.item(1, 0)->text(), "Planes 2 to 3");
+    EXPECT_EQ(table.item(1, 1)->text().remove(QChar(0x202f)), "150mm");
+    table.selectRow(1);
+    QTest::mouseClick(dialog.findChild<QAbstractButton *>("discDivided"), Qt::LeftButton);
+    ASSERT_TRUE(dialog.isChanged(HYGRION::Disc::Z));
+    EXPECT_FALSE(dialog.isChanged(HYGRION::Disc::X));
+    const std::size_t planes = dialog.cellCount() / 8;
+    m_view.editor().discretize(HYGRION::Disc::Z, dialog.layers(HYGRION::Disc::Z));
+    EXPECT_EQ(project().m_disc.nz(), planes);
+    EXPECT_GT(planes, 10u);
+    EXPECT_NEAR(std::accumulate(project().m_disc.m_zSteps.m_data.begin(), project().m_disc.m_zSteps.m_data.end(), 0.0),
+                250, 1e-9);
+    EXPECT_EQ(project().m_disc.m_zSteps.m_data[0], 100) << "the first plane stays";
+    EXPECT_THAT(project().m_assignments.m_list[1].m_range,
+                (Range{2, 0, 1, 5, 0, static_cast<std::uint32_t>(planes) - 1}));
     stack().undo();
     EXPECT_EQ(project(), before);
 }

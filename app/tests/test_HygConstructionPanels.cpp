@@ -3,11 +3,18 @@
 #include "construction/HygAssignPanel.h"
 #include "construction/HygLayerModel.h"
 #include "construction/HygLayerPanel.h"
+#include "construction/HygMaterialOffer.h"
 #include "construction/HygNewLayerDialog.h"
+#include "materials/HygMaterialDBTableModel.h"
+#include "simulation/HygSimulationView.h"
 #include "undo/HygUndoSections.h"
 
+#include <KOR/FileIO.h>
+
 #include <QAbstractItemModelTester>
+#include <QApplication>
 #include <QComboBox>
+#include <QDropEvent>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMimeData>
@@ -17,6 +24,14 @@
 #include <QTimer>
 #include <QToolButton>
 #include <QTreeWidget>
+#include <QUrl>
+
+#include <clocale>
+#include <regex>
+
+#ifdef __SANITIZE_ADDRESS__
+#include <sanitizer/lsan_interface.h>
+#endif
 
 namespace {
 
@@ -95,6 +110,11 @@ TEST_F(HygConstructionPanels, ThicknessAndMaterialAreTypedInPlace) {
     edit(1, HygLayerModel::ThicknessColumn);
     auto & thickness = find<QLineEdit>("thicknessEdit");
     EXPECT_EQ(thickness.text(), "240 mm");
+    QTest::keyClicks(&thickness, "0");
+    QTest::keyClick(&thickness, Qt::Key_Return);
+    QCoreApplication::processEvents();
+    ASSERT_EQ(m_view.findChild<QLineEdit *>("thicknessEdit"), &thickness) << "it stays and says why";
+    thickness.selectAll();
     QTest::keyClicks(&thickness, "36,5 cm");
     QTest::keyClick(&thickness, Qt::Key_Return);
     QCoreApplication::processEvents();
@@ -106,6 +126,100 @@ TEST_F(HygConstructionPanels, ThicknessAndMaterialAreTypedInPlace) {
     emit material.activated(material.currentIndex());
     EXPECT_EQ(layers().size(), 2) << "brick became plaster, one layer with its neighbour";
     EXPECT_EQ(stack().count(), 2);
+}
+
+TEST_F(HygConstructionPanels, AThicknessTypedAgainAndAgainIsOneStep) {
+    open(wall());
+    const Project before = project();
+    const auto width = [](double millimetres) { return KOR::Parameter("Width", millimetres, KOR::Unit("mm")); };
+    for (const double value : {300.0, 310.0, 365.0})
+        m_view.editor().setThickness(HYGRION::Disc::X, 2, 5, width(value));
+    EXPECT_EQ(stack().count(), 1);
+    m_view.editor().setThickness(HYGRION::Disc::X, 0, 1, width(20)); // another field
+    m_view.editor().setWidth(HYGRION::Disc::X, 7, 7, width(6));
+    m_view.editor().setWidth(HYGRION::Disc::X, 7, 7, width(7));
+    EXPECT_EQ(stack().count(), 3);
+    EXPECT_NEAR(scene().x.width(0, 7), 0.02 + 0.365 + 0.017, 1e-12);
+    stack().undo();
+    EXPECT_NEAR(scene().x.width(7, 7), 0.005, 1e-12);
+    stack().setIndex(0);
+    EXPECT_EQ(project(), before);
+    // Back where it was: there is nothing to undo.
+    m_view.editor().setThickness(HYGRION::Disc::X, 2, 5, width(300));
+    m_view.editor().setThickness(HYGRION::Disc::X, 2, 5, width(240));
+    EXPECT_EQ(project(), before);
+    EXPECT_FALSE(stack().canUndo());
+    // The forms of the simulation do so too.
+    HygSimulationView form(&m_projects);
+    form.show();
+    const auto type = [&form](const char * field, const char * text) {
+        auto & edit = *form.findChild<QLineEdit *>(field);
+        edit.selectAll();
+        QTest::keyClicks(&edit, text);
+        QTest::keyClick(&edit, Qt::Key_Return);
+    };
+    type("DefaultTemperature", "15 C");
+    type("DefaultTemperature", "16 C");
+    EXPECT_EQ(stack().count(), 1);
+    type("DefaultRelativeHumidity", "70 %");
+    EXPECT_EQ(stack().count(), 2);
+    stack().undo();
+    stack().undo();
+    EXPECT_EQ(project(), before);
+}
+
+TEST_F(HygConstructionPanels, FilesAreTheSameUnderAComma) {
+    const auto drawn = [this] {
+        open(wall());
+        m_view.editor().addLayer({
+            {"Cork", KOR::Color::fromRgb(0xc09060), 10, KOR::Path("cork.m6")},
+            KOR::Parameter("Thickness", 4.25, KOR::Unit("cm")),
+            true,
+            8
+        });
+        auto & table = find<QTableView>("layerTable");
+        table.setCurrentIndex(table.model()->index(1, HygLayerModel::ThicknessColumn));
+        table.edit(table.currentIndex());
+        QTest::keyClicks(&find<QLineEdit>("thicknessEdit"), "36,55 cm");
+        QTest::keyClick(&find<QLineEdit>("thicknessEdit"), Qt::Key_Return);
+        QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        canvas().select({
+            Range{.left = 0, .right = 1}
+        });
+        trigger("copyCells");
+        canvas().select({
+            Range{.left = 4, .right = 4}
+        });
+        trigger("pasteCells");
+        m_view.editor().addStandardInterface(true, {Range{}}, location_t::Left);
+        EXPECT_TRUE(m_projects.save());
+        const std::string text = KOR::readFile(m_directory.filePath("wall.h6p").toStdString(), 1 << 20);
+        return std::regex_replace(text, std::regex("lastEdited=\"[^\"]*\""), "");
+    };
+    const std::string expected = drawn();
+    EXPECT_THAT(expected, testing::HasSubstr("91.375"));
+    const QByteArray place = m_directory.filePath("locales").toLocal8Bit();
+    QDir().mkpath(QString::fromLocal8Bit(place));
+    const std::string command = "localedef -i de_DE -f UTF-8 " + place.toStdString() + "/de_DE.UTF-8 2>/dev/null";
+    const std::string before = std::setlocale(LC_ALL, nullptr);
+    bool isGerman = false;
+    if (std::system(command.c_str()) == 0) {
+#ifdef __SANITIZE_ADDRESS__
+        const __lsan::ScopedDisabler notOurLeak; // the C library never gives back what it notes of LOCPATH
+#endif
+        qputenv("LOCPATH", place);
+        isGerman = std::setlocale(LC_ALL, "de_DE.UTF-8") != nullptr;
+    }
+    if (!isGerman)
+        GTEST_SKIP() << "NOT TESTED: no German locale, the package 'locales' is missing";
+    QLocale::setDefault(QLocale(QLocale::German));
+    EXPECT_STREQ(std::localeconv()->decimal_point, ",");
+    const std::string german = drawn();
+    QLocale::setDefault(QLocale::c());
+    std::setlocale(LC_ALL, before.c_str());
+    qunsetenv("LOCPATH");
+    EXPECT_EQ(german, expected);
 }
 
 TEST_F(HygConstructionPanels, EntriesAreAssignedAndTakenOff) {
@@ -137,6 +251,74 @@ TEST_F(HygConstructionPanels, EntriesAreAssignedAndTakenOff) {
     EXPECT_EQ(assignmentOf("Outside"), nullptr) << "one surface has one interface";
 }
 
+TEST_F(HygConstructionPanels, AWordFindsWhatIsMeant) {
+    std::vector<HygMaterialOffer::Entry> entries;
+    const auto add = [&](const char * name, const char * category, bool isInProject, bool isSpecial) {
+        entries.push_back({
+            {name, {}, 5, KOR::Path("a.m6")},
+            isInProject, category, isSpecial
+        });
+    };
+    add("Mortar", "Plaster", true, false);
+    add("Clinker", "Bricks", false, false);
+    add("Handformed brick of the old town", "Bricks", false, false);
+    add("Solid clay brick", "Bricks", false, false);
+    add("Brickwork", "Bricks", false, false);
+    add("Brick of a benchmark", "Others", false, true);
+    const auto found = [&](const char * words) {
+        std::string names;
+        for (const std::size_t n : HygMaterialOffer::find(entries, words))
+            names += std::to_string(n);
+        return names;
+    };
+    EXPECT_EQ(found(""), "012345");
+    EXPECT_EQ(found("brick"), "43215") << "beginnings, words, categories, and what is special last";
+    EXPECT_EQ(found("BRICK clay"), "3");
+    EXPECT_EQ(found("mort"), "0");
+    EXPECT_EQ(found("granite"), "");
+
+    // The keys of the search field choose in the tree, and what the search hides is not assigned.
+    open(wall());
+    click(3);
+    auto & search = find<QLineEdit>("assignSearch");
+    auto & tree = find<QTreeWidget>("assignTree");
+    tree.setCurrentItem(entry("Render"));
+    search.setText("plas");
+    ASSERT_EQ(tree.currentItem(), entry("Plaster"));
+    QTest::keyClick(&search, Qt::Key_Return);
+    EXPECT_EQ(scene().cells.material(3, 0), 2);
+    search.setText("r"); // Render, Brick, Plaster
+    QTest::keyClick(&search, Qt::Key_Up);
+    QTest::keyClick(&search, Qt::Key_Up);
+    EXPECT_EQ(tree.currentItem(), entry("Render"));
+    QTest::keyClick(&search, Qt::Key_Down);
+    EXPECT_EQ(tree.currentItem(), entry("Brick"));
+    search.setText("nothing of that name");
+    EXPECT_FALSE(find<QToolButton>("assignButton").isEnabled());
+}
+
+TEST_F(HygConstructionPanels, MaterialsOfOneNameAreToldApartByTheirIds) {
+    for (const char * name : {"a_10000.m6", "a_10001.m6"})
+        ASSERT_TRUE(QFile::copy(QStringLiteral(HYG_SOURCE_DIR "/DB_materials/clay_brick_solid_108.m6"),
+                                m_directory.filePath(QStringLiteral("DB_materials/") + name)));
+    open(wall());
+    HygMaterialOffer offer;
+    ASSERT_TRUE(QTest::qWaitFor([&] { return offer.entries(project()).size() == 5; }))
+        << offer.entries(project()).size();
+    const auto entries = offer.entries(project());
+    EXPECT_EQ(entries[3].reference.m_name, "Solid clay brick (10000)");
+    EXPECT_EQ(entries[4].reference.m_name, "Solid clay brick (10001)");
+    // The second of them is what comes into the project.
+    m_view.editor().assignMaterial(entries[4].reference, {
+                                                             Range{.left = 2, .right = 5}
+    });
+    ASSERT_EQ(project().m_materials.size(), 4u);
+    EXPECT_TRUE(project().m_materials[3].m_filename.str().ends_with("a_10001.m6"));
+    const auto rest = offer.entries(project());
+    ASSERT_EQ(rest.size(), 5u);
+    EXPECT_TRUE(rest[4].reference.m_filename.str().ends_with("a_10000.m6")) << "the other one is still offered";
+}
+
 TEST_F(HygConstructionPanels, AWallIsDrawnFromNothing) {
     Project blank;
     blank.m_projectInfo.m_created = "2026-01-01";
@@ -152,7 +334,11 @@ TEST_F(HygConstructionPanels, AWallIsDrawnFromNothing) {
         auto & thickness = *dialog->findChild<QLineEdit *>("layerThickness");
         EXPECT_EQ(thickness.text(), "240 mm") << "as masonry usually is";
         QTest::mouseClick(dialog->findChild<QPushButton *>("layerAddNext"), Qt::LeftButton);
-        QTest::keyClicks(dialog->findChild<QLineEdit *>("layerSearch"), "wool");
+        auto & search = *dialog->findChild<QLineEdit *>("layerSearch");
+        QTest::keyClick(&search, Qt::Key_Down);
+        EXPECT_EQ(dialog->findChild<QListWidget *>("layerMaterials")->currentRow(), 1)
+            << "chosen from the search field";
+        QTest::keyClicks(&search, "wool");
         EXPECT_EQ(dialog->findChild<QListWidget *>("layerMaterials")->count(), 1);
         EXPECT_EQ(thickness.text(), "160 mm");
         thickness.selectAll();
@@ -170,6 +356,41 @@ TEST_F(HygConstructionPanels, AWallIsDrawnFromNothing) {
     EXPECT_GT(project().m_disc.nx(), 20u) << "divided into cells";
     EXPECT_NO_THROW(project().GUISanityChecks());
     EXPECT_EQ(stack().count(), 2) << "a layer is one step of undo";
+}
+
+TEST_F(HygConstructionPanels, AMaterialDroppedOnAnEmptyProjectIsItsFirstLayer) {
+    const QString path = m_directory.filePath("DB_materials/clay_brick_solid_108.m6");
+    ASSERT_TRUE(QFile::copy(QStringLiteral(HYG_SOURCE_DIR "/DB_materials/clay_brick_solid_108.m6"), path));
+    Project blank;
+    blank.m_projectInfo.m_created = "2026-01-01";
+    open(blank);
+    const Project before = project();
+    auto & card = find<QWidget>("constructionStart");
+    const auto send = [&](QMimeData & data) {
+        const QPoint at = card.rect().center();
+        QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, {});
+        for (QDropEvent * event : {static_cast<QDropEvent *>(&enter), &drop}) {
+            event->setAccepted(false);
+            QApplication::sendEvent(&card, event);
+            if (!event->isAccepted())
+                return false;
+        }
+        return true;
+    };
+    QMimeData project6;
+    project6.setUrls({QUrl::fromLocalFile(m_directory.filePath("other.h6p"))});
+    EXPECT_FALSE(send(project6)) << "left to the window";
+    QMimeData material;
+    material.setData(HygMaterialDBTableModel::MIME_TYPE, path.toUtf8());
+    EXPECT_TRUE(send(material));
+    ASSERT_EQ(layers().size(), 1);
+    EXPECT_TRUE(layers()[0].endsWith("0.24")) << layers()[0].toStdString();
+    EXPECT_FALSE(card.isVisible());
+    EXPECT_EQ(stack().count(), 1);
+    stack().undo();
+    EXPECT_EQ(project(), before);
+    EXPECT_TRUE(card.isVisible());
 }
 
 TEST_F(HygConstructionPanels, ADatabaseMaterialComesIntoTheProjectWithItsLayer) {

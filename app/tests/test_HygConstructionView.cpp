@@ -10,6 +10,10 @@
 #include <QDropEvent>
 #include <QLineEdit>
 #include <QMimeData>
+#include <QPushButton>
+
+#include <numeric>
+#include <random>
 
 namespace {
 
@@ -67,6 +71,61 @@ TEST(HygGridAxis, PixelsAndCellsAgree) {
             }
             EXPECT_DOUBLE_EQ(axis.width(1, 2), 0.0305) << "metres, however it is drawn";
         }
+}
+
+TEST(HygGridAxis, LayersThinnerThanAPixelStayInSightAndInReach) {
+    std::mt19937 random(11);
+    std::uniform_real_distribution<double> part(0, 1);
+    for (int round = 0; round < 200; ++round) {
+        SCOPED_TRACE(round);
+        HygGridAxis axis(round % 2 == 0);
+        // Walls with foils: single ones, two beside one another, at the ends.
+        const std::vector<double> walls[] = {
+            {0.2,   365,  0.1, 0.2, 160, 12.5},
+            {365,  0.05,  120    },
+            {50,0.2,50,0.2, 50, 0.2},
+            {0.01,   0.01,      500       }
+        };
+        const std::vector<double> & wall = walls[round % 4];
+        KOR::UnitVector widths{{}, KOR::Unit("mm")};
+        std::vector<std::uint32_t> borders{0};
+        for (const double layer : wall) {
+            const int cells = layer < 1 ? 1 : 3;
+            for (int i = 0; i < cells; ++i)
+                widths.m_data.push_back(layer / cells);
+            borders.push_back(static_cast<std::uint32_t>(widths.size()));
+        }
+        axis.setWidths(widths, false);
+        axis.setLayers(borders);
+        const double ratio = 1 + round % 3 * 0.5;
+        const double length = 300 + 500 * part(random);
+        const double start = 30 * part(random);
+        axis.setView(length / axis.length(), round % 2 == 0 ? start + length : start);
+        std::vector<std::int32_t> cells = axis.cellsOfPixels(static_cast<int>(900 * ratio), ratio);
+        std::vector<int> pixels(wall.size());
+        for (std::size_t p = 0; p < cells.size(); ++p) {
+            const std::ptrdiff_t cell = axis.cellAt((static_cast<double>(p) + 0.5) / ratio);
+            const bool isInside = cell >= 0 && cell < static_cast<std::ptrdiff_t>(axis.count());
+            ASSERT_EQ(cells[p], isInside ? cell : -1) << "what is drawn there is selected there, " << p;
+            if (isInside)
+                ++pixels[static_cast<std::size_t>(std::upper_bound(borders.begin(), borders.end(), cells[p]) -
+                                                  borders.begin() - 1)];
+        }
+        for (const int count : pixels)
+            EXPECT_GE(count, static_cast<int>(HygGridAxis::MIN_LAYER * ratio) - 1);
+        std::erase(cells, -1);
+        if (round % 2 == 0)
+            std::reverse(cells.begin(), cells.end());
+        EXPECT_TRUE(std::is_sorted(cells.begin(), cells.end()));
+    }
+    // More layers than pixels: to scale, as there is no room.
+    HygGridAxis crowd(false);
+    crowd.setWidths({std::vector<double>(1000, 1), KOR::Unit("mm")}, false);
+    std::vector<std::uint32_t> all(1001);
+    std::iota(all.begin(), all.end(), 0U);
+    crowd.setLayers(all);
+    crowd.setView(100 / crowd.length(), 0);
+    EXPECT_EQ(crowd.cellsOfPixels(100, 1)[50], 505);
 }
 
 struct Gesture {

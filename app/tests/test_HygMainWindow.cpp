@@ -2,10 +2,12 @@
 
 #include "HygDebugApplication.h"
 #include "HygSettings.h"
+#include "construction/HygConstructionView.h"
 #include "dialogs/HygAboutDialog.h"
 #include "dialogs/HygCommandSearch.h"
 #include "dialogs/HygHelpWindow.h"
 #include "document/HygProjectHandler.h"
+#include "materials/HygMaterialDBWidget.h"
 #include "undo/HygUndoSections.h"
 #include "views/HygNavigationButton.h"
 #include "views/HygProjectListModel.h"
@@ -26,13 +28,17 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
+#include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QRegularExpression>
+#include <QScrollBar>
+#include <QStackedWidget>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTextBrowser>
 #include <QTimer>
 #include <QUndoStack>
 
@@ -272,21 +278,27 @@ TEST_F(HygMainWindowTest, ChangesItsLanguageWhileItRuns) {
 }
 
 TEST_F(HygMainWindowTest, OpensFilesThatAreDropped) {
+    QWidget * target = &window();
     const auto drop = [&](const QString & path) {
         QMimeData data;
         data.setUrls({QUrl::fromLocalFile(path)});
         QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
         enter.ignore();
-        QCoreApplication::sendEvent(&window(), &enter);
+        QCoreApplication::sendEvent(target, &enter);
         QDropEvent event(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
         if (enter.isAccepted())
-            QCoreApplication::sendEvent(&window(), &event);
+            QCoreApplication::sendEvent(target, &event);
         QCoreApplication::processEvents();
         return enter.isAccepted();
     };
     EXPECT_FALSE(drop(m_directory.filePath("examples/notes.txt")));
     EXPECT_TRUE(drop(m_directory.filePath("new.h6p")));
     EXPECT_EQ(window().projects().projectFile(), m_directory.filePath("new.h6p"));
+    // The project is empty: now its start card lies there.
+    target = &find<QWidget>("constructionStart");
+    ASSERT_TRUE(target->isVisible());
+    EXPECT_TRUE(drop(m_directory.filePath("old.h6p")));
+    EXPECT_EQ(window().projects().projectFile(), m_directory.filePath("old.h6p"));
 
     // What is dragged within the program opens the view on whose button it rests.
     const QList<HygNavigationButton *> buttons = window().findChildren<HygNavigationButton *>();
@@ -299,6 +311,113 @@ TEST_F(HygMainWindowTest, OpensFilesThatAreDropped) {
     QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
     QCoreApplication::sendEvent(*button, &enter);
     EXPECT_TRUE(QTest::qWaitFor([&] { return (*button)->isChecked(); }));
+}
+
+TEST_F(HygMainWindowTest, FitsASmallScreenWithEverythingInGerman) {
+    m_languages.installTranslator("de");
+    ASSERT_TRUE(window().openProject(makeFile("new.h6p")));
+    find<QDockWidget>("logDock").show();
+    find<QDockWidget>("historyDock").show();
+    auto & view = find<HygConstructionView>("constructionView");
+    for (const bool isDetail : {false, true}) {
+        if (isDetail)
+            view.editor().startDetail(6, KOR::Parameter("Width", 100, KOR::Unit("mm")));
+        else
+            view.editor().addLayer({
+                {"Vollziegel aus einem sehr alten Gebäude mit Putz", {}, 5, KOR::Path("a.m6")},
+                KOR::Parameter("Thickness", 24, KOR::Unit("cm")),
+                true,
+                0
+            });
+        view.canvas().selectAll();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return find<QWidget>("hintBar").isVisible(); }));
+        QCoreApplication::processEvents();
+        EXPECT_LE(window().minimumSizeHint().width(), 1366);
+        EXPECT_LE(window().minimumSizeHint().height(), 768 - 40) << "less the title bar";
+        window().undoStack().setIndex(0);
+    }
+    // The switches keep their words as long as there is room, and their names always.
+    auto & chip = find<QAbstractButton>("showInitials");
+    window().resize(1900, 900);
+    QCoreApplication::processEvents();
+    const int wide = chip.width();
+    window().resize(1100, 700);
+    QCoreApplication::processEvents();
+    EXPECT_LT(chip.width(), wide / 2);
+    EXPECT_EQ(chip.text(), "Anfangsbedingungen");
+    EXPECT_TRUE(chip.toolTip().startsWith(chip.text()));
+    window().resize(1900, 900);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(chip.width(), wide);
+    m_languages.installTranslator("en");
+}
+
+TEST_F(HygMainWindowTest, FindsDefinitionsAndMaterialsOfTheDatabase) {
+    const QString brick = m_directory.filePath("DB_materials/clay_brick_solid_108.m6");
+    QDir(m_directory.path()).mkpath("DB_materials");
+    ASSERT_TRUE(QFile::copy(QStringLiteral(HYG_SOURCE_DIR "/DB_materials/clay_brick_solid_108.m6"), brick));
+    ASSERT_TRUE(window().openProject(makeFile("new.h6p")));
+    auto & view = find<HygConstructionView>("constructionView");
+    view.editor().addLayer({
+        {"Cork", {}, 10, KOR::Path("a.m6")},
+        KOR::Parameter("Thickness", 4, KOR::Unit("cm")), false, 0
+    });
+    const auto choose = [&](const char * words, int expected) {
+        answer<QDialog>("commandSearch", [=](QDialog & dialog) {
+            auto & list = *dialog.findChild<QListWidget *>("commandList");
+            QTest::keyClicks(dialog.findChild<QLineEdit *>("commandField"), words);
+            EXPECT_TRUE(QTest::qWaitFor([&] { return list.count() == expected; })) << words << ' ' << list.count();
+            QTest::keyClick(dialog.findChild<QLineEdit *>("commandField"), Qt::Key_Return);
+        });
+        find<QAction>("actionFindCommand").trigger();
+    };
+    view.canvas().select({});
+    choose("cork material", 1);
+    EXPECT_EQ(window().currentView(), HygViewTable::Construction);
+    ASSERT_EQ(view.canvas().scene().selection.blocks().size(), 1u) << "its cells are shown";
+    choose("no such thing at all", 1); // words instead of an empty list; Enter does nothing
+    window().showView(HygViewTable::Start);
+    choose("equal cells", 1);
+    EXPECT_EQ(window().currentView(), HygViewTable::Construction) << "a command of another view";
+    EXPECT_TRUE(view.canvas().scene().isEquidistant);
+    choose("solid brick database", 1);
+    EXPECT_EQ(window().currentView(), HygViewTable::Materials);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window().findChild<HygMaterialDBWidget *>()->currentPath() == brick; }));
+}
+
+TEST_F(HygMainWindowTest, UndoWorksWhereverTheFocusIs) {
+    ASSERT_TRUE(window().openProject(makeFile("new.h6p")));
+    window().showView(HygViewTable::Simulation);
+    window().activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
+    auto & field = find<QLineEdit>("DefaultTemperature");
+    for (QWidget * parent = field.parentWidget(); parent != nullptr; parent = parent->parentWidget())
+        if (auto * pages = qobject_cast<QStackedWidget *>(parent->parentWidget()))
+            pages->setCurrentWidget(parent);
+    field.setFocus();
+    const auto press = [](int key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key), modifiers);
+    };
+    ASSERT_EQ(QApplication::focusWidget(), &field);
+    const HYGRION::Init before = window().projects().project().m_init;
+    field.selectAll();
+    QTest::keyClicks(&field, "15 C");
+    press(Qt::Key_Z, Qt::ControlModifier); // what is being typed is undone in the field
+    EXPECT_EQ(window().undoStack().count(), 0);
+    field.selectAll();
+    QTest::keyClicks(&field, "15 C");
+    press(Qt::Key_Return);
+    ASSERT_EQ(window().undoStack().index(), 1);
+    press(Qt::Key_Tab);
+    ASSERT_NE(QApplication::focusWidget(), &field);
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(window().undoStack().index(), 0);
+    EXPECT_EQ(window().projects().project().m_init, before);
+    press(Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(window().undoStack().index(), 1);
+    // A view that is switched to by keys has them from then on.
+    window().showView(HygViewTable::Construction);
+    EXPECT_EQ(QApplication::focusWidget(), &find<QWidget>("constructionCanvas"));
 }
 
 TEST_F(HygMainWindowTest, OffersAtTheStartWhatACrashLeft) {
@@ -412,6 +531,12 @@ TEST_F(HygMainWindowTest, FindsCommandsAndHelp) {
     window().setProperty(HygHelpWindow::PAGE_PROPERTY, "packages");
     find<QAction>("actionHelp").trigger();
     EXPECT_EQ(find<HygHelpWindow>("helpWindow").currentPage(), "packages");
+    // No picture of a page is wider than the window.
+    window().showHelp("construction");
+    auto & text = find<QTextBrowser>("helpText");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return text.horizontalScrollBar()->maximum() < 40; }))
+        << text.horizontalScrollBar()->maximum();
+    EXPECT_GT(text.document()->size().height(), 2000) << "the pictures are there";
     window().showHelp("nonsense");
     EXPECT_EQ(find<HygHelpWindow>("helpWindow").currentPage(), "index");
 }

@@ -1,4 +1,5 @@
 #include "EditedProject.h"
+#include "FailingCalls.h"
 #include "document/HygProjectLock.h"
 #include "undo/HygModification.h"
 #include "undo/HygUndoDefinitions.h"
@@ -23,6 +24,10 @@ TEST_F(HygProjectHandlerTest, CreatesAProjectThatOpensAgain) {
     EXPECT_EQ(m_projects.project().m_projectInfo.m_projectName, "Südwand");
     EXPECT_FALSE(m_projects.project().m_projectInfo.m_created.empty());
     EXPECT_EQ(m_projects.project().m_disc.nx(), 1u);
+    EXPECT_THAT(KOR::readFile(file.toStdString(), 1 << 20),
+                testing::AllOf(HasSubstr("DefaultTemperature\" unit=\"C\">20<"),
+                               HasSubstr("DefaultRelativeHumidity\" unit=\"%\">80<"),
+                               HasSubstr("Duration\" unit=\"d\">365<")));
     HygProjectHandler other;
     ASSERT_TRUE(other.openProject(file));
     EXPECT_EQ(other.project(), m_projects.project());
@@ -282,7 +287,60 @@ TEST_F(HygProjectHandlerTest, NoticesWhenAnotherProgramChangesTheFile) {
     EXPECT_EQ(description(file), "anew");
 }
 
-// ---- a full disk
+// ---- calls that fail, and a full disk
+
+struct Saving {
+    const char * name;
+    bool (*run)(HygProjectHandler & projects, const QString & path);
+    bool isOfTheProject; ///< writes the project's own file
+};
+
+TEST_F(HygProjectHandlerTest, EachCallOfASaveThatFailsIsTold) {
+    const Saving ways[] = {
+        {"save",      [](HygProjectHandler & projects, const QString &) { return projects.save(); },          true },
+        {"save as",   [](HygProjectHandler & projects, const QString & to) { return projects.saveAs(to); },   false},
+        {"save copy", [](HygProjectHandler & projects, const QString & to) { return projects.saveCopy(to); }, false},
+    };
+    for (const Saving & way : ways) {
+        int refused = 0;
+        for (int failing = 1;; ++failing) {
+            SCOPED_TRACE(way.name + std::string(", call ") + std::to_string(failing));
+            ASSERT_LT(failing, 100);
+            const QString file = path("wall.h6p");
+            const QString target = way.isOfTheProject ? file : path("other.h6p");
+            QFile::remove(path("other.h6p"));
+            ASSERT_TRUE(m_projects.createProject(file));
+            change("old");
+            ASSERT_TRUE(m_projects.saveCopy(target) && m_projects.save());
+            change("new");
+            m_failed.clear();
+            FailingCalls::arm(failing);
+            const bool isSaved = way.run(m_projects, target);
+            const int calls = FailingCalls::disarm();
+            EXPECT_EQ(description(), "new");
+            if (isSaved) {
+                EXPECT_EQ(description(target), "new") << "told as saved";
+                EXPECT_EQ(m_failed.count(), 0);
+            } else {
+                ++refused;
+                EXPECT_THAT(lastFailure(), HasSubstr("Nothing is lost"));
+                EXPECT_THAT(lastFailure(), HasSubstr("Input/output error"));
+                EXPECT_THAT(description(target), testing::AnyOf("old", "new"));
+                EXPECT_EQ(m_projects.projectFile(), file);
+                EXPECT_TRUE(m_projects.isModified());
+                EXPECT_TRUE(way.run(m_projects, target)) << "the next time it works: " << lastFailure();
+                EXPECT_EQ(description(target), "new");
+            }
+            m_projects.closeProject();
+            ASSERT_TRUE(m_projects.openProject(target)); // clears what is left
+            EXPECT_TRUE(QDir(m_directory.path()).entryList(QDir::Files | QDir::Hidden).filter(".hyg-").isEmpty());
+            m_projects.closeProject();
+            if (calls < failing)
+                break;
+        }
+        EXPECT_GE(refused, 5) << way.name << ": open, write, fsync, fstat, rename";
+    }
+}
 
 TEST_F(HygProjectHandlerTest, AFullDiskKeepsTheOldFileAndTheWork) {
     QDir(m_directory.path()).mkdir("small");

@@ -16,9 +16,18 @@ HygChipButton::HygChipButton(QWidget * parent) : QAbstractButton(parent) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
-QSize HygChipButton::sizeHint() const {
+QSize HygChipButton::sizeHint(bool isCompact) const {
     const QFontMetrics metrics(font());
-    return {2 * SIDE + ICON + GAP + metrics.horizontalAdvance(text()), std::max(metrics.height(), ICON) + 8};
+    const int words = isCompact ? 0 : GAP + metrics.horizontalAdvance(text());
+    return {2 * SIDE + ICON + words, std::max(metrics.height(), ICON) + 8};
+}
+
+void HygChipButton::setCompact(bool isCompact) {
+    if (m_isCompact == isCompact)
+        return;
+    m_isCompact = isCompact;
+    updateGeometry();
+    update();
 }
 
 void HygChipButton::paintEvent(QPaintEvent *) {
@@ -37,6 +46,8 @@ void HygChipButton::paintEvent(QPaintEvent *) {
 
     painter.setOpacity(isChecked() ? 1.0 : 0.6);
     icon().paint(&painter, QRect(SIDE, (height() - ICON) / 2, ICON, ICON));
+    if (m_isCompact)
+        return;
     painter.setPen(text);
     painter.drawText(QRect(SIDE + ICON + GAP, 0, width(), height()), Qt::AlignLeft | Qt::AlignVCenter, this->text());
 }

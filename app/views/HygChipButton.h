@@ -8,10 +8,16 @@ class HygChipButton : public QAbstractButton {
 public:
     explicit HygChipButton(QWidget * parent = nullptr);
 
-    QSize sizeHint() const override;
+    /// Only the icon; the text stays its name for those who read the screen by ear.
+    void setCompact(bool isCompact);
+    QSize sizeHint() const override { return sizeHint(m_isCompact); }
+    QSize sizeHint(bool isCompact) const;
     QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
     void paintEvent(QPaintEvent * event) override;
     bool event(QEvent * event) override;
+
+private:
+    bool m_isCompact = false;
 };

@@ -23,22 +23,27 @@ HygMessageBar::HygMessageBar(QWidget * parent)
     m_text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     m_close->setAutoRaise(true);
     m_close->setIcon(HygIconEngine::icon(QStringLiteral("close")));
-    connect(m_close, &QToolButton::clicked, this, [this] {
-        m_text->clear();
-        hide();
-    });
+    connect(m_close, &QToolButton::clicked, this, &HygMessageBar::clear);
     updateIcon();
     retranslate();
     hide();
 }
 
 void HygMessageBar::showMessage(const QString & text) {
-    QStringList lines = m_text->text().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    if (lines.contains(text))
+    if (m_messages.contains(text))
         return;
-    m_text->setText((lines << text).join(QLatin1Char('\n')));
+    m_messages << text;
+    while (m_messages.size() > MAX_MESSAGES)
+        m_messages.removeFirst(); // the log has them all
+    m_text->setText(m_messages.join(QLatin1Char('\n')));
     m_text->setAccessibleName(m_text->text());
     show();
+}
+
+void HygMessageBar::clear() {
+    m_messages.clear();
+    m_text->clear();
+    hide();
 }
 
 QString HygMessageBar::text() const {
