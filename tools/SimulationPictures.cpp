@@ -13,6 +13,7 @@
 #include "undo/HygUndoSections.h"
 
 #include <KOR/Exception.h>
+#include <KOR/Time.h>
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -96,7 +97,7 @@ void drawSimulation(const Examples & examples, const QString & target, const QSt
         tabs->setCurrentIndex(tab);
         save(view, target + QStringLiteral("/simulation_") + QLatin1String(name) + suffix);
     }
-    HygSimulationRunRequestDialog question(true, false);
+    HygSimulationRunRequestDialog question(57.25 * KOR::SECONDS_PER_DAY, false);
     question.show();
     save(question, target + QStringLiteral("/simulation_question") + suffix);
 }

@@ -1374,6 +1374,19 @@ Doppelklick wählt eine andere Datei.</translation>
     </message>
 </context>
 <context>
+    <name>HygFormat</name>
+    <message>
+        <source>en</source>
+        <extracomment>two letters of the language, by which numbers and dates are written</extracomment>
+        <translation>de</translation>
+    </message>
+    <message>
+        <source>yyyy-MM-dd HH:mm</source>
+        <extracomment>pattern of a date with its time</extracomment>
+        <translation>dd.MM.yyyy HH:mm</translation>
+    </message>
+</context>
+<context>
     <name>HygGridRuler</name>
     <message numerus="yes">
         <source>%n cells</source>
@@ -5440,20 +5453,24 @@ Doppelklick wählt ein anderes Material.</translation>
         <translation>Die Datei enthält noch keinen vollständigen Datensatz.</translation>
     </message>
     <message>
-        <source>%1: %2 to %3 %4, mean %5</source>
-        <translation>%1: %2 bis %3 %4, Mittel %5</translation>
-    </message>
-    <message>
-        <source>, above %1: %2 %</source>
-        <translation>, über %1: %2 %</translation>
-    </message>
-    <message>
         <source>Not everything can be shown.</source>
         <translation>Nicht alles kann gezeigt werden.</translation>
     </message>
     <message>
         <source>%1 cannot be read to its end.</source>
         <translation>%1 kann nicht bis zum Ende gelesen werden.</translation>
+    </message>
+    <message>
+        <source>%1: %2 to %3, mean %4</source>
+        <translation>%1: %2 bis %3, Mittel %4</translation>
+    </message>
+    <message>
+        <source>, above %1 for %2 % of the time</source>
+        <translation>, über %1 in %2 % der Zeit</translation>
+    </message>
+    <message>
+        <source>, above %1 in %2 % of the extent</source>
+        <translation>, über %1 auf %2 % der Ausdehnung</translation>
     </message>
 </context>
 <context>
@@ -5697,10 +5714,6 @@ Doppelklick wählt ein anderes Material.</translation>
         <translation>senkrechter Schnitt</translation>
     </message>
     <message>
-        <source>Threshold</source>
-        <translation>Schwelle</translation>
-    </message>
-    <message>
         <source>Shows the results of any directory beside those of the project</source>
         <translation>Zeigt die Ergebnisse eines beliebigen Verzeichnisses neben denen des Projekts</translation>
     </message>
@@ -5775,6 +5788,26 @@ Doppelklick wählt ein anderes Material.</translation>
     <message>
         <source>Which plane of the construction is shown</source>
         <translation>Welche Ebene der Konstruktion gezeigt wird</translation>
+    </message>
+    <message>
+        <source>Choose a result file in the list.</source>
+        <translation>Wählen Sie links eine Ergebnisdatei.</translation>
+    </message>
+    <message>
+        <source>There are no results yet: the view Simulation calculates them.</source>
+        <translation>Es gibt noch keine Ergebnisse: Die Ansicht Simulation berechnet sie.</translation>
+    </message>
+    <message>
+        <source>Threshold:</source>
+        <translation>Schwelle:</translation>
+    </message>
+    <message>
+        <source>Threshold [%1]:</source>
+        <translation>Schwelle [%1]:</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>keine</translation>
     </message>
 </context>
 <context>
@@ -5899,6 +5932,10 @@ Doppelklick wählt ein anderes Material.</translation>
     <message>
         <source>The solver cannot calculate the project as it is.</source>
         <translation>So, wie das Projekt ist, kann es nicht berechnet werden.</translation>
+    </message>
+    <message>
+        <source>The solver ended with an error and could not write the end of its log.</source>
+        <translation>Der Löser endete mit einem Fehler und konnte sein Protokoll nicht zu Ende schreiben.</translation>
     </message>
 </context>
 <context>
@@ -6114,6 +6151,10 @@ Doppelklick wählt ein anderes Material.</translation>
         <source>What would stop or spoil the run</source>
         <translation>Was den Lauf verhindern oder verderben würde</translation>
     </message>
+    <message>
+        <source>The solver knows no module &apos;%1&apos;.</source>
+        <translation>Der Löser kennt kein Modul „%1“.</translation>
+    </message>
 </context>
 <context>
     <name>HygSimulationRunRequestDialog</name>
@@ -6152,6 +6193,10 @@ Doppelklick wählt ein anderes Material.</translation>
     <message>
         <source>Removes the files of all earlier runs, also those that the new run does not write again.</source>
         <translation>Entfernt die Dateien aller früheren Läufe, auch solche, die der neue Lauf nicht wieder schreibt.</translation>
+    </message>
+    <message>
+        <source>It goes on from %1 d; what lies behind is calculated anew.</source>
+        <translation>Es geht bei %1 d weiter; was danach liegt, wird neu gerechnet.</translation>
     </message>
 </context>
 <context>
@@ -6316,6 +6361,10 @@ Doppelklick wählt ein anderes Material.</translation>
         <source>What the solver has to say about this project&apos;s run.</source>
         <translation>Was der Löser zum Lauf dieses Projekts zu sagen hat.</translation>
     </message>
+    <message>
+        <source>Nothing can be written into the output directory &apos;%1&apos;. Are its rights and those of the disk as they should be?</source>
+        <translation>In das Ausgabeverzeichnis „%1“ kann nichts geschrieben werden. Sind seine Rechte und die des Datenträgers in Ordnung?</translation>
+    </message>
 </context>
 <context>
     <name>HygSimulationView</name>
@@ -6451,10 +6500,6 @@ Doppelklick wählt ein anderes Material.</translation>
         <translation>Simuliert: %1 von %2 d</translation>
     </message>
     <message>
-        <source>Speed: %1 d per s</source>
-        <translation>Tempo: %1 d je s</translation>
-    </message>
-    <message>
         <source>Ends in %1, at %2</source>
         <translation>Endet in %1, um %2</translation>
     </message>
@@ -6481,6 +6526,10 @@ Doppelklick wählt ein anderes Material.</translation>
     <message>
         <source>Closes the window; the results stay</source>
         <translation>Schließt das Fenster; die Ergebnisse bleiben</translation>
+    </message>
+    <message>
+        <source>Speed: %1 per s</source>
+        <translation>Tempo: %1 je s</translation>
     </message>
 </context>
 <context>

@@ -57,6 +57,10 @@ QString UnitScale::printed(const QString & unit) {
     return text;
 }
 
+QString printedUnit(const QString & unit) {
+    return UnitScale::printed(unit);
+}
+
 QString UnitScale::withUnit(const QString & title, const QString & unit) {
     const QString name = printed(unit);
     if (name.isEmpty())

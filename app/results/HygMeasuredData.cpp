@@ -33,20 +33,39 @@ std::optional<double> number(QString text, QChar separator) {
     return KOR::parseDouble(text.toStdString());
 }
 
-/// A date as seconds since the start of \p startYear; 29 February counts as the 28th.
-std::optional<double> date(const QString & text, int startYear) {
-    for (const char * pattern : {"yyyy-MM-dd hh:mm:ss", "yyyy-MM-dd hh:mm", "yyyy-MM-ddThh:mm:ss", "yyyy-MM-ddThh:mm",
-                                 "yyyy-MM-dd", "dd.MM.yyyy hh:mm:ss", "dd.MM.yyyy hh:mm", "dd.MM.yyyy"}) {
-        const QDateTime found = QDateTime::fromString(text.trimmed(), QLatin1String(pattern));
-        if (!found.isValid())
-            continue;
-        const QDate day = found.date();
-        KOR::Time time;
-        time.set(day.year(), day.month() - 1, (day.month() == 2 && day.day() == 29 ? 28 : day.day()) - 1,
-                 found.time().msecsSinceStartOfDay() / 1000.0);
-        return (day.year() - startYear) * KOR::SECONDS_PER_YEAR + time.m_seconds;
+/// Day and time of "2024-03-31 14:00" or "31.03.2024 14:00"; taken apart, since a time zone may know no such hour.
+std::optional<std::pair<QDate, QTime>> dateOf(const QString & text) {
+    const QStringList words = text.trimmed().replace('T', ' ').split(' ', Qt::SkipEmptyParts);
+    if (words.isEmpty() || words.size() > 2)
+        return std::nullopt;
+    QDate day = QDate::fromString(words[0], QStringLiteral("yyyy-MM-dd"));
+    if (!day.isValid())
+        day = QDate::fromString(words[0], QStringLiteral("dd.MM.yyyy"));
+    QTime time(0, 0);
+    if (words.size() == 2) {
+        time = QTime::fromString(words[1], QStringLiteral("hh:mm:ss"));
+        if (!time.isValid())
+            time = QTime::fromString(words[1], QStringLiteral("hh:mm"));
     }
-    return std::nullopt;
+    if (!day.isValid() || !time.isValid())
+        return std::nullopt;
+    return std::pair(day, time);
+}
+
+bool isLeapDay(const QString & text) {
+    const auto date = dateOf(text);
+    return date && date->first.month() == 2 && date->first.day() == 29;
+}
+
+/// A date as seconds since the start of \p startYear.
+std::optional<double> date(const QString & text, int startYear) {
+    const auto found = dateOf(text);
+    if (!found)
+        return std::nullopt;
+    const auto & [day, clock] = *found;
+    KOR::Time time;
+    time.set(day.year(), day.month() - 1, day.day() - 1, clock.msecsSinceStartOfDay() / 1000.0);
+    return (day.year() - startYear) * KOR::SECONDS_PER_YEAR + time.m_seconds;
 }
 
 /// Splits "Temperature [C]".
@@ -80,6 +99,8 @@ HygMeasuredData HygMeasuredData::read(const QString & path, int startYear) {
         const QStringList cells = line.split(separator);
         if (isFirst && cells.size() > MAX_COLUMNS)
             refuse(tr("Line %1 has more than %2 columns.").arg(lineNumber).arg(MAX_COLUMNS));
+        if (isLeapDay(cells[0]))
+            continue; // years have 365 days here
         std::optional<double> time = number(cells[0], separator);
         const bool isNumber = time.has_value();
         if (!isNumber)

@@ -19,7 +19,8 @@ public:
 
     /// Reads a table whose columns are separated by semicolons, tabs or commas. The first column is a time: a number in
     /// the unit of its heading (hours without one) or a date as "2024-03-31 14:00" or "31.03.2024 14:00". Numbers may
-    /// have a comma when it does not separate. Lines that begin with "#" are skipped.
+    /// have a comma when it does not separate. Lines that begin with "#" are skipped,
+    /// and those of 29 February, which years of 365 days do not have.
     /// \param startYear to which dates are related, in a calendar of 365 days
     /// Throws KOR::Exception ("[HygMeasuredData::read]") with the line.
     static HygMeasuredData read(const QString & path, int startYear);

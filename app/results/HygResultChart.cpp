@@ -1,15 +1,18 @@
 #include "HygResultChart.h"
 
 #include "HygCoreMessages.h"
+#include "HygFormat.h"
 #include "HygResultStatistics.h"
 
 #include <CCM/ReferenceYear.h>
 
 #include <KOR/Exception.h>
-#include <KOR/Numbers.h>
+#include <KOR/Time.h>
 #include <KOR/UnitList.h>
 
 #include <QBoxLayout>
+#include <QDir>
+#include <QEvent>
 #include <QFileInfo>
 #include <QPainter>
 #include <QPointer>
@@ -29,7 +32,7 @@ constexpr quint64 LOOK_FIRST = 32 << 20;  ///< [bytes] of larger ones a quick lo
 constexpr std::size_t RANGE_SAMPLES = 12; ///< records from which the range of a field is guessed
 constexpr QSize MIN_CHART(200, 100);
 constexpr double CUT_SHARE = 0.35;
-constexpr int DIGITS = 5;
+constexpr int SHARE_DIGITS = 4;
 constexpr double LIMIT_MARGIN = 1.03; ///< room for a limit that nothing comes near to
 
 double converted(KOR::Unit from, KOR::Unit to, double value) {
@@ -42,9 +45,6 @@ void convertAll(KOR::Unit from, KOR::Unit to, std::vector<double> & values) {
 }
 QString unitName(KOR::Unit unit) {
     return QString::fromStdString(unit.name());
-}
-QString number(double value) {
-    return QString::fromStdString(KOR::toString(value, DIGITS));
 }
 bool isTemperature(const HygResultFile & file) {
     return file.header().quantityKeyword == "Temperature";
@@ -72,6 +72,7 @@ HygResultChart::HygResultChart(QWidget * parent)
     m_splitter->setStretchFactor(1, 1);
     m_splitter->setChildrenCollapsible(false);
     m_cutChart->hide();
+    setLocale(HygFormat::locale());
     m_chart->setEqualScales(true); // fields look as they are
     auto * layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -86,8 +87,8 @@ void HygResultChart::setFiles(Files files) {
     if (files.size() > MAX_FILES)
         files.resize(MAX_FILES);
     m_files = std::move(files);
-    m_lowest = std::numeric_limits<double>::infinity();
-    m_highest = -m_lowest;
+    for (SCI::Range & seen : m_seen)
+        seen = HygResultFile::NOTHING_SEEN;
     m_timeIndex = 0;
     m_isNewView = true;
     rebuild();
@@ -161,7 +162,9 @@ void HygResultChart::rebuild() {
             chart->resetView();
     }
     if (m_files.empty()) {
-        m_chart->setTitle({});
+        m_chart->setTitle(m_emptyText);
+        for (const SCI::axis_t axis : {SCI::X_BOTTOM, SCI::Y_LEFT})
+            m_chart->setAxis(axis, {});
         emit shown();
         return;
     }
@@ -184,8 +187,32 @@ void HygResultChart::rebuild() {
     } catch (const KOR::Exception & ex) {
         complain(HygCoreMessages::told(tr("Not everything can be shown."), QString::fromUtf8(ex.what())));
     }
+    if (!m_hasValueRange)
+        applyRanges();
     showLimit();
     emit shown();
+}
+
+void HygResultChart::setEmptyText(const QString & text) {
+    m_emptyText = text;
+    if (m_files.empty())
+        m_chart->setTitle(text);
+}
+
+QString HygResultChart::timeText(double seconds, int startYear) {
+    const KOR::Time time(startYear + static_cast<int>(seconds / KOR::SECONDS_PER_YEAR),
+                         std::fmod(seconds, KOR::SECONDS_PER_YEAR));
+    return QStringLiteral("%1 d (%2)")
+        .arg(HygFormat::locale().toString(seconds / KOR::SECONDS_PER_DAY, 'f', 2),
+             QString::fromStdString(time.toString()).section(':', 0, 1));
+}
+
+void HygResultChart::changeEvent(QEvent * event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange) {
+        setLocale(HygFormat::locale());
+        rebuild();
+    }
 }
 
 void HygResultChart::showLimit() {
@@ -405,7 +432,7 @@ void HygResultChart::addLayers() {
         if (isOnLine)
             materials[cell[direction]] = geometry.material(element.materialId);
     }
-    bool isShaded = true;
+    bool isShaded = true; // every second one
     for (std::size_t first = 0; first < materials.size();) {
         std::size_t last = first;
         while (last + 1 < materials.size() && materials[last + 1] == materials[first])
@@ -485,7 +512,7 @@ void HygResultChart::addLimits() {
     const KOR::Unit shown = shownUnit();
     if (m_options.threshold && !isField())
         m_chart->addThreshold(SCI::Y_LEFT, converted(shown, m_leftUnit, *m_options.threshold),
-                              number(*m_options.threshold) + ' ' + unitName(shown));
+                              HygFormat::value(*m_options.threshold, unitName(shown)));
     if (!m_options.hasMouldLimit || isField())
         return;
     for (const auto & file : m_files) {
@@ -533,11 +560,12 @@ void HygResultChart::complain(const QString & problem) {
         m_problems << problem;
 }
 
-void HygResultChart::include(double value) {
+void HygResultChart::include(double value, bool isRight) {
     if (!std::isfinite(value))
         return;
-    m_lowest = std::min(m_lowest, value);
-    m_highest = std::max(m_highest, value);
+    SCI::Range & seen = m_seen[isRight ? 1 : 0];
+    seen.from = std::min(seen.from, value);
+    seen.to = std::max(seen.to, value);
 }
 
 void HygResultChart::sampleRange(HygResultFile & file) {
@@ -546,6 +574,62 @@ void HygResultChart::sampleRange(HygResultFile & file) {
         const std::size_t index = count <= RANGE_SAMPLES ? s : s * (count - 1) / (RANGE_SAMPLES - 1);
         for (const double value : file.values(index))
             include(m_field && m_field->plane.ofCell.empty() ? std::abs(value) : value);
+    }
+    for (std::size_t i = 0; i < m_drawn.size(); ++i)
+        requestRange(i);
+}
+
+void HygResultChart::requestRange(std::size_t index) {
+    const Drawn & drawn = m_drawn[index];
+    if (m_field && (drawn.file != m_files[0] || m_field->plane.ofCell.empty()))
+        return; // of arrows their amounts count, which the samples tell well enough
+    const QString path = drawn.file->path();
+    const QString humidity = drawn.humidity ? drawn.humidity->path() : QString();
+    const KOR::Unit unit = drawn.unit;
+    const bool isRight = unit != m_leftUnit;
+    const auto take = [this, isRight](const SCI::Range & range) {
+        include(range.from, isRight);
+        include(range.to, isRight);
+    };
+    if (static_cast<quint64>(QFileInfo(path).size()) <= READ_AT_ONCE)
+        return take(HygResultFile::readRange(path, humidity, unit, {}));
+    ++m_pending;
+    const QPointer<HygResultChart> self(this);
+    QThreadPool::globalInstance()->start([self, take, current = m_generation, generation = m_generation->load(), path,
+                                          humidity, unit] {
+        const SCI::Range range =
+            HygResultFile::readRange(path, humidity, unit, [&current, generation] { return *current != generation; });
+        QMetaObject::invokeMethod(QCoreApplication::instance(), [self, take, generation, range] {
+            if (self == nullptr || generation != *self->m_generation)
+                return;
+            --self->m_pending;
+            take(range);
+            self->applyRanges();
+            self->showLimit();
+            emit self->shown();
+        });
+    });
+}
+
+void HygResultChart::applyRanges() {
+    if (isOverTime())
+        return;
+    for (const bool isRight : {false, true}) {
+        const SCI::Range & seen = m_seen[isRight ? 1 : 0];
+        if (!(seen.from < seen.to))
+            continue;
+        const KOR::Unit own = isRight ? m_rightUnit : m_leftUnit;
+        const KOR::Unit shown = isRight ? m_rightUnit : shownUnit();
+        const double margin = m_field ? 0 : 0.04 * (seen.to - seen.from);
+        const double from = converted(own, shown, seen.from - margin);
+        const double to = converted(own, shown, seen.to + margin);
+        SCI::Range range{std::min(from, to), std::max(from, to)};
+        if (m_limit && !m_field && m_limit->first == (isRight ? SCI::Y_RIGHT : SCI::Y_LEFT))
+            range.to = std::max(range.to, LIMIT_MARGIN * m_limit->second);
+        m_chart->setRange(isRight || m_field ? SCI::Y_RIGHT : SCI::Y_LEFT, range);
+        m_hasValueRange = true;
+        if (m_cutLine)
+            m_cutChart->setRange(SCI::Y_LEFT, range);
     }
 }
 
@@ -569,7 +653,8 @@ void HygResultChart::showTime() {
     const double wanted = m_wantedTime.value_or(0);
     m_timeIndex = m_files[0]->indexAt(wanted);
     const double time = m_files[0]->time(m_timeIndex);
-    const double lowest = m_lowest, highest = m_highest;
+    const SCI::Range before[] = {m_seen[0], m_seen[1]};
+    m_chart->setTitle(timeText(time, m_files[0]->header().startYear));
     if (m_field) {
         m_field->setValues(m_files[0]->values(m_timeIndex));
         for (const double value : m_field->values)
@@ -591,27 +676,16 @@ void HygResultChart::showTime() {
             } else {
                 convertAll(drawn.file->valueUnit(), drawn.unit, drawn.line->ys);
             }
-            if (drawn.unit == m_leftUnit)
-                for (const double value : drawn.line->ys)
-                    include(value);
+            for (const double value : drawn.line->ys)
+                include(value, drawn.unit != m_leftUnit);
         }
     }
     for (const Drawn & drawn : m_drawn)
         m_chart->dataChanged(drawn.id);
     // The same scale at all times, so that playback shows what changes.
-    if (m_lowest < m_highest && (m_lowest != lowest || m_highest != highest || !m_hasValueRange)) {
-        m_hasValueRange = true;
-        const KOR::Unit shown = shownUnit();
-        const double margin = m_field ? 0 : 0.04 * (m_highest - m_lowest);
-        const double from = converted(m_leftUnit, shown, m_lowest - margin);
-        const double to = converted(m_leftUnit, shown, m_highest + margin);
-        double top = std::max(from, to);
-        if (!m_field && m_limit && m_limit->first == SCI::Y_LEFT)
-            top = std::max(top, LIMIT_MARGIN * m_limit->second);
-        m_chart->setRange(m_field ? SCI::Y_RIGHT : SCI::Y_LEFT, {std::min(from, to), top});
-        if (m_cutLine)
-            m_cutChart->setRange(SCI::Y_LEFT, {std::min(from, to), std::max(from, to)});
-    }
+    for (int i = 0; i < 2; ++i)
+        if (m_seen[i].from != before[i].from || m_seen[i].to != before[i].to)
+            return applyRanges();
 }
 
 void HygResultChart::showCut() {
@@ -682,11 +756,13 @@ QString HygResultChart::statistics() const {
         if (s.count == 0)
             continue;
         const KOR::Unit unit = drawn.unit == m_leftUnit ? shown : drawn.unit;
-        const auto value = [&](double v) { return number(converted(drawn.unit, unit, v)); };
-        QString line = tr("%1: %2 to %3 %4, mean %5")
-                           .arg(drawn.file->name(), value(s.minimum), value(s.maximum), unitName(unit), value(s.mean));
+        const auto value = [&](double v) { return HygFormat::value(converted(drawn.unit, unit, v), unitName(unit)); };
+        QString line =
+            tr("%1: %2 to %3, mean %4").arg(drawn.file->name(), value(s.minimum), value(s.maximum), value(s.mean));
         if (threshold && s.weight > 0 && drawn.unit == m_leftUnit)
-            line += tr(", above %1: %2 %").arg(number(*m_options.threshold), number(100 * s.above / s.weight));
+            line += (isOverTime() ? tr(", above %1 for %2 % of the time") : tr(", above %1 in %2 % of the extent"))
+                        .arg(HygFormat::value(*m_options.threshold, unitName(shown)),
+                             HygFormat::number(100 * s.above / s.weight, SHARE_DIGITS));
         lines << line;
     }
     return lines.join('\n');

@@ -66,12 +66,19 @@ public:
     std::size_t timeIndex() const { return m_timeIndex; }
 
     QString statistics() const;
+    /// What stands in place of a chart while there are no files.
+    void setEmptyText(const QString & text);
+    /// "60.00 d (02.03.2000 00:00)"
+    static QString timeText(double seconds, int startYear);
     /// What could not be shown, one a line; empty if all is well.
     QString problems() const { return m_problems.join('\n'); }
     SCI::Chart & chart() { return *m_chart; }
     SCI::Chart & cutChart() { return *m_cutChart; }
     /// The chart and, if there is one, the cut below it.
     QImage image(const QSize & size, double scale = 1) const;
+
+protected:
+    void changeEvent(QEvent * event) override;
 
 signals:
     /// Something new is drawn: statistics and problems may be others.
@@ -108,8 +115,12 @@ private:
     void showCut();
     std::shared_ptr<HygResultFile> humidityOf(const HygResultFile & temperature) const;
     void complain(const QString & problem);
-    void include(double value);
+    /// \param isRight of the right axis
+    void include(double value, bool isRight = false);
     void sampleRange(HygResultFile & file);
+    /// Looks through all records for the range of the values, for the same scale at all times.
+    void requestRange(std::size_t drawn);
+    void applyRanges();
     KOR::Unit shownUnit() const;
 
     SCI::Chart * m_chart;
@@ -129,7 +140,8 @@ private:
     KOR::Unit m_leftUnit, m_rightUnit;
     std::size_t m_timeIndex = 0;
     std::optional<double> m_wantedTime; ///< [s]
-    double m_lowest = 0, m_highest = 0; ///< seen so far, of the first file's values
+    SCI::Range m_seen[2];               ///< values seen so far on the left and the right axis, in their units
+    QString m_emptyText;
     /// Answers to earlier questions are dropped. The readers look at it too, whatever has become of the chart.
     std::shared_ptr<std::atomic<int>> m_generation = std::make_shared<std::atomic<int>>(0);
     int m_pending = 0;

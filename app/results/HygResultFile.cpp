@@ -1,5 +1,7 @@
 #include "HygResultFile.h"
 
+#include <CCM/ReferenceYear.h>
+
 #include <KOR/Exception.h>
 #include <KOR/UnitList.h>
 
@@ -16,6 +18,11 @@ constexpr std::size_t CHUNK = (4 << 20);  ///< [bytes] that are read at once
 constexpr quint64 SMALL_FILE = 4 << 20;   ///< [bytes]
 constexpr std::size_t WIDE_RECORD = 4096; ///< [bytes]
 constexpr const char * WHERE = "[HygResultFile]";
+
+double converted(KOR::Unit from, KOR::Unit to, double value) {
+    KOR::UnitList::instance().convert(from, to, value);
+    return value;
+}
 
 double secondsPer(const std::string & unit) {
     double value = 1;
@@ -238,4 +245,44 @@ HygResultFile::Series HygResultFile::readSeries(const QString & path, std::size_
         series.problem = QString::fromUtf8(ex.what());
     }
     return series;
+}
+
+SCI::Range HygResultFile::readRange(const QString & path, const QString & humidity, KOR::Unit unit,
+                                    const std::function<bool()> & isStopped) {
+    SCI::Range range = NOTHING_SEEN;
+    try {
+        DATAIO::DataIO data, second;
+        data.openAndReadHeader(path.toStdString());
+        if (!humidity.isEmpty())
+            second.openAndReadHeader(humidity.toStdString());
+        const KOR::Unit own(data.header().valueUnit), celsius("C"), part("%");
+        const KOR::Unit phiUnit(humidity.isEmpty() ? "%" : second.header().valueUnit);
+        const std::size_t width = 1 + data.header().valueCount();
+        const std::size_t perChunk = std::max<std::size_t>(1, CHUNK / (width * sizeof(double)));
+        const auto take = [&range](double value) {
+            if (!std::isfinite(value))
+                return;
+            range.from = std::min(range.from, value);
+            range.to = std::max(range.to, value);
+        };
+        for (std::size_t first = 0; first < data.timeCount() && !(isStopped && isStopped()); first += perChunk) {
+            const std::vector<double> chunk = data.records(first, perChunk);
+            const std::vector<double> phi = humidity.isEmpty() ? chunk : second.records(first, perChunk);
+            for (std::size_t i = 0; i < std::min(chunk.size(), phi.size()); ++i) {
+                if (i % width == 0)
+                    continue; // a time
+                if (humidity.isEmpty())
+                    take(chunk[i]);
+                else
+                    take(CCM::dewPoint(converted(own, celsius, chunk[i]), converted(phiUnit, part, phi[i])));
+            }
+        }
+        if (range.from <= range.to) {
+            const KOR::Unit from = humidity.isEmpty() ? own : celsius;
+            const double a = converted(from, unit, range.from), b = converted(from, unit, range.to);
+            range = {std::min(a, b), std::max(a, b)};
+        }
+    } catch (const KOR::Exception &) { // told when it is drawn
+    }
+    return range;
 }

@@ -2,6 +2,8 @@
 
 #include <DATAIO/Geometry.h>
 
+#include <SCI/Axis.h>
+
 #include <KOR/Unit.h>
 
 #include <QCoreApplication>
@@ -9,6 +11,7 @@
 
 #include <array>
 #include <functional>
+#include <limits>
 #include <list>
 #include <memory>
 #include <vector>
@@ -73,6 +76,14 @@ public:
     /// \param isStopped asked now and then
     static Series readSeries(const QString & path, std::size_t valueIndex, bool sample,
                              const std::function<bool()> & isStopped = {});
+
+    /// Of a range of values nothing is known yet.
+    static constexpr SCI::Range NOTHING_SEEN{std::numeric_limits<double>::infinity(),
+                                             -std::numeric_limits<double>::infinity()};
+    /// Lowest and highest value of all records in a unit; of temperatures with a file of humidities that of the dew
+    /// points. Reads in parts; for any thread. What cannot be read is left out.
+    static SCI::Range readRange(const QString & path, const QString & humidity, KOR::Unit unit,
+                                const std::function<bool()> & isStopped = {});
 
 private:
     void findGeometry();

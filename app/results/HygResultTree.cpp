@@ -6,6 +6,7 @@
 
 #include <DATAIO/DataIO.h>
 #include <QtExt/Palette.h>
+#include <SCI/Axis.h>
 
 #include <KOR/Exception.h>
 
@@ -42,7 +43,11 @@ const Description & describe(const QFileInfo & file) {
     try {
         DATAIO::DataIO data;
         HygResultFile::open(data, file.filePath());
-        description.text = QString::fromStdString(data.header().quantity + " [" + data.header().valueUnit + ']');
+        const DATAIO::DataHeader & header = data.header();
+        const QString unit = SCI::printedUnit(QString::fromStdString(header.valueUnit));
+        description.text = QString::fromStdString(header.quantityKeyword) +
+                           (unit.isEmpty() ? QString() : QStringLiteral(" [%1]").arg(unit)) +
+                           (header.valueCount() > 1 ? QStringLiteral(" × %1").arg(header.valueCount()) : QString());
         description.story.clear();
     } catch (const KOR::Exception & ex) {
         description.story =
@@ -69,6 +74,11 @@ HygResultTree::HygResultTree(QWidget * parent) : QTreeWidget(parent) {
     // A click on the line shows this file alone, the box adds it to the others.
     connect(this, &QTreeWidget::itemActivated, this,
             [this](const QTreeWidgetItem * item) { choose({item->data(0, PATH).toString()}); });
+    connect(this, &QTreeWidget::itemPressed, this, [this] { m_chosenBefore = m_chosen; });
+    connect(this, &QTreeWidget::itemClicked, this, [this](const QTreeWidgetItem * item) {
+        if (m_chosen == m_chosenBefore) // it was not the box
+            choose({item->data(0, PATH).toString()});
+    });
     connect(this, &QTreeWidget::currentItemChanged, this, [this](const QTreeWidgetItem * item) {
         if (item != nullptr && !m_isFilling && m_chosen.size() <= 1 && !item->data(0, PATH).toString().isEmpty())
             choose({item->data(0, PATH).toString()});
@@ -174,6 +184,13 @@ void HygResultTree::refresh() {
         m_chosen.erase(gone, m_chosen.end());
         emit chosenChanged();
     }
+}
+
+bool HygResultTree::hasFiles() const {
+    for (QTreeWidgetItemIterator item(const_cast<HygResultTree *>(this)); *item != nullptr; ++item)
+        if ((*item)->flags().testFlag(Qt::ItemIsUserCheckable))
+            return true;
+    return false;
 }
 
 void HygResultTree::setChosen(QTreeWidgetItem * item, bool isChosen) {

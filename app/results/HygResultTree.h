@@ -21,6 +21,8 @@ public:
     /// Paths of the files that are chosen, in the order of choosing.
     QStringList chosen() const { return m_chosen; }
     void choose(const QStringList & paths);
+    /// Whether there is any file to be chosen.
+    bool hasFiles() const;
     /// Of the selected line: the directory that was added; empty for the project and its files.
     QString currentFurtherDirectory() const;
 
@@ -39,5 +41,6 @@ private:
     QString m_project;
     QStringList m_further;
     QStringList m_chosen;
+    QStringList m_chosenBefore; ///< when the mouse was pressed
     bool m_isFilling = false;
 };

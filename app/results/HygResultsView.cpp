@@ -9,9 +9,10 @@
 #include "materials/HygMaterialNotice.h"
 #include "simulation/HygOutputDirectory.h"
 
+#include <SCI/Axis.h>
+
 #include <KOR/Exception.h>
 #include <KOR/Numbers.h>
-#include <KOR/Time.h>
 #include <KOR/UnitList.h>
 
 #include <QBoxLayout>
@@ -26,6 +27,7 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QProgressDialog>
+#include <QSignalBlocker>
 #include <QSlider>
 #include <QSpinBox>
 #include <QSplitter>
@@ -41,6 +43,7 @@ using Options = HygResultChart::Options;
 constexpr int FOLLOW_MS = 1000;
 constexpr int CUT_STEPS = 1000;
 constexpr double MM = 1000;
+constexpr int THRESHOLD_DIGITS = 6;
 constexpr int MAX_FRAMES = 2000;
 constexpr QSize FRAME_SIZE{960, 640};
 constexpr QSize PICTURE_SIZE{1200, 800};
@@ -79,8 +82,9 @@ HygResultsView::HygResultsView(HygProjectHandler * projects)
       m_layouts(new QToolButton(this)), m_mode(new QComboBox(this)), m_unit(new QComboBox(this)),
       m_place(new QSpinBox(this)), m_placeText(new QLabel(this)), m_normal(new QComboBox(this)),
       m_plane(new QSlider(Qt::Horizontal, this)), m_planeText(new QLabel(this)), m_cut(new QComboBox(this)),
-      m_cutPlace(new QSlider(Qt::Horizontal, this)), m_threshold(new QLineEdit(this)), m_statistics(new QLabel(this)),
-      m_problems(new QLabel(this)), m_materials(new HygMaterialNotice(*projects, this)), m_timer(new QTimer(this)) {
+      m_cutPlace(new QSlider(Qt::Horizontal, this)), m_thresholdLabel(new QLabel(this)),
+      m_threshold(new QLineEdit(this)), m_statistics(new QLabel(this)), m_problems(new QLabel(this)),
+      m_materials(new HygMaterialNotice(*projects, this)), m_timer(new QTimer(this)) {
     setObjectName(QStringLiteral("HygResultsView"));
     auto * right = new QWidget(this);
     auto * column = new QVBoxLayout(right);
@@ -203,7 +207,7 @@ QWidget * HygResultsView::makeOptions() {
     m_problems->hide();
     m_placeText->setForegroundRole(QPalette::PlaceholderText);
 
-    for (QWidget * widget : std::initializer_list<QWidget *>{m_mode, m_unit, m_threshold})
+    for (QWidget * widget : std::initializer_list<QWidget *>{m_mode, m_unit, m_thresholdLabel, m_threshold})
         first->addWidget(widget);
     for (const FlagRow & row : FLAGS) {
         auto * flag = new QCheckBox(this);
@@ -254,7 +258,13 @@ void HygResultsView::openProject(const QString & projectFile) {
     openChosen();
 }
 
+void HygResultsView::showEmptyText() {
+    m_chart->setEmptyText(m_tree->hasFiles() ? tr("Choose a result file in the list.")
+                                             : tr("There are no results yet: the view Simulation calculates them."));
+}
+
 void HygResultsView::openChosen() {
+    showEmptyText();
     HygResultChart::Files files;
     QStringList failures;
     for (const QString & path : m_tree->chosen()) {
@@ -274,8 +284,12 @@ void HygResultsView::openChosen() {
     }
     m_chart->setFiles(std::move(files));
     fillUnits();
+    adaptThreshold();
     updateOffers();
+    const bool wasShown = m_timeBar->count() > 1;
     m_timeBar->setCount(m_chart->timeCount());
+    if (!wasShown) // at first the end, at which something has happened
+        m_timeBar->setIndex(m_timeBar->count() - 1);
     showTime(m_timeBar->index());
     if (!failures.isEmpty()) {
         m_problems->setText(failures.join('\n'));
@@ -298,11 +312,37 @@ void HygResultsView::fillUnits() {
     m_isShowing = false;
 }
 
+void HygResultsView::adaptThreshold() {
+    const QString unit = m_unit->currentText();
+    const auto value = KOR::parseDouble(m_threshold->text().replace(',', '.').toStdString());
+    if (value && !m_thresholdUnit.isEmpty() && !unit.isEmpty() && unit != m_thresholdUnit) {
+        const QSignalBlocker blocker(m_threshold);
+        HygResultChart::Options options = m_chart->options();
+        const KOR::Unit before(m_thresholdUnit.toStdString()), now(unit.toStdString());
+        if (before.base() == now.base()) {
+            double converted = *value;
+            KOR::UnitList::instance().convert(before, now, converted);
+            m_threshold->setText(QString::fromStdString(KOR::toString(converted, THRESHOLD_DIGITS)));
+            options.threshold = converted;
+        } else { // it belongs to another quantity
+            m_threshold->clear();
+            options.threshold.reset();
+        }
+        options.unit = unit;
+        m_chart->setOptions(options);
+    }
+    if (!unit.isEmpty())
+        m_thresholdUnit = unit;
+    const QString printed = SCI::printedUnit(unit);
+    m_thresholdLabel->setText(printed.isEmpty() ? tr("Threshold:") : tr("Threshold [%1]:").arg(printed));
+}
+
 void HygResultsView::takeOptions() {
     if (m_isShowing)
         return;
     Options options = m_chart->options();
     options.isOverTime = m_mode->currentIndex() == 1;
+    adaptThreshold();
     options.unit = m_unit->currentText();
     options.place = static_cast<std::size_t>(std::max(1, m_place->value()) - 1);
     options.normal = m_normal->currentIndex();
@@ -379,11 +419,7 @@ void HygResultsView::showTime(std::size_t index) {
         return m_timeBar->setText({});
     const double seconds = m_chart->time(index);
     m_chart->setTime(seconds);
-    const KOR::Time time(m_chart->files()[0]->header().startYear + static_cast<int>(seconds / KOR::SECONDS_PER_YEAR),
-                         std::fmod(seconds, KOR::SECONDS_PER_YEAR));
-    m_timeBar->setText(QStringLiteral("%1 d  (%2)")
-                           .arg(seconds / KOR::SECONDS_PER_DAY, 0, 'f', 2)
-                           .arg(QString::fromStdString(time.toString()).section(':', 0, 1)));
+    m_timeBar->setText(HygResultChart::timeText(seconds, m_chart->files()[0]->header().startYear));
 }
 
 void HygResultsView::follow() {
@@ -391,6 +427,7 @@ void HygResultsView::follow() {
     if (changed != m_folderChanged) {
         m_folderChanged = changed;
         m_tree->refresh();
+        showEmptyText();
     }
     const bool wasLast = m_timeBar->index() + 1 >= m_timeBar->count();
     if (!m_chart->refresh())
@@ -505,7 +542,9 @@ void HygResultsView::apply(const HygResultLayout & layout) {
     QStringList paths;
     for (const QString & file : layout.files)
         paths << HygResultLayout::resolved(file, m_outputDirectory);
+    m_thresholdUnit = layout.options.unit;
     m_chart->setOptions(layout.options);
+    showOptions();
     m_tree->choose(paths);
     showOptions();
     updateOffers();
@@ -600,7 +639,10 @@ void HygResultsView::retranslate() {
     m_cut->setItemText(HygResultChart::AlongY, tr("vertical cut"));
     for (int direction = 0; direction < m_normal->count(); ++direction)
         m_normal->setItemText(direction, tr("plane across %1").arg(QChar('x' + direction)));
-    m_threshold->setPlaceholderText(tr("Threshold"));
+    m_thresholdLabel->setBuddy(m_threshold);
+    m_threshold->setPlaceholderText(tr("none"));
+    showEmptyText();
+    adaptThreshold();
     const TextRow rows[] = {
         {m_addFolder,    tr("Shows the results of any directory beside those of the project")                 },
         {m_addProject,   tr("Shows the results of another project for comparison")                            },

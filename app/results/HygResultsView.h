@@ -54,6 +54,9 @@ private:
     void openProject(const QString & projectFile);
     void openChosen();
     void takeOptions();
+    /// The threshold in the unit that is shown now; of another quantity there is none.
+    void adaptThreshold();
+    void showEmptyText();
     void showOptions();
     void updateOffers();
     void showTime(std::size_t index);
@@ -85,7 +88,9 @@ private:
     QLabel * m_planeText;
     QComboBox * m_cut;
     QSlider * m_cutPlace;
+    QLabel * m_thresholdLabel;
     QLineEdit * m_threshold;
+    QString m_thresholdUnit; ///< in which the threshold is given
     std::vector<QCheckBox *> m_flags;
     QLabel * m_statistics;
     QLabel * m_problems;

@@ -8,8 +8,11 @@
 #include <KOR/FileIO.h>
 #include <KOR/MessageHandler.h>
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <vector>
 
@@ -47,6 +50,18 @@ bool HygOutputDirectory::hasResults() const {
 
 bool HygOutputDirectory::canContinue() const {
     return QFileInfo(restartFile()).isFile();
+}
+
+bool HygOutputDirectory::isWritable() const {
+    const auto isOpen = [](const QString & path) {
+        return ::faccessat(AT_FDCWD, path.toLocal8Bit().constData(), W_OK | X_OK, AT_EACCESS) == 0;
+    };
+    if (!exists())
+        return isOpen(QFileInfo(m_path).path());
+    return isOpen(m_path) && std::all_of(std::begin(PARTS), std::end(PARTS), [&](const char * part) {
+               const QString path = m_path + '/' + QLatin1String(part);
+               return !QFileInfo::exists(path) || isOpen(path);
+           });
 }
 
 bool HygOutputDirectory::clearResults() const {

@@ -24,6 +24,8 @@ public:
     bool exists() const;
     bool hasResults() const;
     bool canContinue() const;
+    /// Whether the solver can write there, or make the directory.
+    bool isWritable() const;
     /// Removes "results" with all it holds. False if something of it stays.
     bool clearResults() const;
 

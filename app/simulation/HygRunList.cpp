@@ -1,5 +1,6 @@
 #include "HygRunList.h"
 
+#include "HygFormat.h"
 #include "HygIconEngine.h"
 
 #include <QtExt/Palette.h>
@@ -13,7 +14,6 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QLocale>
 
 namespace {
 
@@ -44,7 +44,7 @@ constexpr const char * COLUMNS[] = {
 static_assert(std::size(COLUMNS) == HygRunList::NUM_COLUMNS, "column table and enumeration disagree");
 
 QString days(double seconds) {
-    return QString::number(seconds / KOR::SECONDS_PER_DAY, 'f', 1) + " d";
+    return HygFormat::locale().toString(seconds / KOR::SECONDS_PER_DAY, 'f', 1) + " d";
 }
 
 } // namespace
@@ -183,15 +183,14 @@ QVariant HygRunList::data(const QModelIndex & index, int role) const {
             return tr("stopping");
         return hangs ? tr("running, no step for %1 s").arg(run->idleSeconds(), 0, 'f', 0) : stateText(run->state());
     case Progress:
-        return QString::number(progress.percent, 'f', 1) + " %";
+        return HygFormat::locale().toString(progress.percent, 'f', 1) + " %";
     case Simulated:
         return days(progress.time);
     case Speed:
-        return progress.speed > 0 ? tr("%1 per s").arg(days(progress.speed)) : QString();
+        return progress.speed > 0 ? tr("%1 per s").arg(HygFormat::duration(progress.speed)) : QString();
     default:
         return run->state() == HygRunMonitor::Running && progress.speed > 0
-                   ? QLocale().toString(QDateTime::currentDateTime().addSecs(static_cast<qint64>(progress.left)),
-                                        QLocale::ShortFormat)
+                   ? HygFormat::dateTime(QDateTime::currentDateTime().addSecs(static_cast<qint64>(progress.left)))
                    : QString();
     }
 }

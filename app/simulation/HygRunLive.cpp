@@ -162,6 +162,7 @@ void HygRunLive::openFiles() {
         title->setAlignment(Qt::AlignCenter);
         title->setVisible(wanted.size() > 1);
         auto * chart = new HygResultChart(widget);
+        chart->setObjectName(QStringLiteral("liveChart"));
         chart->setAccessibleName(nameOf(path));
         column->addWidget(title);
         column->addWidget(chart, 1);

@@ -68,6 +68,8 @@ void HygRunMonitor::poll() {
     emit changed();
     if (!isActive()) {
         m_timer->stop();
+        if (!m_run.outputFile.isEmpty())
+            QFile::remove(m_run.outputFile);
         emit ended();
     }
 }
@@ -127,8 +129,27 @@ void HygRunMonitor::readEnd() {
         return;
     }
     m_state = Lost;
+    if (const QString errors = lastErrors(); !errors.isEmpty()) {
+        m_problem =
+            HygCoreMessages::told(tr("The solver ended with an error and could not write the end of its log."), errors);
+        return;
+    }
     m_problem = tr("The solver ended without a word: it crashed, was ended from outside, or the machine was switched "
                    "off. If there is a restart file, the run can be continued.");
+}
+
+QString HygRunMonitor::lastErrors() const {
+    constexpr int MAX_LINES = 5;
+    QStringList errors;
+    const QString log = m_directory.screenLog();
+    for (const QString & path : {isNew(log) ? log : QString(), m_run.outputFile}) {
+        if (path.isEmpty() || !errors.isEmpty())
+            continue;
+        for (const QByteArray & line : tail(path).split('\n')) // "[Error   ] [Class::function]\tmessage"
+            if (line.contains("[Error"))
+                errors << QString::fromUtf8(line.mid(line.indexOf('\t') + 1)).trimmed();
+    }
+    return errors.mid(std::max(0, errors.size() - MAX_LINES)).join('\n');
 }
 
 void HygRunMonitor::pause() {

@@ -18,7 +18,8 @@ public:
         QString directory; ///< output directory
         QDateTime started; ///< what is older there belongs to earlier runs
         bool isTest = false;
-        qint64 process = 0; ///< as the system named it at the start; 0: unknown
+        qint64 process = 0;      ///< as the system named it at the start; 0: unknown
+        QString outputFile = {}; ///< what it writes on the screen, removed at its end; may be empty
     };
     struct Progress {
         double time = 0;     ///< simulated [s]
@@ -65,6 +66,8 @@ private:
     /// Whether a file was written by this run and no earlier one.
     bool isNew(const QString & path) const;
     void readEnd();
+    /// The last errors that the solver told, in its log or on the screen.
+    QString lastErrors() const;
 
     Run m_run;
     HygOutputDirectory m_directory;

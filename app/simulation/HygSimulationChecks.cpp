@@ -135,6 +135,16 @@ void checkInit(const Project & project, std::vector<Finding> & findings) {
         findings.push_back({Finding::ERROR, QStringLiteral("Init"),
                             HygSimulationChecks::tr("The simulation has no end: give a duration or an end."),
                             QStringLiteral("Duration")});
+    const std::pair<const std::vector<HYGRION::Init::Module> *, QLatin1String> lists[] = {
+        {&project.m_init.m_fluxModules,   QLatin1String("FluxModules")  },
+        {&project.m_init.m_sourceModules, QLatin1String("SourceModules")},
+    };
+    for (const auto & [modules, field] : lists)
+        for (const HYGRION::Init::Module & module : *modules)
+            findings.push_back(
+                {Finding::ERROR, QStringLiteral("Init"),
+                 HygSimulationChecks::tr("The solver knows no module '%1'.").arg(QString::fromStdString(module.m_name)),
+                 field});
 }
 
 } // namespace
@@ -188,9 +198,12 @@ std::vector<Finding> HygSimulationChecks::check(const Project & project, const s
     } catch (const std::exception & ex) {
         findings.push_back({Finding::ERROR, {}, QString::fromUtf8(ex.what())});
     }
-    // A missing file of a material or of the climate is a warning of the project's check; it is named better above.
-    std::erase_if(findings, [](const Finding & found) {
-        return found.place.isEmpty() && found.message.startsWith(QLatin1String("File '"));
+    // A missing file of a material or of the climate is a warning of the project's check; it is named better above. In a
+    // detail what is left without material is air.
+    const bool isStack = project.m_disc.ny() <= 1 && project.m_disc.nz() <= 1;
+    std::erase_if(findings, [isStack](const Finding & found) {
+        return (found.place.isEmpty() && found.message.startsWith(QLatin1String("File '"))) ||
+               (!isStack && found.message.endsWith(QLatin1String(" cells have no material.")));
     });
     std::stable_sort(findings.begin(), findings.end(),
                      [](const Finding & a, const Finding & b) { return a.severity < b.severity; });

@@ -1,6 +1,9 @@
 #include "HygSimulationRunRequestDialog.h"
 
+#include "HygFormat.h"
 #include "HygIconEngine.h"
+
+#include <KOR/Time.h>
 
 #include <QBoxLayout>
 #include <QCheckBox>
@@ -9,7 +12,12 @@
 #include <QLabel>
 #include <QPushButton>
 
-HygSimulationRunRequestDialog::HygSimulationRunRequestDialog(bool canContinue, bool clear, QWidget * parent)
+namespace {
+constexpr int INDENT = 36; ///< [px], below the text of a button
+} // namespace
+
+HygSimulationRunRequestDialog::HygSimulationRunRequestDialog(std::optional<double> restartTime, bool clear,
+                                                             QWidget * parent)
     : QDialog(parent), m_clear(new QCheckBox(tr("Clear result directory before starting simulation"), this)) {
     setObjectName(QStringLiteral("HygSimulationRunRequestDialog"));
     setWindowTitle(tr("Start simulation"));
@@ -26,8 +34,8 @@ HygSimulationRunRequestDialog::HygSimulationRunRequestDialog(bool canContinue, b
         new QCommandLinkButton(tr("Continue"), tr("Continue simulation from last output time point."), this);
     resume->setObjectName(QStringLiteral("pushButtonContinue"));
     resume->setIcon(HygIconEngine::icon(QStringLiteral("results")));
-    resume->setEnabled(canContinue);
-    if (!canContinue)
+    resume->setEnabled(restartTime.has_value());
+    if (!restartTime)
         resume->setToolTip(tr("The run that wrote these files left no restart file."));
     m_clear->setObjectName(QStringLiteral("checkBoxClear"));
     m_clear->setToolTip(tr("Removes the files of all earlier runs, also those that the new run does not write again."));
@@ -35,11 +43,19 @@ HygSimulationRunRequestDialog::HygSimulationRunRequestDialog(bool canContinue, b
 
     layout->addWidget(start);
     auto * indented = new QHBoxLayout;
-    constexpr int INDENT = 36; // below the text of the button
     indented->setContentsMargins(INDENT, 0, 0, 8);
     indented->addWidget(m_clear);
     layout->addLayout(indented);
     layout->addWidget(resume);
+    auto * since = new QLabel(this);
+    since->setObjectName(QStringLiteral("restartTime"));
+    since->setContentsMargins(INDENT, 0, 0, 8);
+    if (restartTime)
+        since->setText(tr("It goes on from %1 d; what lies behind is calculated anew.")
+                           .arg(HygFormat::number(*restartTime / KOR::SECONDS_PER_DAY)));
+    else
+        since->setText(resume->toolTip());
+    layout->addWidget(since);
     auto * buttons = new QDialogButtonBox(QDialogButtonBox::Cancel, this);
     layout->addWidget(buttons);
 
@@ -53,7 +69,7 @@ HygSimulationRunRequestDialog::HygSimulationRunRequestDialog(bool canContinue, b
     });
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     layout->setSizeConstraint(QLayout::SetFixedSize);
-    (canContinue ? resume : start)->setFocus();
+    (restartTime ? resume : start)->setFocus();
 }
 
 HygSimulationRunRequestDialog::answer_t HygSimulationRunRequestDialog::ask() {

@@ -2,6 +2,8 @@
 
 #include <QDialog>
 
+#include <optional>
+
 class QCheckBox;
 
 /// Asks what is to become of the results that a project has already.
@@ -10,9 +12,9 @@ class HygSimulationRunRequestDialog : public QDialog {
 public:
     enum answer_t { Cancel, FromBegin, Continue };
 
-    /// \param canContinue whether there is a restart file
+    /// \param restartTime from which the run can be continued [s]; nothing when it cannot
     /// \param clear whether the check box is set at first
-    HygSimulationRunRequestDialog(bool canContinue, bool clear, QWidget * parent = nullptr);
+    HygSimulationRunRequestDialog(std::optional<double> restartTime, bool clear, QWidget * parent = nullptr);
 
     /// Shows the dialog and waits for the answer.
     answer_t ask();

@@ -9,6 +9,7 @@
 
 #include <QtExt/Palette.h>
 #include <QtExt/ValueEdit.h>
+#include <SOLVER/RestartFile.h>
 
 #include <QBoxLayout>
 #include <QCheckBox>
@@ -25,6 +26,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTemporaryFile>
 
 namespace {
 
@@ -37,6 +39,24 @@ constexpr const char * VERBOSITY[] = {
 constexpr const char * CLASSICAL_SOLVER = "/HygrionSolver.exe";
 constexpr const char * MODERN_SOLVER = "/HygrionSolverUI.exe";
 constexpr int COMMAND_LINES = 4; ///< shown at once
+
+/// Simulated time [s] from which a run can be continued; nothing when it cannot.
+std::optional<double> restartTime(const HygOutputDirectory & directory) {
+    if (!directory.canContinue())
+        return std::nullopt;
+    try {
+        return SOLVER::RestartFile::read(directory.restartFile().toStdString()).time;
+    } catch (const KOR::Exception &) {
+        return std::nullopt;
+    }
+}
+
+/// A file for what a solver writes on the screen.
+QString newOutputFile() {
+    QTemporaryFile file(QDir::tempPath() + QStringLiteral("/hygrion_solver_XXXXXX.txt"));
+    file.setAutoRemove(false);
+    return file.open() ? file.fileName() : QString();
+}
 
 } // namespace
 
@@ -104,6 +124,12 @@ void HygSimulationStartWidget::setUpControls() {
         button->setAutoDefault(true);
 
     auto * box = new QVBoxLayout(m_group);
+    auto * buttons = new QHBoxLayout; // first, so that they are in view in every window
+    buttons->addWidget(m_start, 1);
+    buttons->addWidget(m_test, 1);
+    box->addLayout(buttons);
+    box->addWidget(m_showScreenLog);
+    box->addSpacing(6);
     box->addWidget(m_classicalSolver);
     box->addWidget(m_modernSolver);
     box->addSpacing(6);
@@ -126,11 +152,6 @@ void HygSimulationStartWidget::setUpControls() {
     box->addSpacing(6);
     box->addWidget(m_commandLineLabel);
     box->addWidget(m_commandLine);
-    auto * buttons = new QHBoxLayout;
-    buttons->addWidget(m_start, 1);
-    buttons->addWidget(m_test, 1);
-    box->addLayout(buttons);
-    box->addWidget(m_showScreenLog);
     auto * layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_group);
@@ -190,9 +211,14 @@ bool HygSimulationStartWidget::prepareResults(mode_t & mode) {
                          "or stop it.")
                           .arg(directory.path())
                           .arg(owner));
+    if (!directory.isWritable())
+        return refuse(
+            tr("Nothing can be written into the output directory '%1'. Are its rights and those of the disk as they "
+               "should be?")
+                .arg(directory.path()));
     if (mode == Continue || !directory.hasResults())
         return true;
-    HygSimulationRunRequestDialog dialog(directory.canContinue(), m_settings.m_clearResultDirBeforeStart, this);
+    HygSimulationRunRequestDialog dialog(restartTime(directory), m_settings.m_clearResultDirBeforeStart, this);
     const auto answer = dialog.ask();
     if (answer == HygSimulationRunRequestDialog::Cancel)
         return false;
@@ -224,8 +250,11 @@ bool HygSimulationStartWidget::start(mode_t mode) {
 
     const QString directory = HygOutputDirectory::ofProject(project).path();
     emit aboutToStart(directory, mode);
-    const qint64 process = HygSolverProcess::start(m_solverExecutable, m_options + QStringList(project));
-    emit started(directory, mode, process);
+    const QString outputFile = newOutputFile();
+    const qint64 process = HygSolverProcess::start(m_solverExecutable, m_options + QStringList(project), outputFile);
+    emit started(directory, mode, process, outputFile);
+    if (process == 0)
+        QFile::remove(outputFile);
     if (process == 0)
         QMessageBox::critical(this, tr("Error running solver"),
                               tr("Could not start solver executable '%1'.").arg(m_solverExecutable));

@@ -48,7 +48,8 @@ signals:
     /// Just before the solver starts.
     void aboutToStart(const QString & outputDirectory, int mode);
     /// \param process its number; 0: it could not be started
-    void started(const QString & outputDirectory, int mode, qint64 process);
+    /// \param outputFile what the solver writes on the screen
+    void started(const QString & outputDirectory, int mode, qint64 process, const QString & outputFile);
     void screenLogRequested(const QString & path);
 
 protected:

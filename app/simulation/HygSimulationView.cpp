@@ -105,8 +105,14 @@ HygSimulationView::HygSimulationView(HygProjectHandler * projects)
         m_live->setVisible(isShown);
     });
     connect(m_runs, &HygRunList::runEnded, this, &HygSimulationView::finish);
-    connect(projects, &HygProjectHandler::projectFileChanged, m_runs, &HygRunList::attach);
-    m_runs->attach(projects->projectFile());
+    const auto attach = [this](const QString & projectFile) {
+        m_runs->attach(projectFile);
+        if (!projectFile.isEmpty())
+            if (const int row = m_runs->rowOf(HygOutputDirectory::ofProject(projectFile).path()); row >= 0)
+                m_panel->select(row); // the last run of this project, so that it can be looked at
+    };
+    connect(projects, &HygProjectHandler::projectFileChanged, this, attach);
+    attach(projects->projectFile());
     retranslate();
 }
 
@@ -130,7 +136,7 @@ void HygSimulationView::prepare(const QString & directory, int mode) {
         m_beforeTest.emplace(HygOutputDirectory(directory));
 }
 
-void HygSimulationView::follow(const QString & directory, int mode, qint64 process) {
+void HygSimulationView::follow(const QString & directory, int mode, qint64 process, const QString & outputFile) {
     const bool isTest = mode == HygSimulationStartWidget::TestInit;
     if (process == 0) {
         m_beforeTest.reset();
@@ -138,7 +144,7 @@ void HygSimulationView::follow(const QString & directory, int mode, qint64 proce
     }
     if (isTest)
         m_testProcess = process;
-    m_panel->select(m_runs->add({m_projects.projectFile(), directory, m_launched, isTest, process}));
+    m_panel->select(m_runs->add({m_projects.projectFile(), directory, m_launched, isTest, process, outputFile}));
 }
 
 void HygSimulationView::finish(HygRunMonitor * run) {

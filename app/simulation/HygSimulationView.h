@@ -44,7 +44,7 @@ private:
     void retranslate();
     void goTo(const QString & place, const QString & setting);
     void prepare(const QString & directory, int mode);
-    void follow(const QString & directory, int mode, qint64 process);
+    void follow(const QString & directory, int mode, qint64 process, const QString & outputFile);
     void finish(HygRunMonitor * run);
     HygScreenLogView & log();
     void showLog();

@@ -37,12 +37,12 @@ void lowerPriority(qint64 process) {
 
 } // namespace
 
-qint64 start(const QString & program, const QStringList & arguments) {
+qint64 start(const QString & program, const QStringList & arguments, const QString & outputFile) {
     QProcess process;
     process.setProgram(program);
     process.setArguments(arguments);
     process.setStandardInputFile(QProcess::nullDevice());
-    process.setStandardOutputFile(QProcess::nullDevice());
+    process.setStandardOutputFile(outputFile.isEmpty() ? QProcess::nullDevice() : outputFile);
     process.setStandardErrorFile(QProcess::nullDevice());
     qint64 number = 0;
     if (!process.startDetached(&number))

@@ -5,9 +5,10 @@
 /// The solver as a process of its own, which goes on when the editor closes.
 namespace HygSolverProcess {
 
-/// Starts a program with below-normal priority and does not wait for it. Its output goes nowhere: it keeps a log.
+/// Starts a program with below-normal priority and does not wait for it. It keeps a log.
+/// \param outputFile takes what it writes on the screen, for the case that it cannot keep its log; may be empty
 /// \return its process number, 0 if it could not be started
-qint64 start(const QString & program, const QStringList & arguments);
+qint64 start(const QString & program, const QStringList & arguments, const QString & outputFile = {});
 
 /// Whether the process is there and not only waiting to be collected.
 bool isAlive(qint64 process);

@@ -1,6 +1,7 @@
 #include "HygSolverWindow.h"
 
 #include "HygCoreMessages.h"
+#include "HygFormat.h"
 #include "simulation/HygOutputDirectory.h"
 #include "simulation/HygRunLive.h"
 #include "simulation/HygRunMonitor.h"
@@ -15,7 +16,6 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLabel>
-#include <QLocale>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QSplitter>
@@ -55,7 +55,7 @@ constexpr int LAST_STEP = std::size(COUNTERS);
 constexpr int LIMIT = LAST_STEP + 1;
 
 QString duration(double seconds) {
-    return QString::fromStdString(KOR::formatDuration(seconds)).trimmed();
+    return HygFormat::duration(seconds);
 }
 
 } // namespace
@@ -190,11 +190,10 @@ void HygSolverWindow::showState() {
     if (done > 0 && isRunning()) {
         const double span = state.progress.endTime - state.progress.startTime;
         const double left = (1 - share) / done * wall;
-        text += '\n' + tr("Speed: %1 d per s").arg(done * span / wall / KOR::SECONDS_PER_DAY, 0, 'g', 3);
+        text += '\n' + tr("Speed: %1 per s").arg(duration(done * span / wall));
         text += '\n' + tr("Ends in %1, at %2")
                            .arg(duration(left),
-                                QLocale().toString(QDateTime::currentDateTime().addSecs(static_cast<qint64>(left)),
-                                                   QLocale::ShortFormat));
+                                HygFormat::dateTime(QDateTime::currentDateTime().addSecs(static_cast<qint64>(left))));
     }
     if (m_stop && isRunning())
         text += '\n' + tr("The solver is asked to end…");

@@ -193,16 +193,17 @@ TEST_F(HygResultsTest, MeasuredTablesOfManyKinds) {
     };
     constexpr double H = 3600, D = 86400;
     const Row rows[] = {
-        {"Time [h];Inside [C]\n0;20\n1;21\n",                       {0, H},              20,   "C", nullptr                    },
-        {"Time [d];Inside [C]\n0,5;20,5\n1;21\n",                   {D / 2, D},          20.5, "C", nullptr                    },
-        {"# logger 7\n2,5\n3,6\n",                                  {2 * H, 3 * H},      5,    "",  nullptr                    },
-        {"Date\tT [C]\n2000-03-01 12:00\t7\n2001-01-01 00:00\t8\n", {59.5 * D, 365 * D}, 7,    "C", nullptr                    },
-        {"Datum;T\n01.01.2000 01:00;1\n01.01.2000 02:00;\n",        {H, 2 * H},          1,    "",  nullptr                    },
-        {"Time [h];T [C]\n1;20\n0;21\n",                            {},                  0,    "",  "Line 3: time goes back"   },
-        {"Time [h];T [C]\n1;20\nsoon;21\n",                         {},                  0,    "",  "Line 3: 'soon' is no time"},
-        {"Time [h];T [C]\n",                                        {},                  0,    "",  "no values"                },
-        {"1\n2\n",                                                  {},                  0,    "",  "one column"               },
-        {"Time [light years];T\n1;2\n",                             {},                  0,    "",  "light years"              },
+        {"Time [h];Inside [C]\n0;20\n1;21\n",                                    {0, H},               20,   "C", nullptr                    },
+        {"Time [d];Inside [C]\n0,5;20,5\n1;21\n",                                {D / 2, D},           20.5, "C", nullptr                    },
+        {"# logger 7\n2,5\n3,6\n",                                               {2 * H, 3 * H},       5,    "",  nullptr                    },
+        {"Date\tT [C]\n2000-03-01 12:00\t7\n2001-01-01 00:00\t8\n",              {59.5 * D, 365 * D},  7,    "C", nullptr                    },
+        {"Datum;T\n01.01.2000 01:00;1\n01.01.2000 02:00;\n",                     {H, 2 * H},           1,    "",  nullptr                    },
+        {"Date;T\n28.02.2000 23:00;1\n29.02.2000 12:00;9\n2000-03-01 00:00;2\n", {59 * D - H, 59 * D}, 1,    "",  nullptr                    },
+        {"Time [h];T [C]\n1;20\n0;21\n",                                         {},                   0,    "",  "Line 3: time goes back"   },
+        {"Time [h];T [C]\n1;20\nsoon;21\n",                                      {},                   0,    "",  "Line 3: 'soon' is no time"},
+        {"Time [h];T [C]\n",                                                     {},                   0,    "",  "no values"                },
+        {"1\n2\n",                                                               {},                   0,    "",  "one column"               },
+        {"Time [light years];T\n1;2\n",                                          {},                   0,    "",  "light years"              },
     };
     for (const Row & row : rows) {
         SCOPED_TRACE(row.text);
@@ -270,17 +271,17 @@ TEST_F(HygResultsTest, PlanesOfAVolumeAreChosen) {
     const QLabel & figures = *view.findChild<QLabel *>("statistics");
     EXPECT_FALSE(across.isHidden());
     EXPECT_EQ(across.currentIndex(), 2);
-    EXPECT_THAT(figures.text().toStdString(), HasSubstr("0 to 12 C"));
+    EXPECT_THAT(figures.text().toStdString(), HasSubstr("0.2 °C to 12.2 °C"));
     plane.setValue(3);
     EXPECT_EQ(view.findChild<QLabel *>("planeText")->text(), "z = 350 mm");
     view.timeBar().setIndex(1);
-    EXPECT_THAT(figures.text().toStdString(), HasSubstr("300.1 to 312.1 C"));
+    EXPECT_THAT(figures.text().toStdString(), HasSubstr("300.1 °C to 312.1 °C"));
     across.setCurrentIndex(1); // of two planes only
     EXPECT_EQ(plane.maximum(), 1);
-    EXPECT_THAT(figures.text().toStdString(), HasSubstr("10.1 to 312.1 C"));
+    EXPECT_THAT(figures.text().toStdString(), HasSubstr("10.1 °C to 312.1 °C"));
     across.setCurrentIndex(0);
     plane.setValue(2);
-    EXPECT_THAT(figures.text().toStdString(), HasSubstr("2.1 to 312.1 C"));
+    EXPECT_THAT(figures.text().toStdString(), HasSubstr("2.1 °C to 312.1 °C"));
     EXPECT_EQ(HygResultLayout::fromJson(view.layoutOf("Plane").toJson()).options, view.chart().options());
     view.tree().choose({writeField()});
     EXPECT_TRUE(across.isHidden());
@@ -295,12 +296,12 @@ TEST_F(HygResultsTest, ViewShowsProfilesCoursesAndTheirFigures) {
     EXPECT_FALSE(view.chart().isOverTime());
     view.timeBar().setIndex(5);
     // Widths 10, 20, 30, 40 mm: the mean is weighted by them.
-    EXPECT_THAT(figures.text().toStdString(), HasSubstr("15 to 15.3 C, mean 15.2"));
+    EXPECT_THAT(figures.text().toStdString(), HasSubstr("15 °C to 15.3 °C, mean 15.2 °C"));
     view.findChild<QComboBox *>("unit")->setCurrentText("K");
-    EXPECT_THAT(figures.text().toStdString(), HasSubstr("288.15 to 288.45 K"));
+    EXPECT_THAT(figures.text().toStdString(), HasSubstr("288.15 K to 288.45 K"));
     view.findChild<QComboBox *>("unit")->setCurrentText("C");
     view.findChild<QLineEdit *>("threshold")->setText("15,15");
-    EXPECT_THAT(figures.text().toStdString(), HasSubstr("above 15.15: 70 %"));
+    EXPECT_THAT(figures.text().toStdString(), HasSubstr("above 15.15 °C in 70 % of the extent"));
 
     view.findChild<QCheckBox *>("dewPoint")->click();
     EXPECT_THAT(view.chart().chart().csv(), HasSubstr("Dew point of Temperature"));
@@ -314,12 +315,86 @@ TEST_F(HygResultsTest, ViewShowsProfilesCoursesAndTheirFigures) {
     view.findChild<QComboBox *>("chartMode")->setCurrentIndex(1);
     view.findChild<QSpinBox *>("place")->setValue(4);
     EXPECT_TRUE(view.chart().isComplete());
-    EXPECT_THAT(figures.text().toStdString(), HasSubstr("Temperature: 10.3 to 19.3 C"));
+    EXPECT_THAT(figures.text().toStdString(), HasSubstr("Temperature: 10.3 °C to 19.3 °C"));
     EXPECT_EQ(view.findChild<QLabel *>("placeText")->text(), "x = 80 mm, Wool");
     KOR::writeFile(results("measured.csv").toStdString(), "Time [h];Sensor [K];Wind [m/s]\n0;283.15;1\n5;290.15;2\n");
     view.loadMeasured(results("measured.csv"));
     EXPECT_THAT(view.chart().chart().csv(), HasSubstr("Sensor (measured)"));
     EXPECT_THAT(view.chart().problems().toStdString(), HasSubstr("'Wind' has the unit 'm/s'"));
+}
+
+TEST_F(HygResultsTest, AThresholdBelongsToItsQuantity) {
+    const QString temperature = writeProfile("Temperature.h6b", "Temperature", "C", 10);
+    const QString humidity = writeProfile("Humidity.h6b", "RelativeHumidity", "%", 60);
+    HygResultsView view(&m_projects);
+    view.tree().choose({temperature});
+    auto & unit = *view.findChild<QComboBox *>("unit");
+    auto & threshold = *view.findChild<QLineEdit *>("threshold");
+    const QLabel & figures = *view.findChild<QLabel *>("statistics");
+    view.timeBar().setIndex(5);
+    threshold.setText("15.15");
+    unit.setCurrentText("K");
+    EXPECT_EQ(threshold.text(), "288.3");
+    EXPECT_THAT(figures.text().toStdString(), HasSubstr("above 288.3 K in 70 % of the extent"));
+    unit.setCurrentText("C");
+    EXPECT_EQ(threshold.text(), "15.15");
+    view.tree().choose({humidity});
+    EXPECT_EQ(threshold.text(), "");
+    EXPECT_FALSE(view.chart().options().threshold);
+}
+
+TEST_F(HygResultsTest, TheScaleIsTheSameAtAllTimes) {
+    const QString temperature = writeProfile("Temperature.h6b", "Temperature", "C", 10);
+    const QString humidity = writeProfile("Humidity.h6b", "RelativeHumidity", "%", 60);
+    const QString field = writeField();
+    HygResultsView view(&m_projects);
+    SCI::Chart & chart = view.chart().chart();
+    for (const QStringList & files : {
+             QStringList{temperature, humidity},
+             QStringList{field          }
+    }) {
+        view.tree().choose(files);
+        view.findChild<QCheckBox *>("dewPoint")->setChecked(files.size() > 1);
+        const SCI::axis_t axes[] = {SCI::Y_LEFT, SCI::Y_RIGHT};
+        std::vector<std::pair<double, double>> seen;
+        for (const std::size_t index : {9u, 0u, 5u}) {
+            view.timeBar().setIndex(index);
+            for (const SCI::axis_t axis : axes)
+                seen.emplace_back(chart.range(axis).from, chart.range(axis).to);
+            EXPECT_EQ(seen.back(), seen[1]);
+            EXPECT_EQ(seen[seen.size() - 2], seen[0]);
+        }
+        // All values lie within: 10 to 19.3 °C, 60 to 69.3 %; 0 to 14 °C.
+        EXPECT_LE(seen[1].first, files.size() > 1 ? 60 : 0);
+        EXPECT_GE(seen[1].second, files.size() > 1 ? 69.3 : 14);
+        EXPECT_THAT(chart.title().toStdString(), HasSubstr("0.21 d"));
+    }
+}
+
+TEST_F(HygResultsTest, AClickShowsOneFileABoxAddsIt) {
+    const QString temperature = writeProfile("Temperature.h6b", "Temperature", "C", 10);
+    const QString humidity = writeProfile("Humidity.h6b", "RelativeHumidity", "%", 60);
+    HygResultsView view(&m_projects);
+    HygResultTree & tree = view.tree();
+    tree.refresh();
+    EXPECT_EQ(view.chart().chart().title(), "Choose a result file in the list.");
+    view.resize(900, 500);
+    view.show();
+    QTreeWidgetItem * rows[] = {tree.topLevelItem(0)->child(0), tree.topLevelItem(0)->child(1)};
+    const auto click = [&](const QTreeWidgetItem * item) {
+        const QRect place = tree.visualItemRect(item);
+        QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, QPoint(place.left() + 60, place.center().y()));
+    };
+    click(rows[0]);
+    EXPECT_EQ(tree.chosen(), QStringList(humidity));
+    rows[1]->setCheckState(0, Qt::Checked);
+    EXPECT_EQ(tree.chosen(), QStringList({humidity, temperature}));
+    click(rows[1]); // one alone again
+    EXPECT_EQ(tree.chosen(), QStringList(temperature));
+    rows[1]->setCheckState(0, Qt::Unchecked);
+    EXPECT_TRUE(tree.chosen().isEmpty());
+    click(rows[1]); // which is the current one already
+    EXPECT_EQ(tree.chosen(), QStringList(temperature));
 }
 
 TEST_F(HygResultsTest, ViewShowsFieldsWithACut) {

@@ -217,6 +217,25 @@ TEST_F(HygSimulationRunTest, RunsAreRememberedAndReadAgain) {
     EXPECT_EQ(HygRunList(store).rowCount(), 0);
 }
 
+TEST_F(HygSimulationRunTest, WhatASolverSaidBeforeItWasLostIsTold) {
+    const QString screen = m_directory.filePath("screen.txt"), log = m_directory.filePath("wall/log/screenlog.txt");
+    const std::string lines =
+        "Hygrion solver\n[Error   ] [DataWriter::flush]\tCannot write result file 'T.h6b': No space left on "
+        "device\n[Error   ] [Simulation::step]\tThe run ended.\n";
+    QDir().mkpath(m_directory.filePath("wall/log"));
+    for (const QString & path : {screen, log}) {
+        KOR::writeFile(path.toStdString(), lines);
+        HygRunMonitor run(
+            {"wall.h6p", m_directory.filePath("wall"), QDateTime::currentDateTime().addSecs(-60), false, 0, screen});
+        run.poll();
+        EXPECT_EQ(run.state(), State::Lost);
+        EXPECT_EQ(run.problem().toStdString(),
+                  "The solver ended with an error and could not write the end of its log.\nCannot write result file "
+                  "'T.h6b': No space left on device\nThe run ended.");
+        EXPECT_FALSE(QFileInfo::exists(screen)); // of no use any more
+    }
+}
+
 TEST_F(HygSimulationRunTest, ProgressIsTheLastCompleteLine) {
     const QString path = m_directory.filePath("progress.txt");
     HygRunMonitor::Progress progress;
@@ -295,6 +314,7 @@ TEST_F(HygSimulationRunTest, AClickOnACheckLeadsToTheFieldOfTheSetting) {
     using P = HYGRION::SolverSettings::para_t;
     const Row rows[] = {
         {[](auto & i) { i.m_climateDataFilePath = KOR::Path("x.epw"); },              "ClimateDataFilePath", 1},
+        {[](auto & i) { i.m_sourceModules.emplace_back().m_name = "Geysir"; },        "SourceModules",       1},
         {[](auto & i) { i.m_interval.m_para.clear(); },                               "Duration",            1},
         {[](auto & i) { i.m_solverSettings.m_para.set(P::RelTol, -1, "---"); },       "RelTol",              2},
         {[](auto & i) { i.m_solverSettings.m_para.set(P::MaxKrylovDim, -5, "---"); }, "MaxKrylovDim",        3},

@@ -6,6 +6,7 @@
 #include "simulation/HygSolverProcess.h"
 
 #include <QtExt/ValueEdit.h>
+#include <SOLVER/RestartFile.h>
 
 #include <KOR/FileIO.h>
 #include <KOR/MessageHandler.h>
@@ -16,6 +17,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPlainTextEdit>
@@ -28,8 +30,8 @@
 
 #include <gmock/gmock.h>
 
-#include <sys/fsuid.h>
 #include <sys/resource.h>
+#include <unistd.h>
 
 #include <filesystem>
 
@@ -92,6 +94,7 @@ protected:
             auto * dialog = qobject_cast<HygSimulationRunRequestDialog *>(QApplication::activeModalWidget());
             if (dialog == nullptr)
                 return;
+            EXPECT_TRUE(dialog->findChild<QLabel *>("restartTime")->text().contains("1.5 d"));
             dialog->findChild<QCheckBox *>("checkBoxClear")->setChecked(clear);
             if (auto * chosen = dialog->findChild<QPushButton *>(QLatin1String(button)))
                 chosen->click();
@@ -224,7 +227,10 @@ TEST_F(HygSimulationStartTest, AsksWhatBecomesOfResults) {
     };
     makeSolver();
     makeFile("Süd wand/results/Temperature.h6b");
-    makeFile("Süd wand/var/restart.h6r");
+    QDir().mkpath(outputDirectory() + "/var");
+    SOLVER::RestartFile restart;
+    restart.time = 1.5 * 86400;
+    restart.write((outputDirectory() + "/var/restart.h6r").toStdString());
     for (const Row & row : rows) {
         SCOPED_TRACE(row.button);
         QFile::remove(m_directory.filePath("bin/HygrionSolver.exe.args"));
@@ -239,11 +245,16 @@ TEST_F(HygSimulationStartTest, AsksWhatBecomesOfResults) {
 
 TEST_F(HygSimulationStartTest, ResultsThatCannotBeRemovedAreTold) {
     makeSolver();
-    makeFile("Süd wand/results/Temperature.h6b");
+    makeFile("Süd wand/results/kept/Temperature.h6b");
     namespace fs = std::filesystem;
-    const fs::path results = (outputDirectory() + "/results").toStdString();
-    fs::permissions(m_directory.path().toStdString(), fs::perms(0777));
-    fs::permissions(results, fs::perms(0555));
+    const fs::path kept = (outputDirectory() + "/results/kept").toStdString();
+    // The rights of directories do not count for root.
+    for (const QString & path : {m_directory.path(), outputDirectory(), outputDirectory() + "/results"})
+        fs::permissions(path.toStdString(), fs::perms(0777));
+    fs::permissions(kept, fs::perms(0555));
+    constexpr uid_t NOBODY = 65534;
+    const uid_t user = geteuid();
+    const bool isRoot = seteuid(NOBODY) == 0;
     QStringList seen;
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, [&seen] {
@@ -257,15 +268,25 @@ TEST_F(HygSimulationStartTest, ResultsThatCannotBeRemovedAreTold) {
         }
     });
     timer.start(20);
-    constexpr uid_t NOBODY = 65534;
-    const auto user = static_cast<uid_t>(setfsuid(NOBODY)); // the rights of directories do not count for root
     EXPECT_FALSE(m_widget.start(HygSimulationStartWidget::Normal));
-    setfsuid(user);
-    fs::permissions(results, fs::perms(0755));
+    if (isRoot) {
+        ASSERT_EQ(seteuid(user), 0);
+    }
+    fs::permissions(kept, fs::perms(0755));
     EXPECT_EQ(seen, QStringList({"Solver error", "Cannot remove result directory '" + outputDirectory() +
                                                      "/results', maybe files are still being used?"}));
     EXPECT_EQ(m_started.count(), 0);
-    EXPECT_TRUE(QFileInfo::exists(outputDirectory() + "/results/Temperature.h6b"));
+    EXPECT_TRUE(QFileInfo::exists(outputDirectory() + "/results/kept/Temperature.h6b"));
+
+    // Neither does a run begin that could not write.
+    timer.stop();
+    fs::permissions(outputDirectory().toStdString(), fs::perms(0555));
+    ASSERT_TRUE(!isRoot || seteuid(NOBODY) == 0);
+    EXPECT_EQ(messageOf(HygSimulationStartWidget::Continue),
+              QStringList({"Solver error", "Nothing can be written into the output directory '" + outputDirectory() +
+                                               "'. Are its rights and those of the disk as they should be?"}));
+    ASSERT_TRUE(!isRoot || seteuid(user) == 0);
+    fs::permissions(outputDirectory().toStdString(), fs::perms(0755));
 }
 
 TEST_F(HygSimulationStartTest, WhatALinkLeadsToIsNeverRemoved) {

@@ -144,9 +144,7 @@ private:
             showResults();
             if (m_options.disablePeriodicRestart)
                 continue;
-            const bool isDue = isPerOutput ? m_simulation->outputCount() > outputs
-                                           : std::chrono::steady_clock::now() - m_lastRestart >=
-                                                 std::chrono::duration<double>(m_options.restartPeriod);
+            const bool isDue = isPerOutput ? m_simulation->outputCount() > outputs : isRestartDue();
             if (isDue)
                 writeCheckpoint();
             outputs = m_simulation->outputCount();
@@ -202,6 +200,14 @@ private:
         m_lastShown = std::chrono::steady_clock::now();
     }
 
+    /// At first more often than the period, so that who loses a run after a minute does not lose the minute.
+    bool isRestartDue() const {
+        constexpr double SOON = 5; ///< [s]
+        const auto now = std::chrono::steady_clock::now();
+        const auto seconds = [now](auto since) { return std::chrono::duration<double>(now - since).count(); };
+        return seconds(m_lastRestart) >= std::min(m_options.restartPeriod, std::max(SOON, seconds(m_begin) / 3));
+    }
+
     /// The last state itself, at an end from which nobody goes on as if nothing had happened.
     void writeRestart() { m_simulation->restartState().write(m_directory.restartFile()); }
 
@@ -223,7 +229,7 @@ private:
     const std::function<void(const Simulation &)> & m_observe;
     std::unique_ptr<Simulation> m_simulation;
     double m_writtenTime = std::numeric_limits<double>::quiet_NaN(); ///< of the checkpoint in the file [s]
-    std::chrono::steady_clock::time_point m_lastRestart, m_lastShown;
+    std::chrono::steady_clock::time_point m_begin = std::chrono::steady_clock::now(), m_lastRestart, m_lastShown;
 };
 
 } // namespace

@@ -26,6 +26,9 @@ struct Axis {
     const QString & unit() const { return shownUnit.isEmpty() ? dataUnit : shownUnit; }
 };
 
+/// The name of a KOR unit as readers know it: "C" is "°C", "m2" is "m²"; empty for numbers without one.
+QString printedUnit(const QString & unit);
+
 /// From one number to another, in the shown unit of an axis.
 struct Range {
     double from = 0;

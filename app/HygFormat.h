@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QDateTime>
+#include <QLocale>
+#include <QString>
+
+/// Numbers and times as they are read in the language of the program, whatever the system is set to.
+namespace HygFormat {
+
+/// Of the language, without separators of groups.
+QLocale locale();
+QString number(double value, int digits = 5);
+/// "18.5 °C"; \param unit name of a KOR unit
+QString value(double value, const QString & unit, int digits = 5);
+/// Date and time to the minute.
+QString dateTime(const QDateTime & time);
+/// "3 h 20 min"
+QString duration(double seconds);
+
+} // namespace HygFormat
