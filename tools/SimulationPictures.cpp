@@ -21,6 +21,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QProcess>
 #include <QTabWidget>
 #include <QTemporaryDir>
@@ -80,6 +81,14 @@ QString resultOf(const QString & project, const char * name) {
     return project.chopped(4) + "/results/" + QLatin1String(name) + ".h6b";
 }
 
+/// The pictures hold no path of this computer.
+void hidePaths(HygSimulationView & view, const Examples & examples) {
+    auto * line = view.findChild<QPlainTextEdit *>(QStringLiteral("commandLine"));
+    line->setPlainText(line->toPlainText()
+                           .replace(QCoreApplication::applicationDirPath(), QStringLiteral("/opt/hygrion"))
+                           .replace(examples.folder.path(), QStringLiteral("/home/anna/projects")));
+}
+
 void drawSimulation(const Examples & examples, const QString & target, const QString & suffix) {
     HygProjectHandler projects;
     HygSimulationView view(&projects);
@@ -89,6 +98,7 @@ void drawSimulation(const Examples & examples, const QString & target, const QSt
     view.runs().at(0)->poll();
     view.show();
     view.selectRun(0);
+    hidePaths(view, examples);
     view.live().choose({QStringLiteral("Humidity field"), QStringLiteral("Inner surface temperature")});
     QTest::qWait(1500); // the checks
     save(view, target + QStringLiteral("/simulation_run") + suffix);
@@ -104,7 +114,9 @@ void drawSimulation(const Examples & examples, const QString & target, const QSt
 
 void drawSolverWindow(const Examples & examples, const QString & target, const QString & suffix) {
     SOLVER::SolverOptions options;
-    options.project = examples.other.toStdString();
+    const QString directory = QDir::currentPath();
+    QDir::setCurrent(examples.folder.path()); // a name without a path of this computer
+    options.project = QFileInfo(examples.other).fileName().toStdString();
     options.verbosityLevel = 0;
     HygSolverWindow window(options);
     window.show();
@@ -116,6 +128,7 @@ void drawSolverWindow(const Examples & examples, const QString & target, const Q
     save(window, target + QStringLiteral("/solver_window") + suffix);
     window.stop();
     window.waitForEnd();
+    QDir::setCurrent(directory);
 }
 
 void drawResults(const Examples & examples, const QString & target, const QString & suffix) {

@@ -100,10 +100,15 @@ void HygAnimation::encode() {
         const QString told = QString::fromUtf8(m_encoder->readAll()).trimmed().section('\n', -1);
         emit finished(code == 0 ? QString() : tr("The film could not be made: %1").arg(told));
     });
-    if (hasProgram(FILM_MAKER))
-        m_encoder->start(QLatin1String(FILM_MAKER),
-                         {"-y", "-loglevel", "error", "-framerate", QString::number(RATE), "-i", frames, m_path});
-    else
+    if (hasProgram(FILM_MAKER)) {
+        QStringList arguments{"-y", "-loglevel", "error", "-framerate", QString::number(RATE), "-i", frames};
+        // The 256 colours of a gif are to be those of the pictures.
+        if (m_path.endsWith(QLatin1String(".gif"), Qt::CaseInsensitive))
+            arguments << "-vf"
+                      << "split[a][b];[a]palettegen[p];[b][p]paletteuse=dither=none";
+        m_encoder->start(QLatin1String(FILM_MAKER), arguments << m_path);
+    } else {
         m_encoder->start(QLatin1String(GIF_MAKER), {"-delay", QString::number(GIF_DELAY), "-loop", "0",
                                                     QStringLiteral("%1[0-%2]").arg(frames).arg(m_count - 1), m_path});
+    }
 }
