@@ -6151,10 +6151,6 @@ Doppelklick wählt ein anderes Material.</translation>
         <source>What would stop or spoil the run</source>
         <translation>Was den Lauf verhindern oder verderben würde</translation>
     </message>
-    <message>
-        <source>The solver knows no module &apos;%1&apos;.</source>
-        <translation>Der Löser kennt kein Modul „%1“.</translation>
-    </message>
 </context>
 <context>
     <name>HygSimulationRunRequestDialog</name>

@@ -34,6 +34,14 @@ enum role_t { PLACE = Qt::UserRole, SETTING };
 /// The parameter that a message of the settings is about: "Parameter 'RelTol' is -1, it must be positive."
 QString settingIn(const QString & message) {
     static const QRegularExpression PARAMETER(QStringLiteral("Parameter '(\\w+)'"));
+    constexpr std::pair<const char *, const char *> BEGINNINGS[] = {
+        {"Flux module",             "FluxModules"          },
+        {"Source module",           "SourceModules"        },
+        {"Balance equation module", "BalanceEquationModule"},
+    };
+    for (const auto & [beginning, field] : BEGINNINGS)
+        if (message.startsWith(QLatin1String(beginning)))
+            return QLatin1String(field);
     return PARAMETER.match(message).captured(1);
 }
 
@@ -135,16 +143,6 @@ void checkInit(const Project & project, std::vector<Finding> & findings) {
         findings.push_back({Finding::ERROR, QStringLiteral("Init"),
                             HygSimulationChecks::tr("The simulation has no end: give a duration or an end."),
                             QStringLiteral("Duration")});
-    const std::pair<const std::vector<HYGRION::Init::Module> *, QLatin1String> lists[] = {
-        {&project.m_init.m_fluxModules,   QLatin1String("FluxModules")  },
-        {&project.m_init.m_sourceModules, QLatin1String("SourceModules")},
-    };
-    for (const auto & [modules, field] : lists)
-        for (const HYGRION::Init::Module & module : *modules)
-            findings.push_back(
-                {Finding::ERROR, QStringLiteral("Init"),
-                 HygSimulationChecks::tr("The solver knows no module '%1'.").arg(QString::fromStdString(module.m_name)),
-                 field});
 }
 
 } // namespace
