@@ -347,18 +347,6 @@ Doppelklick wählt eine andere Datei.</translation>
         <source>Remove layer</source>
         <translation>Schicht entfernen</translation>
     </message>
-    <message>
-        <source>Add standard outputs</source>
-        <translation>Übliche Ausgaben hinzufügen</translation>
-    </message>
-    <message>
-        <source>Add outputs</source>
-        <translation>Ausgaben hinzufügen</translation>
-    </message>
-    <message>
-        <source>Assign outputs</source>
-        <translation>Ausgaben zuweisen</translation>
-    </message>
 </context>
 <context>
     <name>HygConstructionScene</name>
@@ -4575,10 +4563,6 @@ Doppelklick wählt ein anderes Material.</translation>
         <translation>Das Projekt hat schon alle Standardausgaben.</translation>
     </message>
     <message>
-        <source>Assign standard outputs</source>
-        <translation>Standardausgaben zuweisen</translation>
-    </message>
-    <message>
         <source>Hourly</source>
         <translation>Stündlich</translation>
     </message>
@@ -5809,6 +5793,14 @@ Doppelklick wählt ein anderes Material.</translation>
         <source>none</source>
         <translation>keine</translation>
     </message>
+    <message>
+        <source>There is a layout &apos;%1&apos; already. Replace it?</source>
+        <translation>Es gibt schon eine Diagrammansicht „%1“. Ersetzen?</translation>
+    </message>
+    <message>
+        <source>Remove measured values</source>
+        <translation>Messwerte entfernen</translation>
+    </message>
 </context>
 <context>
     <name>HygRunList</name>
@@ -6565,6 +6557,18 @@ Doppelklick wählt ein anderes Material.</translation>
     <message>
         <source>Hourly</source>
         <translation>Stündlich</translation>
+    </message>
+    <message>
+        <source>Add standard outputs</source>
+        <translation>Standardausgaben hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add outputs</source>
+        <translation>Ausgaben hinzufügen</translation>
+    </message>
+    <message>
+        <source>Assign outputs</source>
+        <translation>Ausgaben zuweisen</translation>
     </message>
 </context>
 <context>

@@ -382,13 +382,7 @@ void HygConstructionEditor::addStandardInterface(bool isOutdoor, const std::vect
 }
 
 void HygConstructionEditor::addStandardOutputs() {
-    attempt([&] {
-        HygStandardOutputs::Sections sections = HygStandardOutputs::of(project());
-        stack().beginMacro(tr("Add standard outputs"));
-        stack().push(new HygUndoOutputs(tr("Add outputs"), std::move(sections.outputs)));
-        stack().push(new HygUndoAssignments(tr("Assign outputs"), std::move(sections.assignments)));
-        stack().endMacro();
-    });
+    attempt([&] { HygStandardOutputs::add(stack(), project()); });
 }
 
 void HygConstructionEditor::startDetail(int cells, const KOR::Parameter & width) {

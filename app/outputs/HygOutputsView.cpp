@@ -256,13 +256,8 @@ template <typename Change> void HygOutputsView::attempt(const QString & text, co
 }
 
 void HygOutputsView::addStandard() {
-    HygStandardOutputs::Sections sections = HygStandardOutputs::of(m_projects.project());
-    if (sections.outputs == m_projects.project().m_outputs)
-        return m_message->showMessage(tr("The project has all standard outputs already."));
-    attempt(tr("Add standard outputs"), [&](QUndoStack & stack) {
-        stack.push(new HygUndoOutputs(tr("Add standard outputs"), std::move(sections.outputs)));
-        stack.push(new HygUndoAssignments(tr("Assign standard outputs"), std::move(sections.assignments)));
-    });
+    if (!HygStandardOutputs::add(m_projects.undoStack(), m_projects.project()))
+        m_message->showMessage(tr("The project has all standard outputs already."));
 }
 
 void HygOutputsView::newOutput() {

@@ -1,10 +1,13 @@
 #include "outputs/HygStandardOutputs.h"
 
 #include "outputs/HygOutputPlaces.h"
+#include "undo/HygUndoGrid.h"
+#include "undo/HygUndoSections.h"
 
 #include <SOLVER/OutputQuantities.h>
 
 #include <QCoreApplication>
+#include <QUndoStack>
 
 #include <algorithm>
 
@@ -114,4 +117,15 @@ HygStandardOutputs::Sections HygStandardOutputs::of(const HYGRION::Project & pro
                 add(row, Text::tr(row.name).arg(name), place);
     }
     return sections;
+}
+
+bool HygStandardOutputs::add(QUndoStack & stack, const HYGRION::Project & project) {
+    Sections sections = of(project);
+    if (sections.outputs == project.m_outputs)
+        return false;
+    stack.beginMacro(Text::tr("Add standard outputs"));
+    stack.push(new HygUndoOutputs(Text::tr("Add outputs"), std::move(sections.outputs)));
+    stack.push(new HygUndoAssignments(Text::tr("Assign outputs"), std::move(sections.assignments)));
+    stack.endMacro();
+    return true;
 }

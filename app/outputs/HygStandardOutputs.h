@@ -2,6 +2,8 @@
 
 #include <HYGRION/Project.h>
 
+class QUndoStack;
+
 /// What most engineers look at first, ready to be calculated.
 namespace HygStandardOutputs {
 
@@ -15,5 +17,8 @@ struct Sections {
 /// moisture. Without moisture in the balances there are none of moisture, without heat none of heat. Fields are written
 /// every hour for small constructions, else every day; all else every hour.
 Sections of(const HYGRION::Project & project);
+
+/// Adds them in one step of undo. \return false if the project has them all
+bool add(QUndoStack & stack, const HYGRION::Project & project);
 
 } // namespace HygStandardOutputs

@@ -15,6 +15,7 @@
 #include <KOR/Numbers.h>
 #include <KOR/UnitList.h>
 
+#include <QAction>
 #include <QBoxLayout>
 #include <QCheckBox>
 #include <QComboBox>
@@ -78,11 +79,11 @@ constexpr FlagRow FLAGS[] = {
 HygResultsView::HygResultsView(HygProjectHandler * projects)
     : m_projects(*projects), m_tree(new HygResultTree(this)), m_chart(new HygResultChart(this)),
       m_timeBar(new HygTimeBar(this)), m_addFolder(new QToolButton(this)), m_addProject(new QToolButton(this)),
-      m_removeFolder(new QToolButton(this)), m_measured(new QToolButton(this)), m_export(new QToolButton(this)),
-      m_layouts(new QToolButton(this)), m_mode(new QComboBox(this)), m_unit(new QComboBox(this)),
-      m_place(new QSpinBox(this)), m_placeText(new QLabel(this)), m_normal(new QComboBox(this)),
-      m_plane(new QSlider(Qt::Horizontal, this)), m_planeText(new QLabel(this)), m_cut(new QComboBox(this)),
-      m_cutPlace(new QSlider(Qt::Horizontal, this)), m_thresholdLabel(new QLabel(this)),
+      m_removeFolder(new QToolButton(this)), m_measured(new QToolButton(this)), m_removeMeasured(new QAction(this)),
+      m_export(new QToolButton(this)), m_layouts(new QToolButton(this)), m_mode(new QComboBox(this)),
+      m_unit(new QComboBox(this)), m_place(new QSpinBox(this)), m_placeText(new QLabel(this)),
+      m_normal(new QComboBox(this)), m_plane(new QSlider(Qt::Horizontal, this)), m_planeText(new QLabel(this)),
+      m_cut(new QComboBox(this)), m_cutPlace(new QSlider(Qt::Horizontal, this)), m_thresholdLabel(new QLabel(this)),
       m_threshold(new QLineEdit(this)), m_statistics(new QLabel(this)), m_problems(new QLabel(this)),
       m_materials(new HygMaterialNotice(*projects, this)), m_timer(new QTimer(this)) {
     setObjectName(QStringLiteral("HygResultsView"));
@@ -238,6 +239,11 @@ QWidget * HygResultsView::makeOptions() {
     }
     connect(m_export->menu(), &QMenu::aboutToShow, this, &HygResultsView::fillExport);
     connect(m_layouts->menu(), &QMenu::aboutToShow, this, &HygResultsView::fillLayouts);
+    m_removeMeasured->setObjectName(QStringLiteral("removeMeasured"));
+    m_removeMeasured->setEnabled(false);
+    m_measured->addAction(m_removeMeasured);
+    m_measured->setPopupMode(QToolButton::MenuButtonPopup);
+    connect(m_removeMeasured, &QAction::triggered, this, &HygResultsView::removeMeasured);
     connect(m_measured, &QToolButton::clicked, this, [this] {
         loadMeasured(QFileDialog::getOpenFileName(this, tr("Measured values"), m_outputDirectory,
                                                   tr("Tables (*.csv *.txt *.tsv);;All files (*)")));
@@ -252,7 +258,10 @@ QWidget * HygResultsView::makeOptions() {
 }
 
 void HygResultsView::openProject(const QString & projectFile) {
-    m_outputDirectory = projectFile.isEmpty() ? QString() : HygOutputDirectory::ofProject(projectFile).path();
+    const QString directory = projectFile.isEmpty() ? QString() : HygOutputDirectory::ofProject(projectFile).path();
+    if (directory != m_outputDirectory)
+        removeMeasured(); // it was laid over the results of the other project
+    m_outputDirectory = directory;
     m_tree->setProjectDirectory(m_outputDirectory);
     m_folderChanged = QFileInfo(m_outputDirectory + "/results").lastModified();
     openChosen();
@@ -447,12 +456,18 @@ void HygResultsView::chooseFolder(bool isProject) {
         m_tree->addDirectory(HygOutputDirectory::ofProject(project).path());
 }
 
+void HygResultsView::removeMeasured() {
+    m_chart->setMeasured({});
+    m_removeMeasured->setEnabled(false);
+}
+
 void HygResultsView::loadMeasured(const QString & path) {
     if (path.isEmpty())
         return;
     try {
         const int year = m_chart->files().empty() ? 0 : m_chart->files()[0]->header().startYear;
         m_chart->setMeasured(HygMeasuredData::read(path, year));
+        m_removeMeasured->setEnabled(true);
     } catch (const KOR::Exception & ex) {
         QMessageBox::critical(
             this, tr("Measured values"),
@@ -581,12 +596,19 @@ void HygResultsView::fillLayouts() {
     for (const HygResultLayout & layout : all)
         menu.addAction(layout.name, this, [this, layout] { apply(layout); });
     menu.addSeparator();
-    menu.addAction(tr("Save as…"), this,
-                   [this] {
-                       const QString name = QInputDialog::getText(this, tr("Chart layouts"), tr("Name:")).trimmed();
-                       if (!name.isEmpty())
-                           saveLayout(name);
-                   })
+    menu.addAction(
+            tr("Save as…"), this,
+            [this] {
+                const QString name = QInputDialog::getText(this, tr("Chart layouts"), tr("Name:")).trimmed();
+                const std::vector<HygResultLayout> known = layouts();
+                const bool isTaken = std::any_of(known.begin(), known.end(),
+                                                 [&name](const HygResultLayout & each) { return each.name == name; });
+                if (!name.isEmpty() &&
+                    (!isTaken || QMessageBox::question(this, tr("Chart layouts"),
+                                                       tr("There is a layout '%1' already. Replace it?").arg(name)) ==
+                                     QMessageBox::Yes))
+                    saveLayout(name);
+            })
         ->setEnabled(!m_outputDirectory.isEmpty() && !m_chart->files().empty());
     QMenu * removal = menu.addMenu(tr("Remove"));
     removal->setEnabled(!all.empty());
@@ -629,6 +651,7 @@ void HygResultsView::retranslate() {
     m_addProject->setText(tr("Project…"));
     m_removeFolder->setText(tr("Remove"));
     m_measured->setText(tr("Measured values…"));
+    m_removeMeasured->setText(tr("Remove measured values"));
     m_export->setText(tr("Export"));
     m_layouts->setText(tr("Layouts"));
     m_mode->setItemText(0, tr("at a time"));

@@ -9,6 +9,7 @@ class HygMaterialNotice;
 class HygProjectHandler;
 class HygResultTree;
 class HygTimeBar;
+class QAction;
 class QCheckBox;
 class QComboBox;
 class QLabel;
@@ -32,6 +33,7 @@ public:
 
     /// Lays measured values over the courses. A table that cannot be read is told.
     void loadMeasured(const QString & path);
+    void removeMeasured();
     /// By the extension png, svg, pdf or csv. False, and told, if that fails.
     bool exportChart(const QString & path);
     /// Pictures of all time points, or a film; see HygAnimation.
@@ -77,6 +79,7 @@ private:
     QToolButton * m_addProject;
     QToolButton * m_removeFolder;
     QToolButton * m_measured;
+    QAction * m_removeMeasured;
     QToolButton * m_export;
     QToolButton * m_layouts;
     QComboBox * m_mode;

@@ -35,6 +35,7 @@ using DATAIO::DataHeader;
 using testing::DoubleNear;
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::Not;
 
 /// A project with results: a profile of 4 cells, a plane of 3 x 2 cells and fluxes at its sides.
 class HygResultsTest : public testing::Test {
@@ -321,6 +322,8 @@ TEST_F(HygResultsTest, ViewShowsProfilesCoursesAndTheirFigures) {
     view.loadMeasured(results("measured.csv"));
     EXPECT_THAT(view.chart().chart().csv(), HasSubstr("Sensor (measured)"));
     EXPECT_THAT(view.chart().problems().toStdString(), HasSubstr("'Wind' has the unit 'm/s'"));
+    view.findChild<QAction *>("removeMeasured")->trigger();
+    EXPECT_THAT(view.chart().chart().csv(), Not(HasSubstr("Sensor")));
 }
 
 TEST_F(HygResultsTest, AThresholdBelongsToItsQuantity) {

@@ -4,6 +4,8 @@
 
 #include <SOLVER/Physics.h>
 
+#include <DATAIO/GeoFile.h>
+
 #include <KOR/Exception.h>
 
 #include <algorithm>
@@ -281,6 +283,30 @@ double MaterialTable::temperature(double energy, double waterCapacity) const {
             break;
     }
     return T;
+}
+
+std::uint32_t MaterialTable::fingerprint() const {
+    std::string values = m_name;
+    const auto add = [&values](double value) {
+        values.append(reinterpret_cast<const char *>(&value), sizeof(value)); // NOLINT: bytes are what is hashed
+    };
+    for (const double value : {m_heatCapacity, m_saturation, m_pCStart, m_suctionStart, m_wetConductivity})
+        add(value);
+    for (const Node & node : m_nodes)
+        for (const double value : {node.moisture, node.potential, node.vapor, node.lambda})
+            add(value);
+    constexpr double COLDEST = 240, WARMEST = 340; // [K]
+    constexpr int SAMPLES = 20;
+    for (int i = 0; i <= SAMPLES; ++i) {
+        const double share = static_cast<double>(i) / SAMPLES;
+        for (const Curve * curve : {&m_enthalpy, &m_lambdaByTemperature})
+            add(curve->isEmpty() ? 0 : curve->value(COLDEST + share * (WARMEST - COLDEST)));
+        add(m_lambdaByIce.isEmpty() ? 0 : m_lambdaByIce.value(share));
+    }
+    for (const auto & other : m_others)
+        if (other)
+            add(other->fingerprint());
+    return DATAIO::GeoFile::hash(values);
 }
 
 } // namespace SOLVER

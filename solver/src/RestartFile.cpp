@@ -15,7 +15,7 @@ using KOR::text;
 
 namespace {
 
-constexpr std::string_view MAGIC = "H6RS0002";
+constexpr std::string_view MAGIC = "H6RS0003";
 constexpr std::size_t MAX_SIZE = std::size_t{4} << 30;
 constexpr std::uint32_t MAX_COUNT = 200'000'000;
 constexpr std::uint32_t MAX_OUTPUTS = 1u << 31;
@@ -37,6 +37,7 @@ void RestartFile::write(const std::string & path) const {
     std::ostringstream out(std::ios::binary);
     KOR::write_binary(out, geometryHash);
     KOR::write_binary(out, module);
+    KOR::write_vector_binary(out, materials);
     for (const double value : {startTime, time, wallTime, lastObserved})
         KOR::write_binary(out, value);
     KOR::write_vector_binary(out, state);
@@ -72,6 +73,7 @@ RestartFile RestartFile::read(const std::string & path) {
         RestartFile file;
         file.geometryHash = KOR::read_binary<std::uint32_t>(in);
         file.module = KOR::read_binary<std::int32_t>(in);
+        file.materials = KOR::read_vector_binary<std::uint32_t>(in, MAX_COUNT);
         for (double * value : {&file.startTime, &file.time, &file.wallTime, &file.lastObserved})
             *value = KOR::read_binary<double>(in);
         file.state = KOR::read_vector_binary<double>(in, MAX_COUNT);

@@ -63,6 +63,8 @@ Simulation::Simulation(Construction construction, const HYGRION::Project & proje
     : m_construction(std::move(construction)), m_wallStart(nanoseconds()) {
     m_model = std::make_unique<Model>(std::move(m_construction.input));
     m_geometryHash = DATAIO::GeoFile::hash(m_construction.geometry.content(true));
+    for (const MaterialTable & material : m_model->input().materials)
+        m_materialPrints.push_back(material.fingerprint());
     m_state.resize(m_model->size());
     m_derivative.resize(m_model->size());
     m_limiting.assign(m_model->cellCount(), 0);
@@ -111,6 +113,13 @@ void Simulation::resume(const RestartFile & restart) {
         restart.module != static_cast<int>(m_model->input().module))
         throw Exception("Grid, materials or balances of the project are no longer those of the interrupted run.",
                         WHERE);
+    for (std::size_t m = 0; m < m_materialPrints.size(); ++m)
+        if (restart.materials.size() != m_materialPrints.size() || restart.materials[m] != m_materialPrints[m])
+            throw Exception(
+                text("Material '%1' is no longer what it was in the interrupted run; results before and after "
+                     "would not belong together. Calculate from the beginning.",
+                     m_model->input().materials[m].name()),
+                WHERE);
     if (restart.startTime != m_construction.startTime)
         throw Exception("The simulation starts at another time than the interrupted run.", WHERE);
     if (restart.layerStatistics.size() != m_layers.size() * NUM_LAYER_VALUES ||
@@ -317,6 +326,7 @@ RestartFile Simulation::restartState() {
     m_outputs->flush();
     RestartFile file;
     file.geometryHash = m_geometryHash;
+    file.materials = m_materialPrints;
     file.module = static_cast<int>(m_model->input().module);
     file.startTime = m_construction.startTime;
     file.time = time();

@@ -324,6 +324,14 @@ TEST(Simulation, GoesOnFromARestartFileAsIfNothingHadHappened) {
         EXPECT_LT(second.summary().energy.relativeError(), 1e-2);
         EXPECT_NEAR(second.summary().energy.cameIn, uninterrupted.summary().energy.cameIn, 640);
     }
+    // Another material under the same name would make two constructions of one result.
+    const RestartFile restart = RestartFile::read(cut + "-restart");
+    Construction changed = wall();
+    MaterialFunctions insulation = reference::insulation();
+    insulation.thermalConductivity = [](double) { return 0.35; };
+    changed.input.materials[1] = MaterialTable(insulation);
+    EXPECT_THAT(message([&] { Simulation(std::move(changed), outputs.project, cut, &restart); }),
+                HasSubstr("is no longer what it was"));
     std::string content = KOR::readFile(cut + "-restart", 1 << 20);
     content[content.size() / 2] = static_cast<char>(content[content.size() / 2] ^ 1);
     KOR::writeFile(cut + "-restart", content);

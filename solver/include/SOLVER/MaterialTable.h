@@ -83,6 +83,8 @@ public:
     bool isAnisotropic() const { return m_others[0] || m_others[1]; }
 
     const std::string & name() const { return m_name; }
+    /// A number that is another one when any value of the material is.
+    std::uint32_t fingerprint() const;
     double heatCapacity() const { return m_heatCapacity; } ///< around 20 C [J/m3K]
     /// Enthalpy of the dry material [J/m3] at a temperature [K], 0 at T_ZERO. \param slope of it [J/m3K]
     double enthalpy(double T, double & slope) const;

@@ -10,10 +10,11 @@ namespace SOLVER {
 
 /// From where an interrupted run goes on. The file is replaced atomically and carries its checksum.
 struct RestartFile {
-    std::uint32_t geometryHash = 0; ///< of the grid and materials that the state belongs to
-    std::int32_t module = 0;        ///< module_t
-    double startTime = 0;           ///< of the simulation [s]
-    double time = 0;                ///< of the state [s]
+    std::uint32_t geometryHash = 0;       ///< of the grid and materials that the state belongs to
+    std::int32_t module = 0;              ///< module_t
+    std::vector<std::uint32_t> materials; ///< MaterialTable::fingerprint of each of the model's
+    double startTime = 0;                 ///< of the simulation [s]
+    double time = 0;                      ///< of the state [s]
     std::vector<double> state;
     std::vector<Exchange> exchanged;     ///< since the start, in the order of Model::exchangeRates
     std::vector<double> startContent;    ///< energy [J] and moisture [kg] at the start

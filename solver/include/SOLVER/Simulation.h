@@ -125,6 +125,7 @@ private:
     std::unique_ptr<Model> m_model;
     std::unique_ptr<OutputWriter> m_outputs;
     std::unique_ptr<Integrator> m_integrator;
+    std::vector<std::uint32_t> m_materialPrints; ///< of the model's materials
     std::uint32_t m_geometryHash = 0;
     double m_nextJump = 0;
     double m_lastObserved = 0; ///< [s]
