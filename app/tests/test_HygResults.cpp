@@ -13,6 +13,7 @@
 #include <KOR/FileIO.h>
 #include <KOR/MessageHandler.h>
 
+#include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
