@@ -25,6 +25,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <stdexcept>
+
 namespace {
 
 constexpr QSize WINDOW(1600, 1000);
@@ -139,7 +141,8 @@ struct View {
         view.resize(WINDOW);
         projects.openProject(bench.project());
         view.show();
-        QTest::qWaitForWindowExposed(&view);
+        if (!QTest::qWaitForWindowExposed(&view))
+            throw std::runtime_error("the window does not come up");
         paint();
     }
     void paint() {
@@ -154,6 +157,7 @@ void firstChart(benchmark::State & state) {
     const auto kind = static_cast<kind_t>(state.range(0));
     state.SetLabel(KINDS[kind].name);
     double slowest = 0, complete = 0, memory = 0;
+    bool isThere = true;
     for (auto _ : state) {
         const QString path = bench.path(kind);
         View shown(bench);
@@ -162,15 +166,19 @@ void firstChart(benchmark::State & state) {
         QElapsedTimer timer;
         timer.start();
         shown.view.tree().choose({path});
-        QTest::qWaitFor([&] { return !shown.view.findChild<QLabel *>("statistics")->text().isEmpty(); }, MAX_MS);
+        isThere =
+            QTest::qWaitFor([&] { return !shown.view.findChild<QLabel *>("statistics")->text().isEmpty(); }, MAX_MS) &&
+            isThere;
         shown.paint();
         const double seconds = 1e-9 * static_cast<double>(timer.nsecsElapsed());
         state.SetIterationTime(seconds);
         slowest = std::max(slowest, seconds);
-        QTest::qWaitFor([&] { return shown.view.chart().isComplete(); }, MAX_MS);
+        isThere = QTest::qWaitFor([&] { return shown.view.chart().isComplete(); }, MAX_MS) && isThere;
         complete = std::max(complete, 1e-9 * static_cast<double>(timer.nsecsElapsed()));
         memory = std::max(memory, peakMemory() - before);
     }
+    if (!isThere)
+        state.SkipWithError("the chart does not come up");
     state.counters["slowest [s]"] = slowest;
     state.counters["complete [s]"] = complete;
     state.counters["memory [MB]"] = memory;
