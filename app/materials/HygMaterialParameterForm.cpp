@@ -147,8 +147,8 @@ void HygMaterialParameterForm::update() {
                 field.edit->setParameter(value);
                 return;
             }
-            field.edit->setParameter(KOR::Parameter(MM::KeywordList::Keyword(which), 0, field.edit->unit()));
-            field.edit->clear();
+            // Without a name it shows nothing, and a 0 that is typed is a new value.
+            field.edit->setParameter(KOR::Parameter({}, 0, field.edit->unit()));
         });
 }
 

@@ -127,6 +127,10 @@ TEST_F(HygMaterialEditorTest, EveryFieldIsEditedUndoneAndSaved) {
     uptake.selectAll();
     QTest::keyClick(&uptake, Qt::Key_Delete);
     QTest::keyClick(&uptake, Qt::Key_Return);
+    auto & capillary = *editor->findChild<QLineEdit *>("THETA_CAP");
+    ASSERT_TRUE(capillary.text().isEmpty());
+    EXPECT_FALSE(capillary.isUndoAvailable()) << "no value that was never there";
+    line("THETA_CAP", "0"); // is a value too
     line("MEW", "9,75");
     editor->findChild<QTabWidget *>()->setCurrentIndex(2);
     auto & functions = *editor->findChild<HygMaterialFunctionPage *>();
@@ -136,7 +140,7 @@ TEST_F(HygMaterialEditorTest, EveryFieldIsEditedUndoneAndSaved) {
     EXPECT_FALSE(points.setData(points.index(0, 1), "much"));
 
     QUndoStack & stack = editor->document().undoStack();
-    EXPECT_EQ(stack.count(), 10);
+    EXPECT_EQ(stack.count(), 11);
     const Material edited = editor->document().material();
     EXPECT_EQ(edited.m_identification.m_producer.get("en"), "Kiln");
     EXPECT_EQ(edited.m_identification.m_category.text(), "BRICK, NATURAL_STONES");
