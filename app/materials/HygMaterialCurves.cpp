@@ -18,8 +18,9 @@ using Transport = MM::MoistureTransport::Functions;
 using Conduction = MM::ThermalTransport::Functions;
 
 constexpr std::size_t POINTS = 600;
-constexpr double COLDEST = 253.15; ///< [K]
-constexpr double HOTTEST = 353.15; ///< [K]
+constexpr double LEVEL_LINE = 0.01; ///< width of a chart of one value, in the unit of its axis
+constexpr double COLDEST = 253.15;  ///< [K]
+constexpr double HOTTEST = 353.15;  ///< [K]
 
 double zero(const Material &) {
     return 0;
@@ -146,8 +147,12 @@ std::shared_ptr<const SCI::PointModel> HygMaterialCurves::model(curve_t curve, s
                                                                 int direction) {
     const Row & row = ROWS[curve];
     const double from = row.from(*material);
-    const double to = std::max(row.to(*material), std::nextafter(from, std::numeric_limits<double>::max()));
+    const double end = row.to(*material); // what holds no water has one value, drawn as a level line
+    const double to = end > from ? end : from + LEVEL_LINE;
     const auto value = MM::evaluation(row.evaluation).value;
     return std::make_shared<SCI::FunctionModel>(
-        [material, direction, value](double x) { return value(*material, direction, x); }, from, to, POINTS);
+        [material, direction, value, last = std::max(from, end)](double x) {
+            return value(*material, direction, std::min(x, last));
+        },
+        from, to, POINTS);
 }
