@@ -227,7 +227,13 @@ void HygConstructionCanvas::ensureVisible(const Range & range) {
 }
 
 void HygConstructionCanvas::select(std::vector<Range> blocks) {
-    m_scene.selection.setBlocks(std::move(blocks));
+    HygGridSelection selection = m_scene.selection;
+    selection.setBlocks(std::move(blocks));
+    restore(selection);
+}
+
+void HygConstructionCanvas::restore(const HygGridSelection & selection) {
+    m_scene.selection = selection;
     m_scene.selection.fit(m_scene.cells.nx(), m_scene.cells.ny(), m_scene.plane);
     announceSelection();
 }

@@ -32,6 +32,7 @@ public:
     void sceneChanged(bool isNewProject = false);
 
     void select(std::vector<HYGRION::Range> blocks);
+    void restore(const HygGridSelection & selection);
     void selectColumns(std::size_t first, std::size_t last);
     void selectRows(std::size_t first, std::size_t last);
     void selectAll();

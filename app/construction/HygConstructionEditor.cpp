@@ -56,6 +56,19 @@ void putSurfaces(const Disc & disc, Assignments & assignments, const std::vector
     }
 }
 
+/// What becomes of cells that are divided or united.
+auto dividedIn(unsigned int dir) {
+    return [dir](const Disc & before, const Disc & after) {
+        return HygGridMap::divided(dir, before.steps(dir).m_data, after.steps(dir).m_data);
+    };
+}
+
+auto removedIn(unsigned int dir, std::size_t first, std::size_t last) {
+    return [=](const Disc & before, const Disc &) {
+        return HygGridMap::replaced(dir, before.steps(dir).size(), first, last - first + 1, 0);
+    };
+}
+
 /// Names the width of a run of cells: typed several times in a row it is one step of undo.
 QString fieldOf(unsigned int dir, std::size_t first, std::size_t last) {
     return QStringLiteral("width %1 %2 %3").arg(dir).arg(first).arg(last);
@@ -88,10 +101,18 @@ void HygConstructionEditor::attempt(const std::function<void()> & action) {
     }
 }
 
-void HygConstructionEditor::changeGrid(const QString & text, const GridChange & change, const QString & field) {
+void HygConstructionEditor::changeGrid(const QString & text, const GridChange & change, const GridMap & map,
+                                       const QString & field) {
     attempt([&] {
-        auto command = HygEditing::gridCommand(text, project(), change);
+        std::optional<HygGridMap> moves;
+        auto command = HygEditing::gridCommand(text, project(), [&](Disc & disc, Assignments & assignments) {
+            change(disc, assignments);
+            if (map)
+                moves = map(project().m_disc, disc);
+        });
         command->setField(field);
+        if (moves)
+            emit cellsToMove(*moves);
         stack().push(command.release());
     });
 }
@@ -108,58 +129,79 @@ void HygConstructionEditor::tellGone(const std::vector<Assignment> & gone) {
 
 void HygConstructionEditor::insert(unsigned int dir, std::size_t before, std::size_t count) {
     const int number = static_cast<int>(count);
-    changeGrid(dir == Disc::X ? tr("Insert %n columns", nullptr, number) : tr("Insert %n rows", nullptr, number),
-               [&](Disc & disc, Assignments & assignments) {
-                   const bool isAtEnd = dir == Disc::X && (before == 0 || before == disc.nx());
-                   const auto surfaces = isAtEnd ? takeSurfaces(disc, assignments) : std::vector<Assignment>();
-                   edit::insertSteps(disc, assignments, dir, before, count);
-                   putSurfaces(disc, assignments, surfaces);
-               });
+    changeGrid(
+        dir == Disc::X ? tr("Insert %n columns", nullptr, number) : tr("Insert %n rows", nullptr, number),
+        [&](Disc & disc, Assignments & assignments) {
+            const bool isAtEnd = dir == Disc::X && (before == 0 || before == disc.nx());
+            const auto surfaces = isAtEnd ? takeSurfaces(disc, assignments) : std::vector<Assignment>();
+            edit::insertSteps(disc, assignments, dir, before, count);
+            putSurfaces(disc, assignments, surfaces);
+        },
+        [=](const Disc & disc, const Disc &) {
+            return HygGridMap::replaced(dir, disc.steps(dir).size(), before, 0, count);
+        });
 }
 
 void HygConstructionEditor::split(unsigned int dir, std::size_t first, std::size_t last, std::size_t count) {
-    changeGrid(tr("Split cells"), [&](Disc & disc, Assignments & assignments) {
-        for (std::size_t i = last + 1; i-- > first;)
-            edit::splitStep(disc, assignments, dir, i, count);
-    });
+    changeGrid(
+        tr("Split cells"),
+        [&](Disc & disc, Assignments & assignments) {
+            for (std::size_t i = last + 1; i-- > first;)
+                edit::splitStep(disc, assignments, dir, i, count);
+        },
+        dividedIn(dir));
 }
 
 void HygConstructionEditor::merge(unsigned int dir, std::size_t first, std::size_t last) {
     std::vector<Assignment> gone;
-    changeGrid(tr("Merge cells"), [&](Disc & disc, Assignments & assignments) {
-        gone = edit::mergeSteps(disc, assignments, dir, first, last);
-    });
+    changeGrid(
+        tr("Merge cells"),
+        [&](Disc & disc, Assignments & assignments) { gone = edit::mergeSteps(disc, assignments, dir, first, last); },
+        dividedIn(dir));
     tellGone(gone);
 }
 
 void HygConstructionEditor::remove(unsigned int dir, std::size_t first, std::size_t last) {
     std::vector<Assignment> gone;
-    changeGrid(dir == Disc::X ? tr("Delete columns") : tr("Delete rows"), [&](Disc & disc, Assignments & assignments) {
-        gone = edit::removeSteps(disc, assignments, dir, first, last);
-    });
+    changeGrid(
+        dir == Disc::X ? tr("Delete columns") : tr("Delete rows"),
+        [&](Disc & disc, Assignments & assignments) { gone = edit::removeSteps(disc, assignments, dir, first, last); },
+        removedIn(dir, first, last));
     tellGone(gone);
 }
 
 void HygConstructionEditor::mirror(unsigned int dir, std::size_t first, std::size_t last) {
-    changeGrid(tr("Mirror cells"),
-               [&](Disc & disc, Assignments & assignments) { edit::mirrorSteps(disc, assignments, dir, first, last); });
+    changeGrid(
+        tr("Mirror cells"),
+        [&](Disc & disc, Assignments & assignments) { edit::mirrorSteps(disc, assignments, dir, first, last); },
+        [=](const Disc & disc, const Disc &) {
+            return HygGridMap::mirrored(dir, disc.steps(dir).size(), first, last);
+        });
 }
 
 void HygConstructionEditor::move(unsigned int dir, std::size_t first, std::size_t last, std::size_t before) {
-    changeGrid(tr("Move cells"), [&](Disc & disc, Assignments & assignments) {
-        const auto surfaces = dir == Disc::X ? takeSurfaces(disc, assignments) : std::vector<Assignment>();
-        edit::moveSteps(disc, assignments, dir, first, last, before);
-        putSurfaces(disc, assignments, surfaces);
-    });
+    changeGrid(
+        tr("Move cells"),
+        [&](Disc & disc, Assignments & assignments) {
+            const auto surfaces = dir == Disc::X ? takeSurfaces(disc, assignments) : std::vector<Assignment>();
+            edit::moveSteps(disc, assignments, dir, first, last, before);
+            putSurfaces(disc, assignments, surfaces);
+        },
+        [=](const Disc & disc, const Disc &) {
+            return HygGridMap::moved(dir, disc.steps(dir).size(), first, last, before);
+        });
 }
 
 void HygConstructionEditor::removeLayer(std::size_t first, std::size_t last) {
     std::vector<Assignment> gone;
-    changeGrid(tr("Remove layer"), [&](Disc & disc, Assignments & assignments) {
-        const auto surfaces = takeSurfaces(disc, assignments);
-        gone = edit::removeSteps(disc, assignments, Disc::X, first, last);
-        putSurfaces(disc, assignments, surfaces);
-    });
+    changeGrid(
+        tr("Remove layer"),
+        [&](Disc & disc, Assignments & assignments) {
+            const auto surfaces = takeSurfaces(disc, assignments);
+            gone = edit::removeSteps(disc, assignments, Disc::X, first, last);
+            putSurfaces(disc, assignments, surfaces);
+        },
+        removedIn(Disc::X, first, last));
     // The layer's own material goes without saying.
     std::erase_if(gone, [](const Assignment & assignment) { return assignment.m_type == type_t::Material; });
     tellGone(gone);
@@ -189,7 +231,7 @@ void HygConstructionEditor::setThickness(unsigned int dir, std::size_t first, st
             cell *= factor;
         disc.modifySteps(dir, first, widths.size(), widths, assignments);
     };
-    changeGrid(tr("Change thickness"), change, fieldOf(dir, first, last));
+    changeGrid(tr("Change thickness"), change, {}, fieldOf(dir, first, last));
 }
 
 std::vector<double> HygConstructionEditor::cellsOf(double width, const Disc::LayerSettings & settings) {
@@ -205,6 +247,8 @@ void HygConstructionEditor::addLayer(const NewLayer & layer) {
     attempt([&] {
         const bool isKnown = hasMaterial(layer.material.m_name);
         const bool isBlank = project().m_assignments.empty() && project().m_disc.nx() == 1;
+        std::size_t first = 0;
+        std::size_t count = 0;
         auto grid = HygEditing::gridCommand(tr("Add layer"), project(), [&](Disc & disc, Assignments & assignments) {
             // Millimetres keep the digits that the user thinks in.
             if (isBlank)
@@ -218,8 +262,9 @@ void HygConstructionEditor::addLayer(const NewLayer & layer) {
             const std::size_t before = std::min(layer.before, disc.nx());
             const auto surfaces = takeSurfaces(disc, assignments);
             disc.modifySteps(Disc::X, isBlank ? 0 : before, isBlank ? 1 : 0, widths, assignments);
-            const std::size_t first = isBlank ? 0 : before;
-            const std::size_t last = first + widths.size() - 1;
+            first = isBlank ? 0 : before;
+            count = widths.size();
+            const std::size_t last = first + count - 1;
             putSurfaces(disc, assignments, surfaces);
             edit::assign(project(), assignments,
                          {
@@ -230,6 +275,11 @@ void HygConstructionEditor::addLayer(const NewLayer & layer) {
                              layer.material.m_name
             });
         });
+        if (!isBlank) {
+            HygGridMap map = HygGridMap::replaced(Disc::X, project().m_disc.nx(), first, 0, count);
+            map.chosen.reset(); // the dialog may add further ones
+            emit cellsToMove(map);
+        }
         stack().beginMacro(tr("Add layer '%1'").arg(QString::fromStdString(layer.material.m_name)));
         if (!isKnown)
             stack().push(new HygUndoAddMaterial(tr("Add material"), layer.material));
@@ -239,38 +289,41 @@ void HygConstructionEditor::addLayer(const NewLayer & layer) {
 }
 
 void HygConstructionEditor::discretize(unsigned int dir, const std::vector<Layer> & layers) {
-    changeGrid(tr("Automatic discretization"), [&](Disc & disc, Assignments & assignments) {
-        const std::size_t count = std::as_const(disc).steps(dir).size();
-        const bool isWhole =
-            layers.size() == count &&
-            std::all_of(layers.begin(), layers.end(), [](const Layer & layer) { return layer.first == layer.last; });
-        if (isWhole) {
-            std::vector<Disc::LayerSettings> settings;
-            for (const Layer & layer : layers) {
-                settings.push_back(layer.settings.value_or(Disc::LayerSettings{}));
-                if (!layer.settings)
-                    settings.back().mode = Disc::MODE_NONE;
+    changeGrid(
+        tr("Automatic discretization"),
+        [&](Disc & disc, Assignments & assignments) {
+            const std::size_t count = std::as_const(disc).steps(dir).size();
+            const bool isWhole =
+                layers.size() == count && std::all_of(layers.begin(), layers.end(),
+                                                      [](const Layer & layer) { return layer.first == layer.last; });
+            if (isWhole) {
+                std::vector<Disc::LayerSettings> settings;
+                for (const Layer & layer : layers) {
+                    settings.push_back(layer.settings.value_or(Disc::LayerSettings{}));
+                    if (!layer.settings)
+                        settings.back().mode = Disc::MODE_NONE;
+                }
+                BoundaryIDGrid unused;
+                const std::span<const Disc::LayerSettings> none;
+                disc.autoDisc(dir == Disc::X ? settings : none, dir == Disc::Y ? settings : none,
+                              dir == Disc::Z ? settings : none, assignments, unused);
+                return;
             }
-            BoundaryIDGrid unused;
-            const std::span<const Disc::LayerSettings> none;
-            disc.autoDisc(dir == Disc::X ? settings : none, dir == Disc::Y ? settings : none,
-                          dir == Disc::Z ? settings : none, assignments, unused);
-            return;
-        }
-        for (auto layer = layers.rbegin(); layer != layers.rend(); ++layer) {
-            if (!layer->settings)
-                continue;
-            const KOR::UnitVector & list = std::as_const(disc).steps(dir);
-            const auto begin = list.m_data.begin() + static_cast<std::ptrdiff_t>(layer->first);
-            const std::size_t cells = layer->last - layer->first + 1;
-            const double width = std::accumulate(begin, begin + static_cast<std::ptrdiff_t>(cells), 0.0);
-            KOR::UnitVector divided{{width}, list.m_unit};
-            divided.convert(KOR::Unit("m"));
-            divided.m_data = cellsOf(divided.m_data.front(), *layer->settings);
-            divided.convert(list.m_unit);
-            disc.modifySteps(dir, layer->first, cells, divided.m_data, assignments);
-        }
-    });
+            for (auto layer = layers.rbegin(); layer != layers.rend(); ++layer) {
+                if (!layer->settings)
+                    continue;
+                const KOR::UnitVector & list = std::as_const(disc).steps(dir);
+                const auto begin = list.m_data.begin() + static_cast<std::ptrdiff_t>(layer->first);
+                const std::size_t cells = layer->last - layer->first + 1;
+                const double width = std::accumulate(begin, begin + static_cast<std::ptrdiff_t>(cells), 0.0);
+                KOR::UnitVector divided{{width}, list.m_unit};
+                divided.convert(KOR::Unit("m"));
+                divided.m_data = cellsOf(divided.m_data.front(), *layer->settings);
+                divided.convert(list.m_unit);
+                disc.modifySteps(dir, layer->first, cells, divided.m_data, assignments);
+            }
+        },
+        dividedIn(dir));
 }
 
 void HygConstructionEditor::assign(type_t type, const std::string & name, const std::vector<Range> & ranges,

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "construction/HygGridMap.h"
+
 #include <HYGRION/GridEdit.h>
 #include <HYGRION/Project.h>
 
@@ -85,14 +87,19 @@ public:
 
 signals:
     void refused(const QString & story);
+    /// The next command moves cells; told before it is pushed.
+    void cellsToMove(const HygGridMap & map);
     /// What went beyond the request, such as assignments that are gone.
     void informed(const QString & text);
 
 private:
     using GridChange = std::function<void(HYGRION::Disc &, HYGRION::Assignments &)>;
     using ListChange = std::function<void(HYGRION::Assignments &)>;
+    using GridMap = std::function<HygGridMap(const HYGRION::Disc & before, const HYGRION::Disc & after)>;
+    /// \param map what becomes of the cells; without it all stay
     /// \param field see HygUndoCommandBase::setField()
-    void changeGrid(const QString & text, const GridChange & change, const QString & field = {});
+    void changeGrid(const QString & text, const GridChange & change, const GridMap & map = {},
+                    const QString & field = {});
     void changeList(const QString & text, const ListChange & change);
     void attempt(const std::function<void()> & action);
     void tellGone(const std::vector<HYGRION::Assignment> & gone);

@@ -4,6 +4,7 @@
 #include "HygSettings.h"
 #include "construction/HygAssignPanel.h"
 #include "construction/HygAssignmentPanel.h"
+#include "construction/HygConstructionActions.h"
 #include "construction/HygConstructionPlaces.h"
 #include "construction/HygConstructionStart.h"
 #include "construction/HygDiscretizationDialog.h"
@@ -47,9 +48,6 @@ namespace {
 using HYGRION::Disc;
 using HYGRION::Range;
 
-/// What must be there for an action.
-enum need_t { NeedsProject, NeedsCells, NeedsSelection, NeedsSeveralColumns, NeedsSeveralRows, NeedsRows };
-
 constexpr const char * SWITCH_TEXTS[] = {QT_TRANSLATE_NOOP("HygConstructionView", "Materials"),
                                          QT_TRANSLATE_NOOP("HygConstructionView", "Interfaces"),
                                          QT_TRANSLATE_NOOP("HygConstructionView", "Contacts"),
@@ -72,98 +70,12 @@ constexpr const char * PANEL_TEXTS[] = {QT_TRANSLATE_NOOP("HygConstructionView",
                                         QT_TRANSLATE_NOOP("HygConstructionView", "Assignments")};
 static_assert(std::size(SWITCH_TEXTS) == HygConstructionScene::NUM_OVERLAYS);
 
-struct GroupRow {
-    const char * name;
-    const char * text;
-    const char * icon;
-};
-constexpr GroupRow GROUPS[] = {
-    {"insert", QT_TRANSLATE_NOOP("HygConstructionView", "Insert"), "cell_insert"},
-    {"split",  QT_TRANSLATE_NOOP("HygConstructionView", "Split"),  "cell_split" },
-    {"merge",  QT_TRANSLATE_NOOP("HygConstructionView", "Merge"),  "cell_merge" },
-    {"delete", QT_TRANSLATE_NOOP("HygConstructionView", "Delete"), "cell_delete"},
-    {"mirror", QT_TRANSLATE_NOOP("HygConstructionView", "Mirror"), "cell_mirror"},
-};
-
 constexpr int PANEL_CHARS = 56; ///< of which the names of layers have the most
 constexpr int MIN_PANEL_CHARS = 40;
 constexpr int DETAIL_CELLS = 6;
 constexpr double DETAIL_WIDTH = 100; // mm
 
 } // namespace
-
-struct HygConstructionView::ActionRow {
-    const char * name;
-    const char * text;
-    const char * tip;
-    const char * icon;
-    const char * keys;
-    const char * group; ///< whose button offers it; "" stands in the tool bar itself, nullptr only in menus
-    need_t need;
-    bool isChoice;
-    void (*run)(HygConstructionView & view);
-};
-
-// clang-format off
-const HygConstructionView::ActionRow HygConstructionView::ACTIONS[] = {
-    {"addLayer", QT_TRANSLATE_NOOP("HygConstructionView", "Add layer ..."), QT_TRANSLATE_NOOP("HygConstructionView", "Add a layer of a material and thickness"), "layer_add", "Ins", "", NeedsProject, false,
-     [](HygConstructionView & view) { view.addLayer(); }},
-    {"insertLeft", QT_TRANSLATE_NOOP("HygConstructionView", "Insert column to the left"), QT_TRANSLATE_NOOP("HygConstructionView", "New columns like the one on their left, as many as are selected"), "cell_insert", "Ctrl+Shift+Left", "insert", NeedsSelection, false,
-     [](HygConstructionView & view) { view.insertCells(Disc::X, false); }},
-    {"insertRight", QT_TRANSLATE_NOOP("HygConstructionView", "Insert column to the right"), QT_TRANSLATE_NOOP("HygConstructionView", "New columns like the one on their left, as many as are selected"), "cell_insert", "Ctrl+Shift+Right", "insert", NeedsSelection, false,
-     [](HygConstructionView & view) { view.insertCells(Disc::X, true); }},
-    {"insertAbove", QT_TRANSLATE_NOOP("HygConstructionView", "Insert row above"), QT_TRANSLATE_NOOP("HygConstructionView", "New rows like the one below them, as many as are selected"), "cell_insert", "Ctrl+Shift+Up", "insert", NeedsSelection, false,
-     [](HygConstructionView & view) { view.insertCells(Disc::Y, true); }},
-    {"insertBelow", QT_TRANSLATE_NOOP("HygConstructionView", "Insert row below"), QT_TRANSLATE_NOOP("HygConstructionView", "New rows like the one below them, as many as are selected"), "cell_insert", "Ctrl+Shift+Down", "insert", NeedsSelection, false,
-     [](HygConstructionView & view) { view.insertCells(Disc::Y, false); }},
-    {"splitColumns", QT_TRANSLATE_NOOP("HygConstructionView", "Split columns"), QT_TRANSLATE_NOOP("HygConstructionView", "Divide each selected column in two"), "cell_split", "Ctrl+T", "split", NeedsSelection, false,
-     [](HygConstructionView & view) { view.splitCells(Disc::X); }},
-    {"splitRows", QT_TRANSLATE_NOOP("HygConstructionView", "Split rows"), QT_TRANSLATE_NOOP("HygConstructionView", "Divide each selected row in two"), "cell_split", "Ctrl+Shift+T", "split", NeedsSelection, false,
-     [](HygConstructionView & view) { view.splitCells(Disc::Y); }},
-    {"mergeColumns", QT_TRANSLATE_NOOP("HygConstructionView", "Merge columns"), QT_TRANSLATE_NOOP("HygConstructionView", "Make one column of the selected ones; the widest part decides on its material"), "cell_merge", "Ctrl+J", "merge", NeedsSeveralColumns, false,
-     [](HygConstructionView & view) { view.mergeCells(Disc::X); }},
-    {"mergeRows", QT_TRANSLATE_NOOP("HygConstructionView", "Merge rows"), QT_TRANSLATE_NOOP("HygConstructionView", "Make one row of the selected ones; the highest part decides on its material"), "cell_merge", "Ctrl+Shift+J", "merge", NeedsSeveralRows, false,
-     [](HygConstructionView & view) { view.mergeCells(Disc::Y); }},
-    {"deleteColumns", QT_TRANSLATE_NOOP("HygConstructionView", "Delete columns"), QT_TRANSLATE_NOOP("HygConstructionView", "Take the selected columns out; the construction becomes narrower"), "cell_delete", "Ctrl+Del", "delete", NeedsSelection, false,
-     [](HygConstructionView & view) { view.deleteCells(Disc::X); }},
-    {"deleteRows", QT_TRANSLATE_NOOP("HygConstructionView", "Delete rows"), QT_TRANSLATE_NOOP("HygConstructionView", "Take the selected rows out; the construction becomes lower"), "cell_delete", "Ctrl+Shift+Del", "delete", NeedsSelection, false,
-     [](HygConstructionView & view) { view.deleteCells(Disc::Y); }},
-    {"mirrorColumns", QT_TRANSLATE_NOOP("HygConstructionView", "Mirror left and right"), QT_TRANSLATE_NOOP("HygConstructionView", "Reverse the order of the selected columns, of all without a selection"), "cell_mirror", "Ctrl+I", "mirror", NeedsCells, false,
-     [](HygConstructionView & view) { view.mirrorCells(Disc::X); }},
-    {"mirrorRows", QT_TRANSLATE_NOOP("HygConstructionView", "Mirror top and bottom"), QT_TRANSLATE_NOOP("HygConstructionView", "Reverse the order of the selected rows, of all without a selection"), "cell_mirror", "Ctrl+Shift+I", "mirror", NeedsRows, false,
-     [](HygConstructionView & view) { view.mirrorCells(Disc::Y); }},
-    {"columnWidth", QT_TRANSLATE_NOOP("HygConstructionView", "Column width ..."), QT_TRANSLATE_NOOP("HygConstructionView", "Set the width of the selected columns (usually 0.1 mm to 1 m)"), "width", "F2", "", NeedsSelection, false,
-     [](HygConstructionView & view) { const Range range = view.m_canvas->scene().selection.bounds(); view.askWidth(Qt::Horizontal, range.left, range.right); }},
-    {"rowHeight", QT_TRANSLATE_NOOP("HygConstructionView", "Row height ..."), QT_TRANSLATE_NOOP("HygConstructionView", "Set the height of the selected rows (usually 0.1 mm to 1 m)"), "width", "Shift+F2", nullptr, NeedsSelection, false,
-     [](HygConstructionView & view) { const Range range = view.m_canvas->scene().selection.bounds(); view.askWidth(Qt::Vertical, range.bottom, range.top); }},
-    {"discretize", QT_TRANSLATE_NOOP("HygConstructionView", "Automatic discretization ..."), QT_TRANSLATE_NOOP("HygConstructionView", "Divide layers into cells, fine where temperature and moisture change quickly"), "discretize", "Ctrl+D", "", NeedsCells, false,
-     [](HygConstructionView & view) { view.discretize(); }},
-    {"copyCells", QT_TRANSLATE_NOOP("HygConstructionView", "Copy cells"), QT_TRANSLATE_NOOP("HygConstructionView", "Copy what is assigned to the selected cells"), "copy", "Ctrl+C", "", NeedsSelection, false,
-     [](HygConstructionView & view) { view.copyCells(); }},
-    {"cutCells", QT_TRANSLATE_NOOP("HygConstructionView", "Cut cells"), QT_TRANSLATE_NOOP("HygConstructionView", "Copy what is assigned to the selected cells and take it off them"), "cell_delete", "Ctrl+X", nullptr, NeedsSelection, false,
-     [](HygConstructionView & view) { view.cutCells(); }},
-    {"pasteCells", QT_TRANSLATE_NOOP("HygConstructionView", "Paste cells"), QT_TRANSLATE_NOOP("HygConstructionView", "Assign what was copied, from the lower left selected cell on"), "paste", "Ctrl+V", "", NeedsSelection, false,
-     [](HygConstructionView & view) { view.pasteCells(); }},
-    {"clearCells", QT_TRANSLATE_NOOP("HygConstructionView", "Clear cells"), QT_TRANSLATE_NOOP("HygConstructionView", "Take everything off the selected cells"), "clear", "Del", nullptr, NeedsSelection, false,
-     [](HygConstructionView & view) { view.clearCells(); }},
-    {"selectAllCells", QT_TRANSLATE_NOOP("HygConstructionView", "Select all cells"), QT_TRANSLATE_NOOP("HygConstructionView", "Select the whole construction"), nullptr, "Ctrl+A", nullptr, NeedsCells, false,
-     [](HygConstructionView & view) { view.m_canvas->selectAll(); }},
-    {"selectMaterial", QT_TRANSLATE_NOOP("HygConstructionView", "Select cells of this material"), QT_TRANSLATE_NOOP("HygConstructionView", "Select all cells of the material under the last selected cell; in the drawing the key M does the same"), nullptr, "Ctrl+M", nullptr, NeedsSelection, false,
-     [](HygConstructionView & view) { view.m_canvas->selectMaterial(); }},
-    {"zoomFit", QT_TRANSLATE_NOOP("HygConstructionView", "Show all"), QT_TRANSLATE_NOOP("HygConstructionView", "Fit the construction into the window"), "zoom_fit", "Ctrl+0", "", NeedsCells, false,
-     [](HygConstructionView & view) { view.m_canvas->fitAll(); }},
-    {"zoomSelection", QT_TRANSLATE_NOOP("HygConstructionView", "Show selection"), QT_TRANSLATE_NOOP("HygConstructionView", "Zoom to the selected cells"), "zoom_selection", "Ctrl+Shift+0", "", NeedsSelection, false,
-     [](HygConstructionView & view) { view.m_canvas->zoomToSelection(); }},
-    {"zoomIn", QT_TRANSLATE_NOOP("HygConstructionView", "Zoom in"), QT_TRANSLATE_NOOP("HygConstructionView", "Zoom in; the mouse wheel zooms at the pointer"), "zoom_in", "Ctrl++", "", NeedsCells, false,
-     [](HygConstructionView & view) { view.m_canvas->zoomIn(); }},
-    {"zoomOut", QT_TRANSLATE_NOOP("HygConstructionView", "Zoom out"), QT_TRANSLATE_NOOP("HygConstructionView", "Zoom out; the mouse wheel zooms at the pointer"), "zoom_out", "Ctrl+-", "", NeedsCells, false,
-     [](HygConstructionView & view) { view.m_canvas->zoomOut(); }},
-    {"equidistant", QT_TRANSLATE_NOOP("HygConstructionView", "Equal cells"), QT_TRANSLATE_NOOP("HygConstructionView", "Draw all cells alike, so that thin ones can be reached; otherwise to scale"), "equidistant", "Ctrl+E", "", NeedsProject, true,
-     [](HygConstructionView & view) { view.setEquidistant(view.action("equidistant").isChecked()); }},
-    {"gridLines", QT_TRANSLATE_NOOP("HygConstructionView", "Grid lines"), QT_TRANSLATE_NOOP("HygConstructionView", "Draw the borders of the cells"), "gridlines", "Ctrl+G", "", NeedsProject, true,
-     [](HygConstructionView & view) { view.setGridLines(view.action("gridLines").isChecked()); }},
-};
-// clang-format on
 
 HygConstructionView::HygConstructionView(HygProjectHandler * projects, QWidget * parent)
     : QWidget(parent), m_projects(*projects), m_files(HygProjectMaterialFiles::of(*projects)),
@@ -172,7 +84,8 @@ HygConstructionView::HygConstructionView(HygProjectHandler * projects, QWidget *
       m_layerPanel(new HygLayerPanel(*m_editor, *m_canvas, *m_offer, this)),
       m_assignmentPanel(new HygAssignmentPanel(*m_editor, *m_canvas, this)),
       m_hintBar(new HygHintBar(*m_editor, m_canvas->scene(), this)),
-      m_start(new HygConstructionStart(m_canvas->viewport())), m_tools(new QToolBar(this)),
+      m_start(new HygConstructionStart(m_canvas->viewport())),
+      m_actions(std::make_unique<HygConstructionActions>(*this)), m_tools(new QToolBar(this)),
       m_splitter(new QSplitter(this)), m_panels(new QTabWidget(this)), m_planeSlider(new QSlider(Qt::Horizontal, this)),
       m_planeLabel(new QLabel(this)), m_summary(new QLabel(this)), m_message(new HygMessageBar(this)),
       m_switches(new HygChipRow(this)) {
@@ -183,8 +96,9 @@ HygConstructionView::HygConstructionView(HygProjectHandler * projects, QWidget *
     layout->addWidget(m_tools);
     layout->addWidget(m_message);
     layout->addWidget(m_splitter, 1);
-    setUpActions();
-    setUpTools();
+    m_tools->setObjectName(QStringLiteral("constructionTools"));
+    m_tools->setIconSize({20, 20});
+    m_actions->fillTools(*m_tools);
     setUpCanvas();
     m_panels->setObjectName(QStringLiteral("constructionPanels"));
     m_panels->setDocumentMode(true);
@@ -200,6 +114,11 @@ HygConstructionView::HygConstructionView(HygProjectHandler * projects, QWidget *
     setFocusProxy(m_canvas);
     // What was told of the last change is history with the next one.
     connect(&m_projects.undoStack(), &QUndoStack::indexChanged, m_message, &HygMessageBar::clear);
+    connect(&m_projects.undoStack(), &QUndoStack::indexChanged, this, &HygConstructionView::followUndo);
+    connect(m_editor, &HygConstructionEditor::cellsToMove, this, [this](const HygGridMap & map) {
+        m_history.begin(m_canvas->scene().selection);
+        m_history.plan(map);
+    });
     connect(m_editor, &HygConstructionEditor::refused, m_message, &HygMessageBar::showMessage);
     connect(m_editor, &HygConstructionEditor::informed, m_message, &HygMessageBar::showMessage);
     connect(&m_projects, &HygProjectHandler::modified, this, &HygConstructionView::projectModified);
@@ -207,66 +126,7 @@ HygConstructionView::HygConstructionView(HygProjectHandler * projects, QWidget *
     updateScene(true);
 }
 
-void HygConstructionView::setUpActions() {
-    for (const ActionRow & row : ACTIONS) {
-        auto * made = new QAction(this);
-        made->setObjectName(QLatin1String(row.name));
-        made->setShortcut(QKeySequence(QLatin1String(row.keys)));
-        made->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-        made->setCheckable(row.isChoice);
-        if (row.icon != nullptr)
-            made->setIcon(HygIconEngine::icon(QLatin1String(row.icon)));
-        connect(made, &QAction::triggered, this, [this, &row] { row.run(*this); });
-        addAction(made);
-        m_actions[made->objectName()] = made;
-    }
-}
-
-QAction & HygConstructionView::action(const char * name) const {
-    return *m_actions.at(QLatin1String(name));
-}
-
-void HygConstructionView::setUpTools() {
-    m_tools->setObjectName(QStringLiteral("constructionTools"));
-    m_tools->setIconSize({20, 20});
-    std::map<QString, QMenu *> menus;
-    const auto separatorBefore = {QLatin1String("discretize"), QLatin1String("copyCells"), QLatin1String("zoomFit"),
-                                  QLatin1String("equidistant")};
-    for (const ActionRow & row : ACTIONS) {
-        if (row.group == nullptr)
-            continue;
-        QAction & made = action(row.name);
-        if (*row.group == '\0') {
-            if (std::find(separatorBefore.begin(), separatorBefore.end(), made.objectName()) != separatorBefore.end())
-                m_tools->addSeparator();
-            m_tools->addAction(&made);
-            if (made.objectName() == QLatin1String("addLayer")) {
-                static_cast<QToolButton *>(m_tools->widgetForAction(&made))
-                    ->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-                m_tools->addSeparator();
-            }
-            continue;
-        }
-        QMenu *& menu = menus[QLatin1String(row.group)];
-        if (menu == nullptr) {
-            const auto * group = std::find_if(std::begin(GROUPS), std::end(GROUPS), [&](const GroupRow & candidate) {
-                return QLatin1String(candidate.name) == QLatin1String(row.group);
-            });
-            menu = new QMenu(this);
-            auto * button = new QToolButton(m_tools);
-            button->setObjectName(QLatin1String(group->name) + QStringLiteral("Button"));
-            button->setIcon(HygIconEngine::icon(QLatin1String(group->icon)));
-            button->setPopupMode(QToolButton::InstantPopup);
-            button->setMenu(menu);
-            button->setFocusPolicy(Qt::TabFocus);
-            m_tools->addWidget(button);
-            m_groupButtons.emplace_back(button, group->text);
-        }
-        menu->addAction(&made);
-    }
-    for (QToolButton * button : m_tools->findChildren<QToolButton *>())
-        button->setFocusPolicy(Qt::TabFocus);
-}
+HygConstructionView::~HygConstructionView() = default;
 
 void HygConstructionView::setUpCanvas() {
     auto * area = new QWidget(m_splitter);
@@ -339,10 +199,7 @@ void HygConstructionView::setUpCanvas() {
             [this](const QString & path) { assignFile(path, m_canvas->scene().selection.blocks()); });
     connect(m_canvas, &HygConstructionCanvas::menuRequested, this, [this](const QPoint & position) {
         QMenu menu(this);
-        for (const ActionRow & row : ACTIONS)
-            if (row.group == nullptr || *row.group != '\0' || row.need == NeedsSelection)
-                if (action(row.name).isVisible())
-                    menu.addAction(&action(row.name));
+        m_actions->fillMenu(menu);
         menu.exec(position);
     });
     connect(m_hintBar, &HygHintBar::hintsChanged, this, &HygConstructionView::updateMarks);
@@ -370,18 +227,7 @@ void HygConstructionView::setUpCanvas() {
 }
 
 void HygConstructionView::retranslate() {
-    for (const ActionRow & row : ACTIONS) {
-        QAction & made = action(row.name);
-        made.setText(tr(row.text));
-        made.setStatusTip(tr(row.tip));
-        const QString keys = made.shortcut().toString(QKeySequence::NativeText);
-        made.setToolTip(keys.isEmpty() ? tr(row.tip) : tr("%1 (%2)", "tool tip and keys").arg(tr(row.tip), keys));
-    }
-    for (const auto & [button, text] : m_groupButtons) {
-        button->setText(tr(text));
-        button->setToolTip(tr(text));
-        button->setAccessibleName(tr(text));
-    }
+    m_actions->retranslate();
     for (std::size_t n = 0; n < std::size(SWITCH_TEXTS); ++n)
         m_switches->setTexts(n, tr(SWITCH_TEXTS[n]), tr(SWITCH_TIPS[n]));
     for (int n = 0; n < m_panels->count(); ++n)
@@ -411,6 +257,9 @@ void HygConstructionView::projectModified(int code, void *) {
         break;
     }
     const bool isNew = code == HygModification::ProjectReplaced;
+    if (code == HygModification::GridModified || code == HygModification::CellDimensionChanged ||
+        code == HygModification::AssignmentsReplaced)
+        m_history.begin(m_canvas->scene().selection);
     if (isVisible())
         updateScene(isNew);
     else {
@@ -435,8 +284,8 @@ void HygConstructionView::updateScene(bool isNewProject) {
     } catch (const KOR::Exception &) {
         scene.unit = KOR::Unit("mm");
     }
-    action("equidistant").setChecked(scene.isEquidistant);
-    action("gridLines").setChecked(scene.hasGridLines);
+    m_actions->action("equidistant").setChecked(scene.isEquidistant);
+    m_actions->action("gridLines").setChecked(scene.hasGridLines);
     scene.materialProblems = m_files.problems();
     m_canvas->sceneChanged(isNewProject);
     m_layerPanel->updateLayers();
@@ -451,6 +300,22 @@ void HygConstructionView::updateScene(bool isNewProject) {
     m_planeLabel->setVisible(planes > 1 || scene.isRotational());
     updateActions();
     updateSummary();
+}
+
+void HygConstructionView::followUndo() {
+    const auto wanted = m_history.follow(m_projects.undoStack());
+    if (!wanted)
+        return;
+    HygConstructionScene & scene = m_canvas->scene();
+    if (m_isOutdated || scene.project == nullptr) {
+        scene.selection = *wanted; // fitted when the view is shown
+        return;
+    }
+    if (!wanted->empty())
+        m_planeSlider->setValue(static_cast<int>(wanted->blocks().back().back));
+    m_canvas->restore(*wanted);
+    if (!wanted->empty())
+        m_canvas->ensureVisible(scene.selection.bounds());
 }
 
 void HygConstructionView::updateProblems() {
@@ -477,26 +342,8 @@ void HygConstructionView::replaceMaterial(std::size_t index) {
 
 void HygConstructionView::updateActions() {
     const HygConstructionScene & scene = m_canvas->scene();
-    const bool hasProject = scene.project != nullptr;
-    const bool hasCells = hasProject && !scene.isBlank();
-    const bool hasRows = hasCells && scene.cells.ny() > 1;
-    const bool isSelected = hasCells && !scene.selection.empty();
-    const Range range = scene.selection.bounds();
-    for (const ActionRow & row : ACTIONS) {
-        const bool isPossible = row.need == NeedsProject          ? hasProject
-                                : row.need == NeedsCells          ? hasCells
-                                : row.need == NeedsRows           ? hasRows
-                                : row.need == NeedsSelection      ? isSelected
-                                : row.need == NeedsSeveralColumns ? isSelected && range.left < range.right
-                                                                  : isSelected && range.bottom < range.top;
-        action(row.name).setEnabled(isPossible);
-    }
-    // In a detail nobody wants layers, in a stack nobody wants rows.
-    const bool isStack = !hasProject || scene.isStack();
-    for (const char * name :
-         {"insertAbove", "insertBelow", "splitRows", "mergeRows", "deleteRows", "mirrorRows", "rowHeight"})
-        action(name).setVisible(!isStack);
-    action("addLayer").setVisible(isStack);
+    m_actions->update(scene);
+    const bool isStack = scene.project == nullptr || scene.isStack();
     if (m_panels->isTabVisible(0) != isStack) {
         m_panels->setTabVisible(0, isStack);
         m_panels->setCurrentIndex(isStack ? 0 : 1);

@@ -2,10 +2,11 @@
 
 #include "construction/HygConstructionCanvas.h"
 #include "construction/HygConstructionEditor.h"
+#include "construction/HygSelectionHistory.h"
 
 #include <QWidget>
 
-#include <map>
+#include <memory>
 
 namespace QtExt {
 class ValueEdit;
@@ -13,6 +14,7 @@ class ValueEdit;
 class HygAssignPanel;
 class HygAssignmentPanel;
 class HygChipRow;
+class HygConstructionActions;
 class HygConstructionStart;
 class HygHintBar;
 class HygLayerPanel;
@@ -25,13 +27,13 @@ class QSlider;
 class QSplitter;
 class QTabWidget;
 class QToolBar;
-class QToolButton;
 
 /// The view of the construction: drawing, tools, and the panels that change it.
 class HygConstructionView : public QWidget {
     Q_OBJECT
 public:
     explicit HygConstructionView(HygProjectHandler * projects, QWidget * parent = nullptr);
+    ~HygConstructionView() override;
 
     HygConstructionCanvas & canvas() { return *m_canvas; }
     HygConstructionEditor & editor() { return *m_editor; }
@@ -46,16 +48,14 @@ protected:
     bool eventFilter(QObject * watched, QEvent * event) override;
 
 private:
-    struct ActionRow;
-    static const ActionRow ACTIONS[];
-
-    void setUpActions();
-    void setUpTools();
+    friend class HygConstructionActions; // what they do
     void setUpCanvas();
     void retranslate();
     void fitPanels();
     void updateScene(bool isNewProject);
     void updateActions();
+    /// After a step of undo: selects what was selected before it, or what has become of it.
+    void followUndo();
     void updateSummary();
     /// Shows what is known of the files of the materials.
     void updateProblems();
@@ -64,7 +64,6 @@ private:
     void showDefinition(int kind, const QString & name);
     void assignFile(const QString & path, const std::vector<HYGRION::Range> & ranges);
     void projectModified(int code, void * data);
-    QAction & action(const char * name) const;
 
     void insertCells(unsigned int dir, bool isAfter);
     void splitCells(unsigned int dir);
@@ -94,6 +93,7 @@ private:
     HygAssignmentPanel * m_assignmentPanel;
     HygHintBar * m_hintBar;
     HygConstructionStart * m_start;
+    std::unique_ptr<HygConstructionActions> m_actions;
     QToolBar * m_tools;
     QSplitter * m_splitter;
     QTabWidget * m_panels;
@@ -103,8 +103,7 @@ private:
     HygMessageBar * m_message;
     QtExt::ValueEdit * m_widthEdit = nullptr;
     HygChipRow * m_switches;
-    std::map<QString, QAction *> m_actions;
-    std::vector<std::pair<QToolButton *, const char *>> m_groupButtons;
+    HygSelectionHistory m_history;
     bool m_isOutdated = true; ///< the project has changed while the view was hidden
     bool m_isNewProject = true;
 };

@@ -237,8 +237,13 @@ void HygLayerPanel::moveLayer(int layer, int before) {
 void HygLayerPanel::removeLayer() {
     if (!m_remove->isEnabled())
         return;
-    const HygLayerModel::Layer & layer = m_model->layers()[static_cast<std::size_t>(currentLayer())];
+    const auto row = static_cast<std::size_t>(currentLayer());
+    const HygLayerModel::Layer layer = m_model->layers()[row];
     m_editor.removeLayer(layer.first, layer.last);
+    if (!m_model->layers().empty()) {
+        const HygLayerModel::Layer & next = m_model->layers()[std::min(row, m_model->layers().size() - 1)];
+        m_canvas.selectColumns(next.first, next.last);
+    }
 }
 
 bool HygLayerPanel::eventFilter(QObject * watched, QEvent * event) {

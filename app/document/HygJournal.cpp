@@ -142,7 +142,7 @@ void HygJournal::adopt(const Entry & entry) {
 }
 
 void HygJournal::note() {
-    ++m_changes;
+    m_changeDate = QDateTime::currentDateTime();
     if (m_file.isEmpty())
         return;
     m_isPending = true;
@@ -152,12 +152,13 @@ void HygJournal::note() {
 
 std::shared_ptr<HygJournal::Job> HygJournal::makeJob() {
     auto job = std::make_shared<Job>();
+    m_changes = std::max(m_changes, 1);
     job->file = m_file;
     job->head = {
-        {"project",  m_projectFile                                           },
-        {"fileDate", m_fileDate.toString(Qt::ISODateWithMs)                  },
-        {"date",     QDateTime::currentDateTime().toString(Qt::ISODateWithMs)},
-        {"changes",  m_changes                                               },
+        {"project",  m_projectFile                           },
+        {"fileDate", m_fileDate.toString(Qt::ISODateWithMs)  },
+        {"date",     m_changeDate.toString(Qt::ISODateWithMs)},
+        {"changes",  m_changes                               },
     };
     job->project = m_project();
     return job;
@@ -205,7 +206,12 @@ void HygJournal::clear() {
     if (m_file.isEmpty())
         return;
     QFile::remove(m_file);
-    m_fileDate = QFileInfo(m_projectFile).lastModified();
+}
+
+void HygJournal::saved() {
+    clear();
+    if (!m_file.isEmpty())
+        m_fileDate = QFileInfo(m_projectFile).lastModified();
 }
 
 void HygJournal::stop() {

@@ -24,7 +24,7 @@ public:
         QString projectFile;
         QDateTime fileDate;    ///< of the project file when it was read or saved last; invalid if there was none
         QDateTime journalDate; ///< of the last change kept
-        int changes = 0;       ///< since then
+        int changes = 0;       ///< since then, as steps of undo
     };
 
     /// What a change waits until it is written, so that a drag writes once [ms].
@@ -38,15 +38,18 @@ public:
     void start(const QString & directory, const QString & projectFile);
     /// Goes on with the journal of a program that is gone.
     void adopt(const Entry & entry);
-    /// The project has changed once more.
+    /// The project has changed.
     void note();
+    /// How many changes what is kept differs by from the project's file.
+    void setChanges(int changes) { m_changes = changes; }
     /// Nothing is unsaved any more: the file is removed.
     void clear();
+    /// The project's file has been written.
+    void saved();
     /// Ends keeping the project and leaves the file.
     void stop();
     /// Writes at once what is not written yet, on this thread.
     void flush();
-    /// Changes noted since clear().
     int changes() const { return m_changes; }
     QString file() const { return m_file; }
 
@@ -74,6 +77,7 @@ private:
     QString m_file; ///< empty: nothing is kept
     std::unique_ptr<QLockFile> m_lock;
     QDateTime m_fileDate;
+    QDateTime m_changeDate;
     int m_changes = 0;
     bool m_isPending = false; ///< something is not written yet
     bool m_hasFailed = false;

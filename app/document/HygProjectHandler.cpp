@@ -120,6 +120,7 @@ HygProjectHandler::HygProjectHandler(QObject * parent)
       m_journal(new HygJournal([this] { return *m_project; }, this)) {
     instances.push_back(this);
     connect(m_undoStack, &QUndoStack::cleanChanged, this, [this](bool isClean) { setIsModified(!isClean); });
+    connect(m_undoStack, &QUndoStack::indexChanged, this, &HygProjectHandler::countChanges);
     connect(m_journal, &HygJournal::failed, this, &HygProjectHandler::failed);
     m_watchDelay.setSingleShot(true);
     m_watchDelay.setInterval(WATCH_DELAY_MS);
@@ -166,6 +167,17 @@ void HygProjectHandler::setIsModified(bool isModified) {
     if (!isModified)
         m_journal->clear();
     emit modifiedChanged(isModified);
+}
+
+void HygProjectHandler::countChanges() {
+    const int index = m_undoStack->index();
+    const QUndoCommand * last = index > 0 ? m_undoStack->command(index - 1) : nullptr;
+    const int moved = index - std::exchange(m_undoIndex, index);
+    const bool isNew = std::exchange(m_lastCommand, last) != last;
+    if (m_undoStack->cleanIndex() >= 0)
+        m_journal->setChanges(std::abs(index - m_undoStack->cleanIndex()));
+    else // the state of the file lies beyond the history, which may be full
+        m_journal->setChanges(std::max(1, m_journal->changes() + (moved == 0 && isNew ? 1 : moved)));
 }
 
 void HygProjectHandler::fail(const KOR::Exception & story) {
@@ -354,6 +366,7 @@ bool HygProjectHandler::save() {
     takeOverFile(projectFile());
     m_undoStack->setClean();
     setIsModified(false);
+    m_journal->saved(); // the file is another one even if nothing had changed
     emit projectFileChanged(projectFile());
     return true;
 }

@@ -14,6 +14,7 @@
 #include <memory>
 
 class HygProjectLock;
+class QUndoCommand;
 class QUndoStack;
 
 /// Owns the project of the session, its file and the undo stack. Views get the project as const and push commands; what
@@ -122,6 +123,8 @@ private:
     static DiskState diskState(const QString & path);
 
     void setIsModified(bool isModified);
+    /// Tells the journal how many steps of undo lie between the project and its file.
+    void countChanges();
     void replaceProject(std::unique_ptr<HYGRION::Project> project, std::unique_ptr<HygProjectLock> lock);
     std::unique_ptr<HygProjectLock> lockFor(const QString & path) const;
     bool read(const QString & path, bool isReload);
@@ -133,6 +136,8 @@ private:
     QString m_readOnlyReason;
     QUndoStack * m_undoStack;
     unsigned int m_undoLimit = 0;
+    int m_undoIndex = 0;                          ///< as it was counted last
+    const QUndoCommand * m_lastCommand = nullptr; ///< to be compared only: the one before the index
     bool m_isModified = false;
     QString m_journalDirectory;
     HygJournal * m_journal;

@@ -267,15 +267,16 @@ struct RowEdit {
     Range selection;
     std::vector<double> heights; ///< afterwards [mm]
     Range brick;
+    Range selected; ///< afterwards
 };
 TEST_F(HygConstructionGestures, RowsAreEditedLikeColumns) {
     const RowEdit edits[] = {
-        {"insertAbove", {3, 1, 0, 3, 1, 0}, {50, 100, 100, 100, 50},  {2, 0, 0, 5, 2, 0}},
-        {"insertBelow", {3, 1, 0, 3, 1, 0}, {50, 50, 100, 100, 50},   {2, 0, 0, 5, 2, 0}},
-        {"splitRows",   {3, 1, 0, 3, 2, 0}, {50, 50, 50, 50, 50, 50}, {2, 0, 0, 5, 2, 0}},
-        {"mergeRows",   {3, 0, 0, 3, 1, 0}, {150, 100, 50},           {2, 0, 0, 5, 0, 0}},
-        {"deleteRows",  {3, 1, 0, 3, 2, 0}, {50, 50},                 {2, 0, 0, 5, 0, 0}},
-        {"mirrorRows",  {3, 0, 0, 3, 3, 0}, {50, 100, 100, 50},       {2, 2, 0, 5, 3, 0}},
+        {"insertAbove", {3, 1, 0, 3, 1, 0}, {50, 100, 100, 100, 50},  {2, 0, 0, 5, 2, 0}, {3, 2, 0, 3, 2, 0}},
+        {"insertBelow", {3, 1, 0, 3, 1, 0}, {50, 50, 100, 100, 50},   {2, 0, 0, 5, 2, 0}, {3, 1, 0, 3, 1, 0}},
+        {"splitRows",   {3, 1, 0, 3, 2, 0}, {50, 50, 50, 50, 50, 50}, {2, 0, 0, 5, 2, 0}, {3, 1, 0, 3, 4, 0}},
+        {"mergeRows",   {3, 0, 0, 3, 1, 0}, {150, 100, 50},           {2, 0, 0, 5, 0, 0}, {3, 0, 0, 3, 0, 0}},
+        {"deleteRows",  {3, 1, 0, 3, 2, 0}, {50, 50},                 {2, 0, 0, 5, 0, 0}, {3, 1, 0, 3, 1, 0}},
+        {"mirrorRows",  {3, 1, 0, 3, 3, 0}, {50, 50, 100, 100},       {2, 0, 0, 5, 0, 0}, {3, 1, 0, 3, 3, 0}},
     };
     const Project before = project();
     for (const RowEdit & edit : edits) {
@@ -285,8 +286,14 @@ TEST_F(HygConstructionGestures, RowsAreEditedLikeColumns) {
         EXPECT_EQ(project().m_disc.m_ySteps.m_data, edit.heights);
         EXPECT_EQ(project().m_assignments.m_list[1].m_range, edit.brick);
         EXPECT_NO_THROW(project().GUISanityChecks());
+        EXPECT_THAT(selected(), ElementsAre(edit.selected));
+        click(7, 0);
         stack().undo();
         EXPECT_EQ(project(), before);
+        EXPECT_THAT(selected(), ElementsAre(edit.selection)) << "as it was before";
+        stack().redo();
+        EXPECT_THAT(selected(), ElementsAre(edit.selected));
+        stack().undo();
     }
 }
 

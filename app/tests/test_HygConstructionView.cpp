@@ -241,6 +241,7 @@ struct Edit {
     Range selection;
     std::vector<double> widths; ///< of the columns afterwards [mm]
     Range brick;                ///< the cells of the brick afterwards
+    Range selected;             ///< afterwards
     friend void PrintTo(const Edit & row, std::ostream * out) { *out << row.action; }
 };
 class Editing : public ConstructionViewTest, public testing::WithParamInterface<Edit> {};
@@ -262,21 +263,25 @@ TEST_P(Editing, IsOneCommandThatCanBeUndone) {
         EXPECT_EQ(inside->m_range.right + 1, project().m_disc.nx()) << "the surface stays at the end";
     }
     EXPECT_EQ(stack().count(), 1);
+    EXPECT_THAT(selected(), ElementsAre(GetParam().selected));
+    canvas().select({});
     stack().undo();
     EXPECT_EQ(project(), before);
+    EXPECT_THAT(selected(), ElementsAre(GetParam().selection));
 }
-INSTANTIATE_TEST_SUITE_P(Actions, Editing,
-                         testing::Values(
-                             Edit{
-                                 "insertLeft", columns(2, 2), {5, 10, 10, 60, 60, 60, 60, 10, 5},
-                                    columns(3, 6)
+INSTANTIATE_TEST_SUITE_P(
+    Actions, Editing,
+    testing::Values(
+        Edit{
+            "insertLeft", columns(2, 2), {5, 10, 10, 60, 60, 60, 60, 10, 5},
+               columns(3, 6), columns(2, 2)
 },
-                             Edit{"insertRight", columns(7, 7), {5, 10, 60, 60, 60, 60, 10, 5, 5}, columns(2, 5)},
-                             Edit{"splitColumns", columns(2, 3), {5, 10, 30, 30, 30, 30, 60, 60, 10, 5}, columns(2, 7)},
-                             Edit{"mergeColumns", columns(2, 5), {5, 10, 240, 10, 5}, columns(2, 2)},
-                             Edit{"deleteColumns", columns(6, 7), {5, 10, 60, 60, 60, 60}, columns(2, 5)},
-                             Edit{"mirrorColumns", columns(0, 7), {5, 10, 60, 60, 60, 60, 10, 5}, columns(2, 5)}),
-                         [](const auto & row) { return std::string(row.param.action); });
+        Edit{"insertRight", columns(7, 7), {5, 10, 60, 60, 60, 60, 10, 5, 5}, columns(2, 5), columns(8, 8)},
+        Edit{"splitColumns", columns(2, 3), {5, 10, 30, 30, 30, 30, 60, 60, 10, 5}, columns(2, 7), columns(2, 5)},
+        Edit{"mergeColumns", columns(2, 5), {5, 10, 240, 10, 5}, columns(2, 2), columns(2, 2)},
+        Edit{"deleteColumns", columns(6, 7), {5, 10, 60, 60, 60, 60}, columns(2, 5), columns(5, 5)},
+        Edit{"mirrorColumns", columns(0, 7), {5, 10, 60, 60, 60, 60, 10, 5}, columns(2, 5), columns(0, 7)}),
+    [](const auto & row) { return std::string(row.param.action); });
 
 TEST_F(ConstructionViewTest, WidthIsTypedOverTheRuler) {
     open(wall());

@@ -26,6 +26,21 @@ int editUntilKilled(const char * mode, const char * folder) {
         return 1;
     const bool saves = std::string_view(mode) == "save";
     int number = 0;
+    if (std::string_view(mode) == "once") { // saved although nothing had changed, then changed in one step of three
+        if (!projects.save())
+            return 3;
+        const auto describe = [&](const char * text) {
+            projects.undoStack().push(new HygUndoProjectDescription("Describe", text));
+        };
+        describe("gone again");
+        projects.undoStack().undo();
+        projects.undoStack().beginMacro("Describe");
+        for (const char * text : {"1", "2", "3"})
+            describe(text);
+        projects.undoStack().endMacro();
+        std::cout << "\n1 " << QDateTime::currentMSecsSinceEpoch() << std::endl;
+        return QCoreApplication::exec();
+    }
     QTimer timer;
     timer.setSingleShot(true); // saving runs an event loop of its own
     QObject::connect(&timer, &QTimer::timeout, [&] {
@@ -117,6 +132,61 @@ TEST_F(Recovery, AnEditorKilledWhileEditingLosesAtMostTwoSeconds) {
     }
     std::cout << "work lost at most: " << worst << " ms\n";
     EXPECT_LE(worst, 2000);
+}
+
+TEST_F(Recovery, AKilledEditorLeavesTheTrueNumberAndDatesOfItsChanges) {
+    const QString file = path("wall.h6p");
+    ASSERT_TRUE(m_projects.createProject(file));
+    m_projects.closeProject();
+    {
+        QFile old(file);
+        ASSERT_TRUE(old.open(QIODevice::ReadWrite));
+        ASSERT_TRUE(old.setFileTime(QDateTime::currentDateTime().addSecs(-3600), QFileDevice::FileModificationTime));
+    }
+    const auto changes = workOfAKilledEditor("once", 1000);
+    const auto entries = HygJournal::orphans(journals(), file);
+    ASSERT_EQ(entries.size(), 1u);
+    EXPECT_EQ(entries[0].changes, 1);
+    EXPECT_EQ(entries[0].fileDate, QFileInfo(file).lastModified()) << "as it was saved, not as it was opened";
+    EXPECT_NEAR(static_cast<double>(entries[0].journalDate.toMSecsSinceEpoch()), static_cast<double>(changes[0].time),
+                150)
+        << "of the change, not of the writing";
+    HygRecoveryDialog dialog(entries, nullptr);
+    EXPECT_THAT(dialog.findChild<QLabel *>("hint")->text().toStdString(),
+                testing::Not(testing::HasSubstr("was saved again")));
+
+    // What is changed further on counts on, back as well as forth.
+    ASSERT_TRUE(m_projects.openRecovered(entries[0]));
+    const auto told = [&] {
+        m_projects.keepForRecovery();
+        const QString journal = QDir(journals()).entryInfoList({"*.h6j"}, QDir::Files).at(0).absoluteFilePath();
+        const std::string content = KOR::readFile(journal.toStdString(), 1 << 20);
+        return std::atoi(content.c_str() + content.find("\"changes\":") + 10);
+    };
+    change("4");
+    change("5");
+    EXPECT_EQ(told(), 3);
+    m_projects.undoStack().undo();
+    EXPECT_EQ(told(), 2);
+    ASSERT_TRUE(m_projects.save());
+    change("6");
+    EXPECT_EQ(told(), 1);
+    // Another program writes the file: going back to what was saved does not make that known.
+    write("wall.h6p", KOR::readFile(file.toStdString(), 1 << 20) + "\n");
+    const QDateTime ours = QFileInfo(file).lastModified();
+    m_projects.undoStack().undo();
+    {
+        QFile later(file);
+        ASSERT_TRUE(later.open(QIODevice::ReadWrite));
+        ASSERT_TRUE(later.setFileTime(ours.addSecs(60), QFileDevice::FileModificationTime));
+    }
+    m_projects.undoStack().redo();
+    m_projects.keepForRecovery();
+    const QString journal = QDir(journals()).entryInfoList({"*.h6j"}, QDir::Files).at(0).absoluteFilePath();
+    EXPECT_THAT(KOR::readFile(journal.toStdString(), 1 << 20),
+                testing::Not(testing::HasSubstr(ours.addSecs(60).toString(Qt::ISODateWithMs).toStdString())));
+    m_projects.undoStack().undo();
+    m_projects.closeProject();
 }
 
 TEST_F(Recovery, AnEditorKilledWhileSavingLeavesTheOldFileOrTheNew) {
