@@ -5433,10 +5433,6 @@ Doppelklick wählt ein anderes Material.</translation>
         <translation>Die gemessene Spalte „%1“ hat die Einheit „%2“, die zu keiner Achse passt.</translation>
     </message>
     <message>
-        <source>The file holds no complete record yet.</source>
-        <translation>Die Datei enthält noch keinen vollständigen Datensatz.</translation>
-    </message>
-    <message>
         <source>Not everything can be shown.</source>
         <translation>Nicht alles kann gezeigt werden.</translation>
     </message>
@@ -5455,6 +5451,18 @@ Doppelklick wählt ein anderes Material.</translation>
     <message>
         <source>, above %1 in %2 % of the extent</source>
         <translation>, über %1 auf %2 % der Ausdehnung</translation>
+    </message>
+    <message>
+        <source>Nothing has been written into this file yet.</source>
+        <translation>In diese Datei ist noch nichts geschrieben worden.</translation>
+    </message>
+    <message>
+        <source>Reading…</source>
+        <translation>Wird gelesen…</translation>
+    </message>
+    <message>
+        <source>The file holds no values that could be drawn.</source>
+        <translation>Die Datei enthält keine Werte, die gezeichnet werden könnten.</translation>
     </message>
 </context>
 <context>
@@ -5478,6 +5486,10 @@ Doppelklick wählt ein anderes Material.</translation>
     <message>
         <source>The geometry file &apos;%1&apos; cannot be read; places are unknown.</source>
         <translation>Die Geometriedatei „%1“ kann nicht gelesen werden; die Orte sind unbekannt.</translation>
+    </message>
+    <message>
+        <source>place %1</source>
+        <translation>Stelle %1</translation>
     </message>
 </context>
 <context>
@@ -5513,6 +5525,29 @@ Doppelklick wählt ein anderes Material.</translation>
     <message>
         <source>cannot be read</source>
         <translation>nicht lesbar</translation>
+    </message>
+    <message>
+        <source>course</source>
+        <translation>Verlauf</translation>
+    </message>
+    <message>
+        <source>volume</source>
+        <translation>Körper</translation>
+    </message>
+    <message>
+        <source>field</source>
+        <translation>Feld</translation>
+    </message>
+    <message>
+        <source>profile</source>
+        <translation>Profil</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n time(s)</source>
+        <translation>
+            <numerusform>%n Zeitpunkt</numerusform>
+            <numerusform>%n Zeitpunkte</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -5800,6 +5835,22 @@ Doppelklick wählt ein anderes Material.</translation>
     <message>
         <source>Remove measured values</source>
         <translation>Messwerte entfernen</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>The layout &apos;%1&apos; has been replaced.</source>
+        <translation>Die Ansicht „%1“ wurde ersetzt.</translation>
+    </message>
+    <message>
+        <source>Remove the layout &apos;%1&apos;?</source>
+        <translation>Die Ansicht „%1“ entfernen?</translation>
+    </message>
+    <message>
+        <source>The layout &apos;%1&apos; has been removed.</source>
+        <translation>Die Ansicht „%1“ wurde entfernt.</translation>
     </message>
 </context>
 <context>

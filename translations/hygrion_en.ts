@@ -141,6 +141,16 @@
     </message>
 </context>
 <context>
+    <name>HygResultTree</name>
+    <message numerus="yes">
+        <source>%n time(s)</source>
+        <translation>
+            <numerusform>%n time</numerusform>
+            <numerusform>%n times</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>HygRunLive</name>
     <message numerus="yes">
         <source>%n files</source>

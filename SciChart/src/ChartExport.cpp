@@ -49,7 +49,17 @@ std::string cell(double value) {
 /// Rows of cells, with a bound on their size.
 class Csv {
 public:
-    explicit Csv(char separator) : m_separator(separator) {}
+    /// \param always what stands in front of each row, below its title
+    Csv(char separator, const std::optional<std::pair<QString, double>> & always)
+        : m_separator(separator), m_always(always) {}
+    void startHeader() {
+        if (m_always)
+            add(m_always->first);
+    }
+    void startRow() {
+        if (m_always)
+            add(m_always->second);
+    }
     void add(const QString & text) { addCell(cell(text, m_separator)); }
     void add(double value) { addCell(cell(value)); }
     void endRow() {
@@ -68,11 +78,15 @@ private:
         m_text += text;
     }
     char m_separator;
+    std::optional<std::pair<QString, double>> m_always;
     bool m_isFirst = true;
     std::string m_text;
 };
 
-QString header(const Table & table, const QString & quantity) {
+/// \param unit with its brackets
+QString header(const Table & table, const QString & quantity, const QString & unit) {
+    if (!table.column.isEmpty())
+        return unit.isEmpty() ? table.column : table.column + ' ' + unit;
     return table.title.isEmpty() || quantity.startsWith(table.title) ? quantity
                                                                      : table.title + QStringLiteral(": ") + quantity;
 }
@@ -88,6 +102,7 @@ bool haveSameX(const Table & a, const Table & b) {
 
 /// Series with the same x share one column of it; others have their own.
 void writePoints(Csv & csv, const std::vector<Table> & tables) {
+    csv.startHeader();
     std::vector<bool> hasX;
     std::size_t rows = 0;
     for (std::size_t k = 0; k < tables.size(); ++k) {
@@ -95,10 +110,11 @@ void writePoints(Csv & csv, const std::vector<Table> & tables) {
         rows = std::max(rows, tables[k].points->count());
         if (hasX.back())
             csv.add(tables[k].xHeader);
-        csv.add(header(tables[k], tables[k].yHeader));
+        csv.add(header(tables[k], tables[k].yHeader, tables[k].unit));
     }
     csv.endRow();
     for (std::size_t i = 0; i < rows; ++i) {
+        csv.startRow();
         for (std::size_t k = 0; k < tables.size(); ++k) {
             const bool isThere = i < tables[k].points->count();
             const double none = std::numeric_limits<double>::quiet_NaN();
@@ -112,12 +128,14 @@ void writePoints(Csv & csv, const std::vector<Table> & tables) {
 
 /// A row a cell: its centre and its value.
 void writeGrid(Csv & csv, const Table & table) {
-    for (const QString & text : {table.xHeader, table.yHeader, header(table, table.valueHeader)})
+    csv.startHeader();
+    for (const QString & text : {table.xHeader, table.yHeader, header(table, table.valueHeader, table.unit)})
         csv.add(text);
     csv.endRow();
     const GridModel & grid = *table.grid;
     for (std::size_t j = 0; j < grid.rows(); ++j)
         for (std::size_t i = 0; i < grid.columns(); ++i) {
+            csv.startRow();
             csv.add(table.xUnit.shown((grid.xEdge(i) + grid.xEdge(i + 1)) / 2));
             csv.add(table.yUnit.shown((grid.yEdge(j) + grid.yEdge(j + 1)) / 2));
             csv.add(table.valueUnit.shown(grid.value(i, j)));
@@ -126,13 +144,15 @@ void writeGrid(Csv & csv, const Table & table) {
 }
 
 void writeVectors(Csv & csv, const Table & table) {
+    csv.startHeader();
     csv.add(table.xHeader);
     csv.add(table.yHeader);
     for (const char * part : {" (x)", " (y)"})
-        csv.add(header(table, table.valueHeader) + QLatin1String(part));
+        csv.add(header(table, table.valueHeader, table.unit) + QLatin1String(part));
     csv.endRow();
     const VectorModel & vectors = *table.vectors;
     for (std::size_t i = 0; i < vectors.count(); ++i) {
+        csv.startRow();
         csv.add(table.xUnit.shown(vectors.x(i)));
         csv.add(table.yUnit.shown(vectors.y(i)));
         csv.add(vectors.xPart(i));
@@ -161,7 +181,7 @@ void checkSize(const QSize & size, double scale) {
 
 std::string Chart::csv(char separator) const {
     std::vector<Table> points;
-    Csv csv(separator);
+    Csv csv(separator, constantColumn());
     const std::vector<Table> all = tables();
     for (const Table & table : all)
         if (table.points != nullptr)

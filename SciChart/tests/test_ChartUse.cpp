@@ -63,6 +63,47 @@ protected:
     QWidget * canvas;
 };
 
+TEST_F(ChartUse, SaysWhyNothingIsDrawnAndDrawsNoAxesThen) {
+    chart.setPlaceholder("Nothing yet");
+    EXPECT_EQ(chart.placeholder(), "");
+    const QImage drawn = chart.image({400, 300});
+    chart.remove(Chart::ALL);
+    chart.addBand(SCI::X_BOTTOM, 0, 0.05, "Layer");
+    EXPECT_EQ(chart.placeholder(), "Nothing yet");
+    const QImage empty = chart.image({400, 300});
+    const auto hasInk = [&empty](const QRect & part) {
+        for (int row = part.top(); row <= part.bottom(); ++row)
+            for (int column = part.left(); column <= part.right(); ++column)
+                if (empty.pixel(column, row) != empty.pixel(0, 0))
+                    return true;
+        return false;
+    };
+    EXPECT_FALSE(hasInk({0, 0, 60, 300})); // numbers of the left axis
+    EXPECT_TRUE(hasInk({150, 130, 100, 40}));
+    chart.setPlaceholder({});
+    EXPECT_NE(chart.image({400, 300}), empty);
+}
+
+TEST_F(ChartUse, TablesNameColumnsAndWhatHoldsForAllRows) {
+    SCI::LineStyle style;
+    style.title = "Second";
+    style.column = "Dew point of Second";
+    chart.addLine(std::make_shared<SCI::ArrayModel>(x, y), style);
+    chart.setConstantColumn("Time [d]", 0.25);
+    EXPECT_EQ(chart.csv().substr(0, chart.csv().find('\n')),
+              "Time [d],Width [mm],First: Temperature [°C],Dew point of Second [°C]");
+    EXPECT_THAT(chart.csv(), testing::HasSubstr("\n0.25,50,20,20\n"));
+}
+
+TEST_F(ChartUse, UnitsOfLongTitlesAreNotCutOff) {
+    chart.resize(300, 160);
+    chart.setAxis(SCI::Y_LEFT, {"A quantity with a name that is longer than the chart is high", "K", "C"});
+    EXPECT_TRUE(chart.axisText(SCI::Y_LEFT).endsWith("… [°C]"));
+    EXPECT_THAT(chart.csv(), testing::HasSubstr("longer than the chart is high [°C]"));
+    chart.resize(900, 900);
+    EXPECT_TRUE(chart.axisText(SCI::Y_LEFT).endsWith("high [°C]"));
+}
+
 TEST_F(ChartUse, WheelZoomsAtItsPlace) {
     wheel(*canvas, at(0, 1), 1);
     expectRange(SCI::X_BOTTOM, 0, 80);

@@ -17,6 +17,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QLabel>
+#include <QSpinBox>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -112,7 +113,7 @@ private:
         static char name[] = "bench_hygapp";
         static char * argv[] = {name, nullptr};
         if (QCoreApplication::instance() == nullptr)
-            static HygDebugApplication application(argc, argv);
+            new HygDebugApplication(argc, argv); // outlives all that is static
         static HygSettings settings{"KOR", "Hygrion benchmark"};
         return settings;
     }
@@ -184,6 +185,36 @@ void firstChart(benchmark::State & state) {
     state.counters["memory [MB]"] = memory;
 }
 BENCHMARK(firstChart)->DenseRange(Field, Course)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
+
+/// From the choice of another place to its painted course, out of records of 100,000 values, and until it is complete.
+void courseOfAPlace(benchmark::State & state) {
+    Bench & bench = Bench::instance();
+    double complete = 0;
+    bool isThere = true;
+    int place = 1;
+    for (auto _ : state) {
+        const QString path = bench.path(Field);
+        View shown(bench);
+        shown.view.tree().choose({path});
+        isThere = QTest::qWaitFor([&] { return shown.view.chart().isComplete(); }, MAX_MS) && isThere;
+        shown.view.findChild<QComboBox *>("chartMode")->setCurrentIndex(1);
+        isThere = QTest::qWaitFor([&] { return shown.view.chart().isComplete(); }, MAX_MS) && isThere;
+        bench.path(Field); // out of memory again
+        auto & figures = *shown.view.findChild<QLabel *>("statistics");
+        QElapsedTimer timer;
+        timer.start();
+        shown.view.findChild<QSpinBox *>("place")->setValue(place += 30011);
+        isThere = QTest::qWaitFor([&] { return !figures.text().isEmpty(); }, MAX_MS) && isThere;
+        shown.paint();
+        state.SetIterationTime(1e-9 * static_cast<double>(timer.nsecsElapsed()));
+        isThere = QTest::qWaitFor([&] { return shown.view.chart().isComplete(); }, MAX_MS) && isThere;
+        complete = std::max(complete, 1e-9 * static_cast<double>(timer.nsecsElapsed()));
+    }
+    if (!isThere)
+        state.SkipWithError("the chart does not come up");
+    state.counters["complete [s]"] = complete;
+}
+BENCHMARK(courseOfAPlace)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
 
 /// Pictures a second while the time bar is moved to and fro.
 void timeBarMoved(benchmark::State & state) {

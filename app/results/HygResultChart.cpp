@@ -20,6 +20,7 @@
 #include <QThreadPool>
 
 #include <cmath>
+#include <set>
 
 using HygResultModels::Arrows;
 using HygResultModels::Field;
@@ -29,7 +30,6 @@ namespace {
 
 constexpr quint64 READ_AT_ONCE = 1 << 20; ///< [bytes] smaller files are read without another thread
 constexpr quint64 LOOK_FIRST = 32 << 20;  ///< [bytes] of larger ones a quick look is shown first
-constexpr std::size_t RANGE_SAMPLES = 12; ///< records from which the range of a field is guessed
 constexpr QSize MIN_CHART(200, 100);
 constexpr double CUT_SHARE = 0.35;
 constexpr int SHARE_DIGITS = 4;
@@ -61,7 +61,7 @@ int directionOf(const HygResultFile & file) {
 
 HygResultChart::HygResultChart(QWidget * parent)
     : QWidget(parent), m_chart(new SCI::Chart(this)), m_cutChart(new SCI::Chart(this)),
-      m_splitter(new QSplitter(Qt::Vertical, this)) {
+      m_scale(new HygResultScale(this)), m_splitter(new QSplitter(Qt::Vertical, this)) {
     m_chart->setObjectName(QStringLiteral("resultChart"));
     m_cutChart->setObjectName(QStringLiteral("cutChart"));
     m_chart->setMinimumSize(MIN_CHART);
@@ -77,6 +77,13 @@ HygResultChart::HygResultChart(QWidget * parent)
     auto * layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_splitter);
+    for (const SCI::Chart * chart : {m_chart, m_cutChart})
+        connect(chart, &SCI::Chart::refreshed, this, &HygResultChart::alignCut);
+    connect(m_scale, &HygResultScale::scanned, this, [this] {
+        applyRanges();
+        showLimit();
+        emit shown();
+    });
 }
 
 HygResultChart::~HygResultChart() {
@@ -87,8 +94,7 @@ void HygResultChart::setFiles(Files files) {
     if (files.size() > MAX_FILES)
         files.resize(MAX_FILES);
     m_files = std::move(files);
-    for (SCI::Range & seen : m_seen)
-        seen = HygResultFile::NOTHING_SEEN;
+    m_scale->clear();
     m_timeIndex = 0;
     m_isNewView = true;
     rebuild();
@@ -161,8 +167,10 @@ void HygResultChart::rebuild() {
         for (SCI::Chart * chart : {m_chart, m_cutChart})
             chart->resetView();
     }
+    m_chart->setTitle({});
+    m_chart->setConstantColumn({});
+    showPlaceholder();
     if (m_files.empty()) {
-        m_chart->setTitle(m_emptyText);
         for (const SCI::axis_t axis : {SCI::X_BOTTOM, SCI::Y_LEFT})
             m_chart->setAxis(axis, {});
         emit shown();
@@ -190,13 +198,22 @@ void HygResultChart::rebuild() {
     if (!m_hasValueRange)
         applyRanges();
     showLimit();
+    showPlaceholder();
     emit shown();
 }
 
 void HygResultChart::setEmptyText(const QString & text) {
     m_emptyText = text;
-    if (m_files.empty())
-        m_chart->setTitle(text);
+    showPlaceholder();
+}
+
+void HygResultChart::showPlaceholder() {
+    const bool isWritten =
+        std::any_of(m_files.begin(), m_files.end(), [](const auto & file) { return file->timeCount() > 0; });
+    m_chart->setPlaceholder(m_files.empty() ? m_emptyText
+                            : !isWritten    ? tr("Nothing has been written into this file yet.")
+                            : m_pending > 0 ? tr("Reading…")
+                                            : tr("The file holds no values that could be drawn."));
 }
 
 QString HygResultChart::timeText(double seconds, int startYear) {
@@ -253,17 +270,28 @@ HygResultChart::Drawn & HygResultChart::addLine(const std::shared_ptr<HygResultF
         drawn.humidity = humidityOf(*file);
     SCI::LineStyle style;
     style.yAxis = axis;
-    style.title = isDewPoint ? tr("Dew point of %1").arg(file->name()) : file->name();
-    // Files of the same name from several projects are told apart.
-    const bool isAmbiguous = std::count_if(m_files.begin(), m_files.end(),
-                                           [&file](const auto & other) { return other->name() == file->name(); }) > 1;
-    if (isAmbiguous)
-        style.title += " (" + QFileInfo(file->path()).dir().path().section('/', -2, -2) + ')';
+    style.title = style.column = isDewPoint ? tr("Dew point of %1").arg(label(*file)) : label(*file);
     if (isDewPoint)
         style.pen = Qt::DashLine;
     drawn.id = m_chart->addLine(drawn.line, style);
     m_drawn.push_back(std::move(drawn));
     return m_drawn.back();
+}
+
+QString HygResultChart::label(const HygResultFile & file) const {
+    QString text = file.name();
+    // Files of the same name from several projects are told apart.
+    const bool isAmbiguous = std::count_if(m_files.begin(), m_files.end(),
+                                           [&file](const auto & other) { return other->name() == file.name(); }) > 1;
+    if (isAmbiguous)
+        text += " (" + QFileInfo(file.path()).dir().path().section('/', -2, -2) + ')';
+    if (isOverTime() && file.valueCount() > 1)
+        text += ", " + placeText(file);
+    return text;
+}
+
+QString HygResultChart::placeText(const HygResultFile & file) const {
+    return file.placeText(std::min(m_options.place, std::max<std::size_t>(1, file.valueCount()) - 1));
 }
 
 std::shared_ptr<HygResultFile> HygResultChart::humidityOf(const HygResultFile & temperature) const {
@@ -303,9 +331,12 @@ void HygResultChart::buildCourses() {
     setTimeAxis();
     m_chart->setAxis(SCI::Y_LEFT, {QString::fromStdString(m_files[0]->header().quantity), unitName(m_leftUnit),
                                    unitName(shownUnit())});
-    const HygResultFile & first = *m_files[0];
-    m_chart->setTitle(first.valueCount() > 1 ? first.placeText(std::min(m_options.place, first.valueCount() - 1))
-                                             : QString());
+    // What is common to all stands above; each line tells its own place in the legend.
+    std::set<QString> places;
+    for (const auto & file : m_files)
+        places.insert(file->valueCount() > 1 ? placeText(*file) : QString());
+    if (places.size() == 1)
+        m_chart->setTitle(*places.begin());
     for (const auto & file : m_files)
         if (const auto axis = axisFor(*file)) {
             addLine(file, *axis, false);
@@ -382,6 +413,7 @@ void HygResultChart::takeCourse(int generation, std::size_t index, bool isLast, 
     }
     m_chart->dataChanged(drawn.id);
     showLimit();
+    showPlaceholder();
     emit shown();
 }
 
@@ -391,7 +423,7 @@ void HygResultChart::buildProfiles() {
     m_chart->setAxis(SCI::X_BOTTOM, {QLatin1String(NAMES[direction]), QStringLiteral("m"), QStringLiteral("mm")});
     m_chart->setAxis(SCI::Y_LEFT, {QString::fromStdString(m_files[0]->header().quantity), unitName(m_leftUnit),
                                    unitName(shownUnit())});
-    addLayers();
+    addLayers(*m_chart, direction, m_files[0]->cell(0));
     for (const auto & file : m_files) {
         if (file->format() != m_files[0]->format()) {
             complain(tr("%1 is not shown: its values do not lie along the same line.").arg(file->name()));
@@ -413,16 +445,14 @@ void HygResultChart::buildProfiles() {
         for (std::size_t i = 0; i < drawn.file->valueCount(); ++i)
             drawn.line->xs.push_back(drawn.file->place(i)[static_cast<std::size_t>(direction)]);
     }
-    sampleRange(*m_files[0]);
+    findRange();
 }
 
-void HygResultChart::addLayers() {
-    const HygResultFile & file = *m_files[0];
-    const DATAIO::GeoFile & geometry = *file.geometry();
-    const auto direction = static_cast<std::size_t>(directionOf(file));
-    const std::vector<double> & edges = geometry.boundaries(static_cast<int>(direction));
-    // The cells of the line on which the profile lies.
-    const auto start = file.cell(0);
+void HygResultChart::addLayers(SCI::Chart & chart, int along, const std::array<std::uint32_t, 3> & start) {
+    const DATAIO::GeoFile & geometry = *m_files[0]->geometry();
+    const auto direction = static_cast<std::size_t>(along);
+    const std::vector<double> & edges = geometry.boundaries(along);
+    // The cells of the line.
     std::vector<const DATAIO::GeoFile::Material *> materials(edges.size() - 1, nullptr);
     for (const auto & element : geometry.m_elements) {
         const std::array<std::uint32_t, 3> cell{element.i, element.j, element.k};
@@ -438,8 +468,8 @@ void HygResultChart::addLayers() {
         while (last + 1 < materials.size() && materials[last + 1] == materials[first])
             ++last;
         if (materials[first] != nullptr)
-            m_chart->addBand(SCI::X_BOTTOM, edges[first], edges[last + 1],
-                             QString::fromStdString(materials[first]->name), isShaded);
+            chart.addBand(SCI::X_BOTTOM, edges[first], edges[last + 1], QString::fromStdString(materials[first]->name),
+                          isShaded);
         isShaded = !isShaded;
         first = last + 1;
     }
@@ -457,6 +487,7 @@ void HygResultChart::buildField() {
                      {QString::fromStdString(file->header().quantity), unitName(m_leftUnit), unitName(shownUnit())});
     m_field->setValues(file->values(0));
     SCI::GridStyle style;
+    style.column = label(*file);
     style.isSmooth = m_options.isSmooth;
     style.hasIsolines = m_options.hasIsolines;
     style.map = isTemperature(*file) ? SCI::ColorMap::HEAT
@@ -475,7 +506,7 @@ void HygResultChart::buildField() {
             m_arrows = std::make_shared<Arrows>(*other, m_options.normal, m_options.plane);
             m_arrows->setValues(other->values(0));
             SCI::VectorStyle arrows;
-            arrows.title = other->name();
+            arrows.title = arrows.column = label(*other);
             arrows.unit = unitName(other->valueUnit());
             Drawn second;
             second.file = other;
@@ -486,7 +517,7 @@ void HygResultChart::buildField() {
         if (other != file && other != m_arrowFile)
             complain(tr("%1 is not shown: a chart holds one field and the arrows of one flux.").arg(other->name()));
     buildCut();
-    sampleRange(*file);
+    findRange();
 }
 
 void HygResultChart::buildCut() {
@@ -501,11 +532,39 @@ void HygResultChart::buildCut() {
                                         QStringLiteral("m"), QStringLiteral("mm")});
     m_cutChart->setAxis(SCI::Y_LEFT, {QString::fromStdString(m_files[0]->header().quantity), unitName(m_leftUnit),
                                       unitName(shownUnit())});
-    m_cutChart->addLine(m_cutLine, {});
+    // The cells along the cut.
+    std::array<std::uint32_t, 3> start = m_files[0]->cell(0);
+    if (m_files[0]->format() == HygResultFile::Format::VOLUME)
+        start[static_cast<std::size_t>(m_options.normal)] = static_cast<std::uint32_t>(m_options.plane);
+    start[static_cast<std::size_t>(isAlongX ? plane.vertical : plane.horizontal)] =
+        static_cast<std::uint32_t>(cutIndex());
+    addLayers(*m_cutChart, isAlongX ? plane.horizontal : plane.vertical, start);
+    SCI::LineStyle style;
+    style.column = label(*m_files[0]);
+    m_cutChart->addLine(m_cutLine, style);
     m_cutChart->show();
-    const std::vector<double> & across = isAlongX ? plane.yEdges : plane.xEdges;
-    const double position = across.front() + m_options.cutPlace * (across.back() - across.front());
-    m_cutMark = m_chart->addThreshold(isAlongX ? SCI::Y_LEFT : SCI::X_BOTTOM, position, tr("Cut"));
+    m_chart->addThreshold(isAlongX ? SCI::Y_LEFT : SCI::X_BOTTOM, cutPosition(), tr("Cut"));
+}
+
+double HygResultChart::cutPosition() const {
+    const std::vector<double> & across = m_options.cut == AlongX ? m_field->plane.yEdges : m_field->plane.xEdges;
+    return across.front() + m_options.cutPlace * (across.back() - across.front());
+}
+
+std::size_t HygResultChart::cutIndex() const {
+    const std::vector<double> & across = m_options.cut == AlongX ? m_field->plane.yEdges : m_field->plane.xEdges;
+    return static_cast<std::size_t>(std::upper_bound(across.begin() + 1, across.end() - 1, cutPosition()) -
+                                    across.begin()) -
+           1;
+}
+
+void HygResultChart::alignCut() {
+    if (!m_cutLine || std::exchange(m_isAligning, true))
+        return;
+    if (m_options.cut == AlongX && m_chart->axis(SCI::X_BOTTOM).unit() == m_cutChart->axis(SCI::X_BOTTOM).unit())
+        m_cutChart->setRange(SCI::X_BOTTOM, m_chart->range(SCI::X_BOTTOM)); // below the same places
+    SCI::Chart::align(*m_chart, *m_cutChart, m_chart->size(), m_cutChart->size());
+    m_isAligning = false;
 }
 
 void HygResultChart::addLimits() {
@@ -560,62 +619,22 @@ void HygResultChart::complain(const QString & problem) {
         m_problems << problem;
 }
 
-void HygResultChart::include(double value, bool isRight) {
-    if (!std::isfinite(value))
-        return;
-    SCI::Range & seen = m_seen[isRight ? 1 : 0];
-    seen.from = std::min(seen.from, value);
-    seen.to = std::max(seen.to, value);
-}
-
-void HygResultChart::sampleRange(HygResultFile & file) {
-    const std::size_t count = file.timeCount();
-    for (std::size_t s = 0; s < std::min(count, RANGE_SAMPLES); ++s) {
-        const std::size_t index = count <= RANGE_SAMPLES ? s : s * (count - 1) / (RANGE_SAMPLES - 1);
-        for (const double value : file.values(index))
-            include(m_field && m_field->plane.ofCell.empty() ? std::abs(value) : value);
+void HygResultChart::findRange() {
+    const bool isAmount = m_field && m_field->plane.ofCell.empty();
+    m_scale->sample(*m_files[0], isAmount);
+    for (const Drawn & drawn : m_drawn) {
+        if (m_field && (drawn.file != m_files[0] || isAmount))
+            continue; // of arrows their amounts count, which the samples tell well enough
+        m_scale->scan(*drawn.file, drawn.humidity ? drawn.humidity->path() : QString(), drawn.unit,
+                      drawn.unit != m_leftUnit);
     }
-    for (std::size_t i = 0; i < m_drawn.size(); ++i)
-        requestRange(i);
-}
-
-void HygResultChart::requestRange(std::size_t index) {
-    const Drawn & drawn = m_drawn[index];
-    if (m_field && (drawn.file != m_files[0] || m_field->plane.ofCell.empty()))
-        return; // of arrows their amounts count, which the samples tell well enough
-    const QString path = drawn.file->path();
-    const QString humidity = drawn.humidity ? drawn.humidity->path() : QString();
-    const KOR::Unit unit = drawn.unit;
-    const bool isRight = unit != m_leftUnit;
-    const auto take = [this, isRight](const SCI::Range & range) {
-        include(range.from, isRight);
-        include(range.to, isRight);
-    };
-    if (static_cast<quint64>(QFileInfo(path).size()) <= READ_AT_ONCE)
-        return take(HygResultFile::readRange(path, humidity, unit, {}));
-    ++m_pending;
-    const QPointer<HygResultChart> self(this);
-    QThreadPool::globalInstance()->start([self, take, current = m_generation, generation = m_generation->load(), path,
-                                          humidity, unit] {
-        const SCI::Range range =
-            HygResultFile::readRange(path, humidity, unit, [&current, generation] { return *current != generation; });
-        QMetaObject::invokeMethod(QCoreApplication::instance(), [self, take, generation, range] {
-            if (self == nullptr || generation != *self->m_generation)
-                return;
-            --self->m_pending;
-            take(range);
-            self->applyRanges();
-            self->showLimit();
-            emit self->shown();
-        });
-    });
 }
 
 void HygResultChart::applyRanges() {
     if (isOverTime())
         return;
     for (const bool isRight : {false, true}) {
-        const SCI::Range & seen = m_seen[isRight ? 1 : 0];
+        const SCI::Range & seen = m_scale->seen(isRight);
         if (!(seen.from < seen.to))
             continue;
         const KOR::Unit own = isRight ? m_rightUnit : m_leftUnit;
@@ -646,19 +665,19 @@ void HygResultChart::setTime(double seconds) {
 }
 
 void HygResultChart::showTime() {
-    if (timeCount() == 0) {
-        complain(tr("The file holds no complete record yet."));
+    if (timeCount() == 0)
         return;
-    }
     const double wanted = m_wantedTime.value_or(0);
     m_timeIndex = m_files[0]->indexAt(wanted);
     const double time = m_files[0]->time(m_timeIndex);
-    const SCI::Range before[] = {m_seen[0], m_seen[1]};
+    const SCI::Range before[] = {m_scale->seen(false), m_scale->seen(true)};
     m_chart->setTitle(timeText(time, m_files[0]->header().startYear));
+    for (SCI::Chart * chart : {m_chart, m_cutChart})
+        chart->setConstantColumn(tr("Time") + " [d]", time / KOR::SECONDS_PER_DAY);
     if (m_field) {
         m_field->setValues(m_files[0]->values(m_timeIndex));
         for (const double value : m_field->values)
-            include(value);
+            m_scale->include(value);
         if (m_arrows)
             m_arrows->setValues(m_arrowFile->values(m_arrowFile->indexAt(time)));
         showCut();
@@ -677,26 +696,22 @@ void HygResultChart::showTime() {
                 convertAll(drawn.file->valueUnit(), drawn.unit, drawn.line->ys);
             }
             for (const double value : drawn.line->ys)
-                include(value, drawn.unit != m_leftUnit);
+                m_scale->include(value, drawn.unit != m_leftUnit);
         }
     }
     for (const Drawn & drawn : m_drawn)
         m_chart->dataChanged(drawn.id);
     // The same scale at all times, so that playback shows what changes.
-    for (int i = 0; i < 2; ++i)
-        if (m_seen[i].from != before[i].from || m_seen[i].to != before[i].to)
+    for (const bool isRight : {false, true})
+        if (m_scale->seen(isRight) != before[isRight ? 1 : 0])
             return applyRanges();
 }
 
 void HygResultChart::showCut() {
     if (!m_cutLine)
         return;
-    const Plane & plane = m_field->plane;
     const bool isAlongX = m_options.cut == AlongX;
-    const std::vector<double> & across = isAlongX ? plane.yEdges : plane.xEdges;
-    const double position = across.front() + m_options.cutPlace * (across.back() - across.front());
-    const auto found = std::upper_bound(across.begin() + 1, across.end() - 1, position);
-    const auto line = static_cast<std::size_t>(found - across.begin()) - 1;
+    const std::size_t line = cutIndex();
     m_cutLine->ys.clear();
     for (std::size_t i = 0; i < m_cutLine->xs.size(); ++i)
         m_cutLine->ys.push_back(isAlongX ? m_field->value(i, line) : m_field->value(line, i));
@@ -775,8 +790,10 @@ QImage HygResultChart::image(const QSize & size, double scale) const {
     const QSize upper(size.width(), size.height() - lower.height());
     QImage both(size * scale, QImage::Format_ARGB32_Premultiplied);
     both.setDevicePixelRatio(scale);
+    SCI::Chart::align(*m_chart, *m_cutChart, upper, lower);
     QPainter painter(&both);
     painter.drawImage(QPointF(0, 0), m_chart->image(upper, scale));
     painter.drawImage(QPointF(0, upper.height()), m_cutChart->image(lower, scale));
+    SCI::Chart::align(*m_chart, *m_cutChart, m_chart->size(), m_cutChart->size());
     return both;
 }

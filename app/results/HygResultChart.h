@@ -3,6 +3,7 @@
 #include "results/HygMeasuredData.h"
 #include "results/HygResultFile.h"
 #include "results/HygResultModels.h"
+#include "results/HygResultScale.h"
 
 #include <SCI/Chart.h>
 
@@ -59,13 +60,15 @@ public:
     bool isOverTime() const;
     bool isField() const;
     /// Whether all that was asked for has been read.
-    bool isComplete() const { return m_pending == 0; }
+    bool isComplete() const { return m_pending == 0 && m_scale->isComplete(); }
     /// Times of the first file's records: their number, and one of them [s].
     std::size_t timeCount() const;
     double time(std::size_t index) const;
     std::size_t timeIndex() const { return m_timeIndex; }
 
     QString statistics() const;
+    /// Where the course of a file is taken that has many places.
+    QString placeText(const HygResultFile & file) const;
     /// What stands in place of a chart while there are no files.
     void setEmptyText(const QString & text);
     /// "60.00 d (02.03.2000 00:00)"
@@ -100,9 +103,19 @@ private:
     void buildProfiles();
     void buildField();
     void buildCut();
+    /// Of the line across the field [m], and the row or column of cells that it lies in.
+    double cutPosition() const;
+    std::size_t cutIndex() const;
+    /// The cut stands below the places that it shows.
+    void alignCut();
+    /// What stands in place of a chart.
+    void showPlaceholder();
+    /// A file in the legend and in tables: its name, as far as needed its project, and of a course its place.
+    QString label(const HygResultFile & file) const;
     void addLimits();
     void showLimit();
-    void addLayers();
+    /// Shades and names what the cells of a line through the grid are made of.
+    void addLayers(SCI::Chart & chart, int along, const std::array<std::uint32_t, 3> & start);
     void addMeasured();
     void setTimeAxis();
     /// The axis on which a file's values fit, and its unit; nothing if both are taken by other kinds.
@@ -115,16 +128,13 @@ private:
     void showCut();
     std::shared_ptr<HygResultFile> humidityOf(const HygResultFile & temperature) const;
     void complain(const QString & problem);
-    /// \param isRight of the right axis
-    void include(double value, bool isRight = false);
-    void sampleRange(HygResultFile & file);
-    /// Looks through all records for the range of the values, for the same scale at all times.
-    void requestRange(std::size_t drawn);
+    void findRange();
     void applyRanges();
     KOR::Unit shownUnit() const;
 
     SCI::Chart * m_chart;
     SCI::Chart * m_cutChart;
+    HygResultScale * m_scale;
     QSplitter * m_splitter;
     Files m_files;
     Options m_options;
@@ -135,16 +145,15 @@ private:
     std::shared_ptr<HygResultModels::Arrows> m_arrows;
     std::shared_ptr<HygResultFile> m_arrowFile;
     std::shared_ptr<Line> m_cutLine;
-    SCI::Chart::id_t m_cutMark = 0;
     std::optional<std::pair<SCI::axis_t, double>> m_limit; ///< the line at 80 %, in the unit shown
     KOR::Unit m_leftUnit, m_rightUnit;
     std::size_t m_timeIndex = 0;
     std::optional<double> m_wantedTime; ///< [s]
-    SCI::Range m_seen[2];               ///< values seen so far on the left and the right axis, in their units
     QString m_emptyText;
     /// Answers to earlier questions are dropped. The readers look at it too, whatever has become of the chart.
     std::shared_ptr<std::atomic<int>> m_generation = std::make_shared<std::atomic<int>>(0);
     int m_pending = 0;
+    bool m_isAligning = false;
     bool m_isNewView = true;      ///< other files: all is shown; otherwise the user's view stays
     bool m_hasLimitRange = false; ///< the range was widened for the limit
     bool m_hasValueRange = false; ///< the range of all times has been set

@@ -1,5 +1,7 @@
 #include "HygResultFile.h"
 
+#include "HygFormat.h"
+
 #include <CCM/ReferenceYear.h>
 
 #include <KOR/Exception.h>
@@ -9,13 +11,14 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace {
 
 constexpr std::size_t MAX_KEPT = 4;       ///< records
-constexpr std::size_t SAMPLES = 1000;     ///< of a quick look
+constexpr std::size_t SAMPLES = 400;      ///< of a quick look
+constexpr std::size_t BATCH = 2048;       ///< values that are picked at once, before anybody is asked whether to go on
 constexpr std::size_t CHUNK = (4 << 20);  ///< [bytes] that are read at once
-constexpr quint64 SMALL_FILE = 4 << 20;   ///< [bytes]
 constexpr std::size_t WIDE_RECORD = 4096; ///< [bytes]
 constexpr const char * WHERE = "[HygResultFile]";
 
@@ -98,24 +101,15 @@ const std::vector<double> & HygResultFile::record(std::size_t timeIndex) {
     std::vector<double> values = m_data.records(timeIndex, 1);
     if (values.empty())
         throw KOR::Exception(KOR::text("The file has no time point %1.", timeIndex), WHERE);
-    const double time = values.front() * m_secondsPerUnit;
     values.erase(values.begin());
     if (m_kept.size() == MAX_KEPT)
         m_kept.pop_back();
-    m_kept.push_front({timeIndex, time, std::move(values)});
+    m_kept.push_front({timeIndex, std::move(values)});
     return m_kept.front().values;
 }
 
-bool HygResultFile::hasTimesAtHand() const {
-    const quint64 size = timeCount() * recordSize();
-    return size <= SMALL_FILE || (m_data.isBinary() && recordSize() > WIDE_RECORD);
-}
-
 double HygResultFile::time(std::size_t timeIndex) {
-    if (hasTimesAtHand() && timeIndex < timeCount())
-        return m_data.timePoints()[timeIndex] * m_secondsPerUnit;
-    record(timeIndex);
-    return m_kept.front().time;
+    return m_data.timePoint(timeIndex) * m_secondsPerUnit;
 }
 
 const std::vector<double> & HygResultFile::values(std::size_t timeIndex) {
@@ -169,7 +163,7 @@ std::uint32_t HygResultFile::location(std::size_t valueIndex) const {
 QString HygResultFile::placeText(std::size_t valueIndex) const {
     constexpr double MM = 1000;
     if (!m_geometry)
-        return QString::number(valueIndex);
+        return tr("place %1").arg(valueIndex + 1);
     const auto p = place(valueIndex);
     QStringList parts;
     const char * names[] = {"x", "y", "z"};
@@ -177,7 +171,7 @@ QString HygResultFile::placeText(std::size_t valueIndex) const {
         if (m_geometry->widths(d).size() > 1)
             parts << QStringLiteral("%1 = %2 mm")
                          .arg(QLatin1String(names[d]))
-                         .arg(QString::number(MM * p[static_cast<std::size_t>(d)], 'g', 5));
+                         .arg(HygFormat::number(MM * p[static_cast<std::size_t>(d)]));
     if (header().type != DATAIO::DataHeader::FLUX)
         if (const auto * material =
                 m_geometry->material(m_geometry->m_elements.at(header().indices[valueIndex]).materialId))
@@ -197,20 +191,26 @@ HygResultFile::Series HygResultFile::readSeries(const QString & path, std::size_
         if (valueIndex + 1 >= width)
             throw KOR::Exception(KOR::text("There is no value %1.", valueIndex), WHERE);
         series.isReduced = count > MAX_POINTS;
+        const auto pick = [&](const std::vector<std::size_t> & timeIndices) {
+            const DATAIO::DataIO::Course part = data.course(valueIndex, timeIndices);
+            for (const double time : part.times)
+                series.times.push_back(time * seconds);
+            series.values.insert(series.values.end(), part.values.begin(), part.values.end());
+        };
+        std::vector<std::size_t> timeIndices;
         if (sample && count > SAMPLES) {
-            for (std::size_t s = 0; s < SAMPLES; ++s) {
-                const auto record = data.records(s * (count - 1) / (SAMPLES - 1), 1);
-                series.times.push_back(record[0] * seconds);
-                series.values.push_back(record[1 + valueIndex]);
-            }
+            for (std::size_t s = 0; s < SAMPLES; ++s)
+                timeIndices.push_back(s * (count - 1) / (SAMPLES - 1));
+            pick(timeIndices);
             series.isReduced = true;
             return series;
         }
         if (width * sizeof(double) > WIDE_RECORD) { // value by value: few, and far from each other
-            series.values = data.dataVector(valueIndex);
-            series.times = data.timePoints();
-            for (double & time : series.times)
-                time *= seconds;
+            for (std::size_t first = 0; first < count && !(isStopped && isStopped()); first += BATCH) {
+                timeIndices.resize(std::min(BATCH, count - first));
+                std::iota(timeIndices.begin(), timeIndices.end(), first);
+                pick(timeIndices);
+            }
             series.isReduced = false;
             return series;
         }

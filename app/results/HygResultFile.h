@@ -87,8 +87,6 @@ public:
 
 private:
     void findGeometry();
-    /// Whether all times can be read without reading all values.
-    bool hasTimesAtHand() const;
     const std::vector<double> & record(std::size_t timeIndex);
 
     QString m_path;
@@ -100,7 +98,6 @@ private:
     double m_secondsPerUnit = 1;
     struct Kept {
         std::size_t timeIndex;
-        double time; ///< [s]
         std::vector<double> values;
     };
     std::list<Kept> m_kept; ///< newest first

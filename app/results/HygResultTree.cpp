@@ -2,7 +2,7 @@
 
 #include "HygCoreMessages.h"
 #include "HygIconEngine.h"
-#include "results/HygResultFile.h"
+#include "outputs/HygOutputTexts.h"
 
 #include <DATAIO/DataIO.h>
 #include <QtExt/Palette.h>
@@ -10,6 +10,7 @@
 
 #include <KOR/Exception.h>
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QDir>
 #include <QDirIterator>
@@ -17,46 +18,93 @@
 #include <QFileInfo>
 #include <QHash>
 #include <QHeaderView>
+#include <QPointer>
+#include <QThreadPool>
+
+#include <optional>
+#include <utility>
 
 namespace {
 
 constexpr int PATH = Qt::UserRole;
 constexpr int MAX_FILES = 2000;
 
-/// What stands beside a file. A binary file is looked at again when it has changed, a text only while it is unreadable:
-/// its lines would all have to be counted.
+/// What is known of a file. A binary file is looked at again when it has changed, a text only while it is unreadable: its
+/// lines would all have to be counted.
 struct Description {
     QDateTime changed;
-    QString text;
-    QString story; ///< why it cannot be read; empty if it can
-    bool isBroken() const { return !story.isEmpty(); }
+    std::string quantity, unit, created;
+    std::size_t valueCount = 0;
+    std::optional<std::size_t> timeCount;        ///< not of texts
+    std::optional<HygResultFile::Format> format; ///< once another thread has found out
+    bool isKnown = false;
+    QString cause; ///< why it cannot be read; empty if it can
+    bool isBroken() const { return !cause.isEmpty(); }
 };
 
-const Description & describe(const QFileInfo & file) {
+QHash<QString, Description> & descriptions() {
     static QHash<QString, Description> known; // of the GUI thread
-    Description & description = known[file.filePath()];
-    const bool isSame = description.changed == file.lastModified() ||
-                        (!description.isBroken() && file.suffix() == QLatin1String("h6o"));
-    if (!description.text.isEmpty() && isSame)
+    return known;
+}
+
+const Description & describe(const QFileInfo & file) {
+    Description & description = descriptions()[file.filePath()];
+    const bool isText = file.suffix() == QLatin1String("h6o");
+    const bool isSame = description.changed == file.lastModified() || (!description.isBroken() && isText);
+    if (description.isKnown && isSame)
         return description;
+    description.isKnown = true;
     description.changed = file.lastModified();
     try {
         DATAIO::DataIO data;
         HygResultFile::open(data, file.filePath());
         const DATAIO::DataHeader & header = data.header();
-        const QString unit = SCI::printedUnit(QString::fromStdString(header.valueUnit));
-        description.text = QString::fromStdString(header.quantityKeyword) +
-                           (unit.isEmpty() ? QString() : QStringLiteral(" [%1]").arg(unit)) +
-                           (header.valueCount() > 1 ? QStringLiteral(" × %1").arg(header.valueCount()) : QString());
-        description.story.clear();
+        if (header.created != description.created || header.valueCount() != description.valueCount)
+            description.format.reset();
+        if (header.valueCount() == 1)
+            description.format = HygResultFile::Format::SERIES;
+        description.quantity = header.quantityKeyword;
+        description.unit = header.valueUnit;
+        description.created = header.created;
+        description.valueCount = header.valueCount();
+        if (!isText)
+            description.timeCount = data.timeCount();
+        description.cause.clear();
     } catch (const KOR::Exception & ex) {
-        description.story =
-            HygCoreMessages::told(HygResultTree::tr("This file cannot be read; it may be cut off, of another "
-                                                    "version, or no result file at all."),
-                                  QString::fromStdString(ex.cause()));
-        description.text = HygResultTree::tr("cannot be read");
+        description.cause = QString::fromStdString(ex.cause());
     }
     return description;
+}
+
+QString kindText(HygResultFile::Format format) {
+    using Format = HygResultFile::Format;
+    return format == Format::SERIES     ? HygResultTree::tr("course")
+           : format == Format::VOLUME   ? HygResultTree::tr("volume")
+           : format >= Format::PLANE_XY ? HygResultTree::tr("field")
+                                        : HygResultTree::tr("profile");
+}
+
+/// "Relative humidity [%], profile, 366 times"
+QString textOf(const Description & description) {
+    if (description.isBroken())
+        return HygResultTree::tr("cannot be read");
+    QString text = HygOutputTexts::quantity(description.quantity);
+    if (const QString unit = SCI::printedUnit(QString::fromStdString(description.unit)); !unit.isEmpty())
+        text += QStringLiteral(" [%1]").arg(unit);
+    QStringList parts(text);
+    if (description.format)
+        parts << kindText(*description.format);
+    if (description.timeCount)
+        parts << HygResultTree::tr("%n time(s)", nullptr, static_cast<int>(*description.timeCount));
+    return parts.join(QStringLiteral(", "));
+}
+
+QString tipOf(const Description & description) {
+    return !description.isBroken()
+               ? textOf(description)
+               : HygCoreMessages::told(HygResultTree::tr("This file cannot be read; it may be cut off, of another "
+                                                         "version, or no result file at all."),
+                                       description.cause);
 }
 
 } // namespace
@@ -66,7 +114,8 @@ HygResultTree::HygResultTree(QWidget * parent) : QTreeWidget(parent) {
     setColumnCount(2);
     setUniformRowHeights(true);
     header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
-    header()->setStretchLastSection(true);
+    header()->setSectionResizeMode(1, QHeaderView::Stretch);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff); // what is cut stands in the tool tip
     connect(this, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem * item, int column) {
         if (column == 0 && !m_isFilling && !item->data(0, PATH).toString().isEmpty())
             setChosen(item, item->checkState(0) == Qt::Checked);
@@ -141,10 +190,10 @@ void HygResultTree::addRoot(const QString & directory, const QString & title) {
         const Description & description = describe(file);
         QString name = QDir(results).relativeFilePath(path);
         name.chop(file.suffix().size() + 1);
-        auto * item = new QTreeWidgetItem(root, {name, description.text});
+        auto * item = new QTreeWidgetItem(root, {name, textOf(description)});
         item->setData(0, PATH, path);
         item->setToolTip(0, QDir::toNativeSeparators(path));
-        item->setToolTip(1, description.isBroken() ? description.story : description.text);
+        item->setToolTip(1, tipOf(description));
         if (description.isBroken()) {
             item->setIcon(
                 1, HygIconEngine::icon(QStringLiteral("error"), QtExt::Palette::color(QtExt::Palette::ERROR_TEXT)));
@@ -178,12 +227,58 @@ void HygResultTree::refresh() {
             setCurrentItem(*item);
     }
     m_isFilling = false;
+    findKinds();
     const auto isGone = [&there](const QString & path) { return !there.contains(path); };
     const auto gone = std::remove_if(m_chosen.begin(), m_chosen.end(), isGone);
     if (gone != m_chosen.end()) {
         m_chosen.erase(gone, m_chosen.end());
         emit chosenChanged();
     }
+}
+
+/// Which places the values belong to is told by the geometry, which may be large.
+void HygResultTree::findKinds() {
+    QStringList unknown;
+    for (QTreeWidgetItemIterator item(this); *item != nullptr; ++item) {
+        const auto found = descriptions().constFind((*item)->data(0, PATH).toString());
+        if (found != descriptions().constEnd() && !found->isBroken() && !found->format)
+            unknown << found.key();
+    }
+    if (unknown.isEmpty() || std::exchange(m_isLooking, true))
+        return;
+    const QPointer<HygResultTree> self(this);
+    QThreadPool::globalInstance()->start([self, unknown] {
+        QHash<QString, HygResultFile::Format> formats;
+        std::unique_ptr<HygResultFile> file; // keeps the geometry for the next one
+        for (const QString & path : unknown) {
+            try {
+                file = std::make_unique<HygResultFile>(path);
+                formats[path] = file->format();
+            } catch (const KOR::Exception &) { // gone meanwhile
+                formats[path] = HygResultFile::Format::SERIES;
+            }
+        }
+        QMetaObject::invokeMethod(QCoreApplication::instance(), [self, formats] {
+            if (self != nullptr)
+                self->takeKinds(formats);
+        });
+    });
+}
+
+void HygResultTree::takeKinds(const QHash<QString, HygResultFile::Format> & formats) {
+    m_isLooking = false;
+    m_isFilling = true;
+    for (QTreeWidgetItemIterator item(this); *item != nullptr; ++item) {
+        const QString path = (*item)->data(0, PATH).toString();
+        if (!formats.contains(path))
+            continue;
+        Description & description = descriptions()[path];
+        description.format = formats[path];
+        (*item)->setText(1, textOf(description));
+        (*item)->setToolTip(1, tipOf(description));
+    }
+    m_isFilling = false;
+    findKinds(); // of those that came meanwhile
 }
 
 bool HygResultTree::hasFiles() const {

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "results/HygResultFile.h"
+
+#include <QHash>
 #include <QTreeWidget>
 
 /// Result files by directory: those of the project and of any directory or project beside it.
@@ -35,6 +38,8 @@ protected:
 
 private:
     void addRoot(const QString & directory, const QString & title);
+    void findKinds();
+    void takeKinds(const QHash<QString, HygResultFile::Format> & formats);
     void setChosen(QTreeWidgetItem * item, bool isChosen);
     void retranslate();
 
@@ -42,5 +47,6 @@ private:
     QStringList m_further;
     QStringList m_chosen;
     QStringList m_chosenBefore; ///< when the mouse was pressed
+    bool m_isLooking = false;   ///< for the kinds of files
     bool m_isFilling = false;
 };

@@ -2,6 +2,7 @@
 
 #include "HygAnimation.h"
 #include "HygCoreMessages.h"
+#include "HygFormat.h"
 #include "HygIconEngine.h"
 #include "HygResultTree.h"
 #include "HygTimeBar.h"
@@ -85,13 +86,14 @@ HygResultsView::HygResultsView(HygProjectHandler * projects)
       m_normal(new QComboBox(this)), m_plane(new QSlider(Qt::Horizontal, this)), m_planeText(new QLabel(this)),
       m_cut(new QComboBox(this)), m_cutPlace(new QSlider(Qt::Horizontal, this)), m_thresholdLabel(new QLabel(this)),
       m_threshold(new QLineEdit(this)), m_statistics(new QLabel(this)), m_problems(new QLabel(this)),
-      m_materials(new HygMaterialNotice(*projects, this)), m_timer(new QTimer(this)) {
+      m_layoutStory(new QLabel(this)), m_materials(new HygMaterialNotice(*projects, this)), m_timer(new QTimer(this)) {
     setObjectName(QStringLiteral("HygResultsView"));
     auto * right = new QWidget(this);
     auto * column = new QVBoxLayout(right);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(makeOptions());
     column->addWidget(m_problems);
+    column->addWidget(m_layoutStory);
     column->addWidget(m_materials);
     column->addWidget(m_chart, 1);
     column->addWidget(m_timeBar);
@@ -101,7 +103,7 @@ HygResultsView::HygResultsView(HygProjectHandler * projects)
     splitter->addWidget(right);
     splitter->setStretchFactor(1, 1);
     splitter->setChildrenCollapsible(false);
-    splitter->setSizes({320, 900});
+    splitter->setSizes({440, 900});
     auto * layout = new QVBoxLayout(this);
     layout->addWidget(splitter);
     m_timer->setInterval(FOLLOW_MS);
@@ -175,21 +177,22 @@ QWidget * HygResultsView::makeOptions() {
     lines->addLayout(first);
     lines->addLayout(second);
     const std::pair<QWidget *, const char *> names[] = {
-        {m_mode,       "chartMode"  },
-        {m_unit,       "unit"       },
-        {m_place,      "place"      },
-        {m_placeText,  "placeText"  },
-        {m_normal,     "planeAcross"},
-        {m_plane,      "planeSlider"},
-        {m_planeText,  "planeText"  },
-        {m_cut,        "cut"        },
-        {m_cutPlace,   "cutPlace"   },
-        {m_threshold,  "threshold"  },
-        {m_measured,   "measured"   },
-        {m_export,     "export"     },
-        {m_layouts,    "layouts"    },
-        {m_statistics, "statistics" },
-        {m_problems,   "problems"   },
+        {m_mode,        "chartMode"  },
+        {m_unit,        "unit"       },
+        {m_place,       "place"      },
+        {m_placeText,   "placeText"  },
+        {m_normal,      "planeAcross"},
+        {m_plane,       "planeSlider"},
+        {m_planeText,   "planeText"  },
+        {m_cut,         "cut"        },
+        {m_cutPlace,    "cutPlace"   },
+        {m_threshold,   "threshold"  },
+        {m_measured,    "measured"   },
+        {m_export,      "export"     },
+        {m_layouts,     "layouts"    },
+        {m_statistics,  "statistics" },
+        {m_problems,    "problems"   },
+        {m_layoutStory, "layoutStory"},
     };
     for (const auto & [widget, name] : names)
         widget->setObjectName(QLatin1String(name));
@@ -206,6 +209,10 @@ QWidget * HygResultsView::makeOptions() {
     m_statistics->setWordWrap(true);
     m_problems->setWordWrap(true);
     m_problems->hide();
+    m_layoutStory->setTextFormat(Qt::RichText);
+    m_layoutStory->setTextInteractionFlags(Qt::TextBrowserInteraction);
+    m_layoutStory->hide();
+    connect(m_layoutStory, &QLabel::linkActivated, this, &HygResultsView::undoLayouts);
     m_placeText->setForegroundRole(QPalette::PlaceholderText);
 
     for (QWidget * widget : std::initializer_list<QWidget *>{m_mode, m_unit, m_thresholdLabel, m_threshold})
@@ -259,8 +266,10 @@ QWidget * HygResultsView::makeOptions() {
 
 void HygResultsView::openProject(const QString & projectFile) {
     const QString directory = projectFile.isEmpty() ? QString() : HygOutputDirectory::ofProject(projectFile).path();
-    if (directory != m_outputDirectory)
+    if (directory != m_outputDirectory) {
         removeMeasured(); // it was laid over the results of the other project
+        m_layoutStory->hide();
+    }
     m_outputDirectory = directory;
     m_tree->setProjectDirectory(m_outputDirectory);
     m_folderChanged = QFileInfo(m_outputDirectory + "/results").lastModified();
@@ -390,22 +399,26 @@ void HygResultsView::updateOffers() {
     const bool isField = m_chart->isField();
     m_isShowing = true;
     m_mode->setVisible(hasPlaces);
-    m_place->setVisible(hasPlaces && isOverTime);
-    m_placeText->setVisible(hasPlaces && isOverTime);
-    if (hasPlaces) {
-        const HygResultFile & file = *m_chart->files()[0];
-        m_place->setRange(1, static_cast<int>(file.valueCount()));
-        m_placeText->setText(file.placeText(static_cast<std::size_t>(m_place->value() - 1)));
+    // The file with the most places tells them; of the others the legend does.
+    const HygResultFile * widest = nullptr;
+    for (const auto & file : m_chart->files())
+        if (file->valueCount() > (widest == nullptr ? 1 : widest->valueCount()))
+            widest = file.get();
+    const bool isPlaceNeeded = widest != nullptr && isOverTime;
+    m_place->setVisible(isPlaceNeeded);
+    m_placeText->setVisible(isPlaceNeeded);
+    if (widest != nullptr) {
+        m_place->setRange(1, static_cast<int>(widest->valueCount()));
+        m_placeText->setText(m_chart->placeText(*widest));
     }
     const bool isVolume = isField && m_chart->files()[0]->format() == HygResultFile::Format::VOLUME;
     if (isVolume) {
         const int normal = m_chart->options().normal;
         const std::vector<double> & centres = m_chart->files()[0]->geometry()->centres(normal);
         m_plane->setMaximum(static_cast<int>(centres.size()) - 1);
-        m_planeText->setText(
-            QStringLiteral("%1 = %2 mm")
-                .arg(QChar('x' + normal))
-                .arg(QString::number(MM * centres[static_cast<std::size_t>(m_plane->value())], 'g', 5)));
+        m_planeText->setText(QStringLiteral("%1 = %2 mm")
+                                 .arg(QChar('x' + normal))
+                                 .arg(HygFormat::number(MM * centres[static_cast<std::size_t>(m_plane->value())])));
     }
     for (QWidget * widget : std::initializer_list<QWidget *>{m_normal, m_plane, m_planeText})
         widget->setVisible(isVolume);
@@ -571,22 +584,51 @@ std::vector<HygResultLayout> HygResultsView::layouts() const {
     return HygResultLayout::read(m_outputDirectory);
 }
 
-void HygResultsView::tellLayoutFailure(const QString & story) {
-    QMessageBox::critical(this, tr("Chart layouts"),
-                          HygCoreMessages::told(tr("The layouts could not be saved beside the results."), story));
+bool HygResultsView::writeLayouts(const std::vector<HygResultLayout> & all, const QString & done) {
+    std::vector<HygResultLayout> before = layouts();
+    try {
+        HygResultLayout::write(m_outputDirectory, all);
+    } catch (const KOR::Exception & ex) {
+        QMessageBox::critical(this, tr("Chart layouts"),
+                              HygCoreMessages::told(tr("The layouts could not be saved beside the results."),
+                                                    QString::fromUtf8(ex.what())));
+        return false;
+    }
+    m_layoutsBefore = std::move(before);
+    m_layoutStory->setText(
+        done.isEmpty() ? QString() : done.toHtmlEscaped() + QStringLiteral(" <a href=\"undo\">%1</a>").arg(tr("Undo")));
+    m_layoutStory->setVisible(!done.isEmpty());
+    return true;
+}
+
+void HygResultsView::undoLayouts() {
+    writeLayouts(m_layoutsBefore, {});
 }
 
 bool HygResultsView::saveLayout(const QString & name) {
     std::vector<HygResultLayout> all = layouts();
-    std::erase_if(all, [&name](const HygResultLayout & layout) { return layout.name == name; });
+    const bool isNew = std::erase_if(all, [&name](const HygResultLayout & layout) { return layout.name == name; }) == 0;
     all.push_back(layoutOf(name));
-    try {
-        HygResultLayout::write(m_outputDirectory, all);
-        return true;
-    } catch (const KOR::Exception & ex) {
-        tellLayoutFailure(QString::fromUtf8(ex.what()));
-        return false;
-    }
+    return writeLayouts(all, isNew ? QString() : tr("The layout '%1' has been replaced.").arg(name));
+}
+
+void HygResultsView::askForLayout(const QString & name) {
+    const std::vector<HygResultLayout> known = layouts();
+    const bool isTaken =
+        std::any_of(known.begin(), known.end(), [&name](const HygResultLayout & each) { return each.name == name; });
+    if (!name.isEmpty() &&
+        (!isTaken ||
+         QMessageBox::question(this, tr("Chart layouts"),
+                               tr("There is a layout '%1' already. Replace it?").arg(name)) == QMessageBox::Yes))
+        saveLayout(name);
+}
+
+void HygResultsView::removeLayout(const QString & name) {
+    if (QMessageBox::question(this, tr("Chart layouts"), tr("Remove the layout '%1'?").arg(name)) != QMessageBox::Yes)
+        return;
+    std::vector<HygResultLayout> kept = layouts();
+    std::erase_if(kept, [&name](const HygResultLayout & other) { return other.name == name; });
+    writeLayouts(kept, tr("The layout '%1' has been removed.").arg(name));
 }
 
 void HygResultsView::fillLayouts() {
@@ -596,37 +638,21 @@ void HygResultsView::fillLayouts() {
     for (const HygResultLayout & layout : all)
         menu.addAction(layout.name, this, [this, layout] { apply(layout); });
     menu.addSeparator();
-    menu.addAction(
-            tr("Save as…"), this,
-            [this] {
-                const QString name = QInputDialog::getText(this, tr("Chart layouts"), tr("Name:")).trimmed();
-                const std::vector<HygResultLayout> known = layouts();
-                const bool isTaken = std::any_of(known.begin(), known.end(),
-                                                 [&name](const HygResultLayout & each) { return each.name == name; });
-                if (!name.isEmpty() &&
-                    (!isTaken || QMessageBox::question(this, tr("Chart layouts"),
-                                                       tr("There is a layout '%1' already. Replace it?").arg(name)) ==
-                                     QMessageBox::Yes))
-                    saveLayout(name);
-            })
+    menu.addAction(tr("Save as…"), this,
+                   [this] { askForLayout(QInputDialog::getText(this, tr("Chart layouts"), tr("Name:")).trimmed()); })
         ->setEnabled(!m_outputDirectory.isEmpty() && !m_chart->files().empty());
     QMenu * removal = menu.addMenu(tr("Remove"));
     removal->setEnabled(!all.empty());
     for (const HygResultLayout & layout : all)
-        removal->addAction(layout.name, this, [this, name = layout.name] {
-            std::vector<HygResultLayout> kept = layouts();
-            std::erase_if(kept, [&name](const HygResultLayout & other) { return other.name == name; });
-            try {
-                HygResultLayout::write(m_outputDirectory, kept);
-            } catch (const KOR::Exception & ex) {
-                tellLayoutFailure(QString::fromUtf8(ex.what()));
-            }
-        });
+        removal->addAction(layout.name, this, [this, name = layout.name] { removeLayout(name); });
+    if (!m_layoutStory->isHidden())
+        menu.addAction(tr("Undo"), this, &HygResultsView::undoLayouts);
 }
 
 void HygResultsView::showEvent(QShowEvent * event) {
     QWidget::showEvent(event);
     m_tree->refresh();
+    showEmptyText();
     m_timer->start();
 }
 

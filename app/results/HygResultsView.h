@@ -65,7 +65,12 @@ private:
     void follow();
     void fillUnits();
     void fillLayouts();
-    void tellLayoutFailure(const QString & story);
+    /// Saves after a question if there is one of the name.
+    void askForLayout(const QString & name);
+    void removeLayout(const QString & name);
+    /// \param done what is told with an offer to take it back; empty: nothing. False, and told, if it fails
+    bool writeLayouts(const std::vector<HygResultLayout> & all, const QString & done);
+    void undoLayouts();
     void fillExport();
     void chooseFolder(bool isProject);
     void retranslate();
@@ -97,6 +102,8 @@ private:
     std::vector<QCheckBox *> m_flags;
     QLabel * m_statistics;
     QLabel * m_problems;
+    QLabel * m_layoutStory; ///< what has become of a layout
+    std::vector<HygResultLayout> m_layoutsBefore;
     HygMaterialNotice * m_materials;
     QTimer * m_timer;
     QDateTime m_folderChanged; ///< when a file last came or went

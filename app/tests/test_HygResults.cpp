@@ -20,11 +20,15 @@
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMessageBox>
 #include <QSignalSpy>
 #include <QSlider>
 #include <QSpinBox>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
+#include <QToolButton>
 
 #include <gmock/gmock.h>
 
@@ -375,13 +379,170 @@ TEST_F(HygResultsTest, TheScaleIsTheSameAtAllTimes) {
     }
 }
 
+/// Answers the questions that come while something is done; their texts.
+template <typename Action> QStringList answered(QMessageBox::StandardButton answer, const Action & action) {
+    QStringList seen;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [&] {
+        if (auto * box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget())) {
+            seen << box->text();
+            box->button(answer)->click();
+        }
+    });
+    timer.start(20);
+    action();
+    return seen;
+}
+
+TEST_F(HygResultsTest, LayoutsAreReplacedAndRemovedAfterAQuestionAndComeBack) {
+    HygResultsView view(&m_projects);
+    view.tree().choose({writeProfile("Temperature.h6b", "Temperature", "C", 10)});
+    view.findChild<QLineEdit *>("threshold")->setText("12");
+    ASSERT_TRUE(view.saveLayout("A"));
+    auto & story = *view.findChild<QLabel *>("layoutStory");
+    EXPECT_TRUE(story.isHidden());
+    const auto menuAction = [&](const char * text) -> QAction * {
+        QMenu & menu = *view.findChild<QToolButton *>("layouts")->menu();
+        emit menu.aboutToShow();
+        for (QAction * action : menu.findChildren<QAction *>())
+            if (action->text() == QLatin1String(text) && action->menu() == nullptr && action->parent() != &menu)
+                return action;
+        return nullptr;
+    };
+    const auto thresholds = [&] {
+        std::vector<double> all;
+        for (const HygResultLayout & layout : view.layouts())
+            all.push_back(layout.options.threshold.value_or(0));
+        return all;
+    };
+    view.findChild<QLineEdit *>("threshold")->setText("13");
+    ASSERT_TRUE(view.saveLayout("A"));
+    EXPECT_THAT(thresholds(), ElementsAre(13));
+    EXPECT_FALSE(story.isHidden());
+    emit story.linkActivated("undo");
+    EXPECT_THAT(thresholds(), ElementsAre(12));
+    EXPECT_TRUE(story.isHidden());
+
+    ASSERT_NE(menuAction("A"), nullptr);
+    EXPECT_EQ(answered(QMessageBox::No, [&] { menuAction("A")->trigger(); }), QStringList("Remove the layout 'A'?"));
+    EXPECT_THAT(thresholds(), ElementsAre(12));
+    answered(QMessageBox::Yes, [&] { menuAction("A")->trigger(); });
+    EXPECT_TRUE(view.layouts().empty());
+    emit story.linkActivated("undo");
+    EXPECT_THAT(thresholds(), ElementsAre(12));
+}
+
+TEST_F(HygResultsTest, CoursesTellTheirPlaces) {
+    makeGeometry("profile.h6g", 4, 1);
+    DataHeader h = header("profile.h6g", "Temperature", "C");
+    h.indices = {3};
+    const QString single = write("Surface.h6b", h, 10, [](double t, double) { return t; });
+    const QString profile = writeProfile("Profile.h6b", "RelativeHumidity", "%", 60);
+    const QString temperature = writeProfile("Temperature.h6b", "Temperature", "C", 10);
+    const QString field = writeField();
+    HygResultsView view(&m_projects);
+    auto & place = *view.findChild<QSpinBox *>("place");
+    const auto csv = [&] { return view.chart().chart().csv(); };
+    view.tree().choose({single});
+    EXPECT_TRUE(place.isHidden());
+    view.tree().choose({single, profile}); // the first alone needs no place
+    EXPECT_FALSE(place.isHidden());
+    EXPECT_EQ(view.chart().chart().title(), "");
+    place.setValue(2);
+    EXPECT_THAT(csv(), HasSubstr("Time [d],Surface [°C],\"Profile, x = 20 mm, Brick [%]\"\n0,0,60.1\n"));
+    EXPECT_EQ(view.findChild<QLabel *>("placeText")->text(), "x = 20 mm, Brick");
+
+    // Profiles and fields tell their time, and dew points what they are.
+    view.findChild<QCheckBox *>("dewPoint")->setChecked(true);
+    view.tree().choose({temperature});
+    view.timeBar().setIndex(6);
+    EXPECT_THAT(csv(), HasSubstr("Time [d],x [mm],Temperature [°C],Dew point of Temperature [°C]\n0.25,5,16,"));
+    view.tree().choose({field});
+    EXPECT_THAT(csv(), HasSubstr("Time [d],x [mm],y [mm],Field [°C]\n0.25,5,5,6\n"));
+}
+
+TEST_F(HygResultsTest, EmptyChartsSayWhy) {
+    HygResultsView view(&m_projects);
+    SCI::Chart & chart = view.chart().chart();
+    EXPECT_EQ(chart.placeholder(), "There are no results yet: the view Simulation calculates them.");
+    const QString field = writeField();
+    makeGeometry("profile.h6g", 4, 1);
+    DataHeader h = header("profile.h6g", "Temperature", "C");
+    h.indices = {0, 1, 2, 3};
+    const QString empty = write("Empty.h6b", h, 0, [](double, double) { return 0; });
+    const QString gaps = write("Gaps.h6b", h, 3, [](double, double) { return std::nan(""); });
+    view.show();
+    EXPECT_EQ(chart.placeholder(), "Choose a result file in the list.");
+    view.tree().choose({empty});
+    EXPECT_EQ(chart.placeholder(), "Nothing has been written into this file yet.");
+    view.tree().choose({gaps});
+    EXPECT_EQ(chart.placeholder(), "The file holds no values that could be drawn.");
+    view.tree().choose({field});
+    EXPECT_EQ(chart.placeholder(), "");
+    view.tree().choose({});
+    EXPECT_EQ(chart.placeholder(), "Choose a result file in the list.");
+}
+
+TEST_F(HygResultsTest, TheTreeTellsQuantityKindAndTimes) {
+    writeProfile("Humidity.h6b", "RelativeHumidity", "%", 60);
+    writeField();
+    HygResultsView view(&m_projects);
+    const auto text = [&](const char * name) {
+        const QTreeWidgetItem * row = view.tree().findItems(name, Qt::MatchRecursive).value(0);
+        return row == nullptr ? QString() : row->text(1);
+    };
+    EXPECT_TRUE(QTest::qWaitFor([&] { return text("Field") == "Temperature [°C], field, 10 time(s)"; }));
+    EXPECT_EQ(text("Humidity"), "Relative humidity [%], profile, 10 time(s)");
+}
+
+TEST_F(HygResultsTest, ACutStandsBelowTheFieldWithItsLayers) {
+    const QString path = writeField();
+    HygResultsView view(&m_projects);
+    view.resize(1000, 700);
+    view.show();
+    view.tree().choose({path});
+    view.findChild<QComboBox *>("cut")->setCurrentIndex(HygResultChart::AlongX);
+    QCoreApplication::processEvents();
+    SCI::Chart & field = view.chart().chart();
+    SCI::Chart & cut = view.chart().cutChart();
+    const auto ends = [&](const SCI::Chart & chart) {
+        const int left = chart.canvas().mapTo(&view, QPoint(0, 0)).x();
+        return std::pair(left, left + chart.canvas().width());
+    };
+    EXPECT_EQ(ends(field), ends(cut));
+    EXPECT_EQ(field.range(SCI::X_BOTTOM), cut.range(SCI::X_BOTTOM));
+    field.setRange(SCI::X_BOTTOM, {10, 30}); // a look at a part
+    EXPECT_EQ(field.range(SCI::X_BOTTOM), cut.range(SCI::X_BOTTOM));
+}
+
+TEST_F(HygResultsTest, LargeFilesShowSomeAtOnceAndAllOfTheirRange) {
+    makeGeometry("plane.h6g", 60, 60);
+    DataHeader h = header("plane.h6g", "Temperature", "C");
+    for (std::uint32_t i = 0; i < 3600; ++i)
+        h.indices.push_back(i);
+    // 60 records of 29 kB; the peak lies between those that are looked at first.
+    const QString path = write("Large.h6b", h, 60, [](int t, double i) { return t == 17 && i == 1800 ? 99 : 0.1 * t; });
+    HygResultsView view(&m_projects);
+    view.tree().choose({path});
+    EXPECT_NEAR(view.chart().chart().range(SCI::Y_RIGHT).to, 5.9, 1e-9);
+    EXPECT_FALSE(view.chart().isComplete());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return view.chart().isComplete(); }));
+    EXPECT_EQ(view.chart().chart().range(SCI::Y_RIGHT).to, 99);
+    // Course of a place, and of another one before the first has been read.
+    view.findChild<QComboBox *>("chartMode")->setCurrentIndex(1);
+    view.findChild<QSpinBox *>("place")->setValue(7);
+    view.findChild<QSpinBox *>("place")->setValue(1801);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return view.chart().isComplete(); }));
+    EXPECT_THAT(view.chart().chart().csv(), HasSubstr(",99\n"));
+}
+
 TEST_F(HygResultsTest, AClickShowsOneFileABoxAddsIt) {
     const QString temperature = writeProfile("Temperature.h6b", "Temperature", "C", 10);
     const QString humidity = writeProfile("Humidity.h6b", "RelativeHumidity", "%", 60);
     HygResultsView view(&m_projects);
     HygResultTree & tree = view.tree();
     tree.refresh();
-    EXPECT_EQ(view.chart().chart().title(), "Choose a result file in the list.");
+    EXPECT_EQ(view.chart().chart().placeholder(), "Choose a result file in the list.");
     view.resize(900, 500);
     view.show();
     QTreeWidgetItem * rows[] = {tree.topLevelItem(0)->child(0), tree.topLevelItem(0)->child(1)};

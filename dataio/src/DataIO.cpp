@@ -21,6 +21,8 @@ namespace {
 constexpr std::size_t CHUNK_SIZE = 1u << 20;
 /// Above this record size a column is picked value by value, below it the file is streamed.
 constexpr std::size_t STREAMED_RECORD_SIZE = 4096;
+constexpr std::size_t PREFETCHED = 512;    ///< values that are asked for before they are read
+constexpr std::size_t LONGEST_NUMBER = 64; ///< [bytes]
 constexpr std::string_view BLANKS = " \t\r\n";
 
 } // namespace
@@ -232,6 +234,12 @@ std::vector<double> DataIO::column(std::size_t column, std::vector<double> * tim
             return value;
         };
         for (std::size_t t = 0; t < m_timeCount; ++t) {
+            if (t % PREFETCHED == 0) // a disk answers many questions in the time of one
+                for (std::size_t next = t; next < std::min(t + PREFETCHED, m_timeCount); ++next) {
+                    m_file.prefetch(m_dataOffset + next * recordSize + column * sizeof(double), sizeof(double));
+                    if (times != nullptr)
+                        m_file.prefetch(m_dataOffset + next * recordSize, sizeof(double));
+                }
             values.push_back(pick(t, column));
             if (times != nullptr)
                 times->push_back(pick(t, 0));
@@ -264,6 +272,69 @@ const std::vector<double> & DataIO::timePoints() {
         m_timePoints = column(0);
     }
     return m_timePoints;
+}
+
+double DataIO::timePoint(std::size_t timeIndex) {
+    if (timeIndex < m_timePoints.size())
+        return m_timePoints[timeIndex];
+    reopen();
+    const auto fail = [timeIndex] {
+        throw Exception(text("Error retrieving values for time index %1.", timeIndex), "[DataIO::timePoint]");
+    };
+    if (timeIndex >= m_timeCount)
+        fail();
+    double time = 0;
+    if (m_isBinary) {
+        if (m_file.readAt(m_dataOffset + timeIndex * sizeof(double) * (1 + m_header.valueCount()),
+                          {reinterpret_cast<char *>(&time), sizeof(time)}) != sizeof(time))
+            fail();
+        return time;
+    }
+    char start[LONGEST_NUMBER] = {};
+    const std::uint64_t length = m_lineOffsets[timeIndex + 1] - m_lineOffsets[timeIndex];
+    const std::size_t got =
+        m_file.readAt(m_lineOffsets[timeIndex], {start, std::min<std::size_t>(length, sizeof(start))});
+    const std::string_view line = KOR::trimmed(std::string_view(start, got), BLANKS);
+    const auto value = KOR::parseDouble(line.substr(0, line.find_first_of(BLANKS)));
+    if (!value)
+        fail();
+    return *value;
+}
+
+DataIO::Course DataIO::course(std::size_t valueIndex, std::span<const std::size_t> timeIndices) {
+    constexpr const char * WHERE = "[DataIO::course]";
+    reopen();
+    const std::size_t recordSize = sizeof(double) * (1 + m_header.valueCount());
+    const std::uint64_t place = sizeof(double) * (1 + valueIndex);
+    for (const std::size_t t : timeIndices)
+        if (t >= m_timeCount || valueIndex >= m_header.valueCount())
+            throw Exception(text("Error retrieving values for time index %1.", t), WHERE);
+    if (m_isBinary)
+        for (const std::size_t t : timeIndices) {
+            m_file.prefetch(m_dataOffset + t * recordSize, sizeof(double));
+            m_file.prefetch(m_dataOffset + t * recordSize + place, sizeof(double));
+        }
+    Course course;
+    course.times.reserve(timeIndices.size());
+    course.values.reserve(timeIndices.size());
+    for (const std::size_t t : timeIndices) {
+        if (!m_isBinary) {
+            const std::vector<double> all = record(t);
+            course.times.push_back(all[0]);
+            course.values.push_back(all[1 + valueIndex]);
+            continue;
+        }
+        for (const auto & [column, from] : {
+                 std::pair(&course.times, std::uint64_t(0)), {&course.values, place}
+        }) {
+            double value = 0;
+            if (m_file.readAt(m_dataOffset + t * recordSize + from,
+                              {reinterpret_cast<char *>(&value), sizeof(value)}) != sizeof(value))
+                throw Exception(text("Error retrieving values for time index %1.", t), WHERE);
+            column->push_back(value);
+        }
+    }
+    return course;
 }
 
 std::vector<double> DataIO::dataVector(std::size_t valueIndex) {

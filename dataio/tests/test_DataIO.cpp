@@ -129,6 +129,8 @@ TEST_P(ResultFile, IsReadableUpToTheLastCompleteRecordWhileItGrows) {
     writer.flush();
     EXPECT_TRUE(file.update());
     EXPECT_EQ(file.dataVector(2), (std::vector<double>{-0.0, 3, 6, 9}));
+    file.openAndReadHeader(path("out")); // knows no times yet
+    EXPECT_EQ(file.timePoint(3), 0.9);
 
     DataHeader other = fieldHeader();
     other.quantityKeyword = "Temperature";
@@ -183,6 +185,18 @@ TEST(ResultColumns, AgreeForNarrowAndWideRecords) {
         ASSERT_EQ(course.size(), static_cast<std::size_t>(times));
         for (int t = 0; t < times; ++t)
             ASSERT_EQ(course[static_cast<std::size_t>(t)], t);
+        // A few of them, and times without values.
+        const std::vector<std::size_t> few{0, 7, 39};
+        DataIO again;
+        again.openAndReadHeader(path.string());
+        const DataIO::Course part = again.course(width - 1, few);
+        EXPECT_EQ(part.times, (std::vector<double>{0, 7, 39}));
+        EXPECT_EQ(part.values, part.times);
+        EXPECT_EQ(again.timePoint(11), 11);
+        const std::vector<std::size_t> beyond{static_cast<std::size_t>(times)};
+        EXPECT_THROW(again.course(0, beyond), KOR::Exception);
+        EXPECT_THROW(again.course(width, few), KOR::Exception);
+        EXPECT_THROW(again.timePoint(beyond[0]), KOR::Exception);
         fs::remove(path);
     }
 }

@@ -55,4 +55,8 @@ std::size_t InputFile::readAt(std::uint64_t offset, std::span<char> buffer) cons
     return done;
 }
 
+void InputFile::prefetch(std::uint64_t offset, std::uint64_t size) const {
+    ::posix_fadvise(m_fd, static_cast<off_t>(offset), static_cast<off_t>(size), POSIX_FADV_WILLNEED);
+}
+
 } // namespace KOR

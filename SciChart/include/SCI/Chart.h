@@ -10,6 +10,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -39,6 +40,12 @@ public:
 
     void setTitle(const QString & title);
     QString title() const;
+    /// What stands in the middle, in place of axes, while there is nothing to draw; empty: the axes stay.
+    void setPlaceholder(const QString & text);
+    /// The text that stands there now; empty when something is drawn.
+    QString placeholder() const;
+    /// A first column of tables that holds the same value in all rows, as the time of a profile; an empty title: none.
+    void setConstantColumn(const QString & title, double value = 0);
 
     /// Throws KOR::Exception as UnitList::relate_units when the units do not belong together, or are no times for dates.
     void setAxis(axis_t axis, const Axis & settings);
@@ -64,11 +71,16 @@ public:
     bool hasEqualScales() const;
     /// Whether there is a field over two linear axes of lengths (or others of one kind of unit).
     bool canHaveEqualScales() const;
+    /// Has two charts, one above the other, begin and end at the same places when they are drawn in these sizes. To be
+    /// called anew when something has changed.
+    static void align(Chart & upper, Chart & lower, const QSize & upperSize, const QSize & lowerSize);
     /// What the cursor tells at a place, in the shown units of bottom and left: x, then a line a series that has a value
     /// there.
     QStringList valuesAt(double x, double y = 0) const;
     /// Texts of the major ticks, as they stand at the axis.
     QStringList tickLabels(axis_t axis) const;
+    /// Title and unit as they stand there, the title cut to the room it has.
+    QString axisText(axis_t axis) const;
 
     id_t addLine(std::shared_ptr<const PointModel> model, const LineStyle & style = {});
     id_t addBars(std::shared_ptr<const PointModel> model, const BarStyle & style = {});
@@ -132,6 +144,8 @@ signals:
     void seriesVisibilityChanged(int id, bool isVisible);
     /// The cursor is at a place, in the shown units of bottom and left.
     void cursorMoved(double x, double y);
+    /// Ranges, ticks or data have changed and are drawn anew.
+    void refreshed();
 
 protected:
     void changeEvent(QEvent * event) override;
@@ -141,6 +155,7 @@ protected:
 
 private:
     std::vector<Table> tables() const;
+    const std::optional<std::pair<QString, double>> & constantColumn() const;
     void renderLight(QPainter & painter, const QRectF & rectangle) const;
     void guarded(const std::function<void()> & action);
 

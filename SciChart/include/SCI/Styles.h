@@ -12,8 +12,9 @@ namespace SCI {
 
 /// What all series have.
 struct SeriesStyle {
-    QString title; ///< in the legend; empty: not there
-    QColor color;  ///< invalid: the next one of the chart's own
+    QString title;  ///< in the legend; empty: not there
+    QString column; ///< what its values are called in tables, the unit is added; empty: title and axis
+    QColor color;   ///< invalid: the next one of the chart's own
     axis_t xAxis = X_BOTTOM;
     axis_t yAxis = Y_LEFT;
 };

@@ -34,6 +34,7 @@ struct Chart::Private {
     id_t nextId = 0;
     int nextSeries = 0;
     std::optional<bool> isDark;
+    std::optional<std::pair<QString, double>> constantColumn;
 
     id_t add(std::unique_ptr<QwtPlotItem> item) {
         item->attach(plot);
@@ -54,6 +55,7 @@ Chart::Chart(QWidget * parent) : QWidget(parent), m(new Private) {
     layout->setContentsMargins(0, 0, 0, 0);
     m->plot = new Plot(this);
     layout->addWidget(m->plot);
+    m->plot->m_onRefresh = [this] { emit refreshed(); };
     m->navigator = new Navigator(*m->plot);
     m->navigator->m_onAxis = [this](axis_t axis) { editAxes(axis); };
     m->navigator->m_onCursor = [this](const QPointF & place) { emit cursorMoved(place.x(), place.y()); };
@@ -85,6 +87,43 @@ void Chart::setTitle(const QString & title) {
 
 QString Chart::title() const {
     return m->plot->title().text();
+}
+
+void Chart::setPlaceholder(const QString & text) {
+    if (text == m->plot->placeholder())
+        return;
+    m->plot->setPlaceholder(text);
+    m->plot->refresh();
+}
+
+QString Chart::placeholder() const {
+    return m->plot->hasData() ? QString() : m->plot->placeholder();
+}
+
+void Chart::setConstantColumn(const QString & title, double value) {
+    m->constantColumn.reset();
+    if (!title.isEmpty())
+        m->constantColumn.emplace(title, value);
+}
+
+const std::optional<std::pair<QString, double>> & Chart::constantColumn() const {
+    return m->constantColumn;
+}
+
+void Chart::align(Chart & upper, Chart & lower, const QSize & upperSize, const QSize & lowerSize) {
+    Plot & first = *upper.m->plot;
+    Plot & second = *lower.m->plot;
+    first.setIndent(0, 0);
+    second.setIndent(0, 0);
+    const auto [firstLeft, firstRight] = first.sides(upperSize);
+    const auto [secondLeft, secondRight] = second.sides(lowerSize);
+    const double left = std::max(firstLeft, secondLeft), right = std::max(firstRight, secondRight);
+    first.setIndent(left - firstLeft, right - firstRight);
+    second.setIndent(left - secondLeft, right - secondRight);
+    for (Chart * chart : {&upper, &lower}) {
+        chart->m->plot->fit(chart->size());
+        chart->m->plot->replot();
+    }
 }
 
 void Chart::setAxis(axis_t axis, const Axis & settings) {
@@ -158,6 +197,10 @@ QStringList Chart::tickLabels(axis_t axis) const {
     for (const double tick : draw.scaleDiv().ticks(QwtScaleDiv::MajorTick))
         labels << draw.label(tick).text();
     return labels;
+}
+
+QString Chart::axisText(axis_t axis) const {
+    return m->plot->axisTitle(axis).text();
 }
 
 Chart::id_t Chart::addLine(std::shared_ptr<const PointModel> model, const LineStyle & style) {
@@ -242,7 +285,9 @@ void Chart::render(QPainter & painter, const QRectF & rectangle) const {
     const double scale = painter.device()->logicalDpiX() / double(m->plot->logicalDpiX());
     m->plot->fit(rectangle.size() / scale);
     const double margin = MARGIN * scale;
-    renderer.render(m->plot, &painter, rectangle.adjusted(margin, margin, -margin, -margin));
+    renderer.render(m->plot, &painter,
+                    rectangle.adjusted(margin + m->plot->indentLeft() * scale, margin,
+                                       -margin - m->plot->indentRight() * scale, -margin));
     m->plot->fit(size());
 }
 
@@ -273,18 +318,21 @@ std::vector<Table> Chart::tables() const {
         const auto header = [this](axis_t axis) { return m->plot->header(axis); };
         Table table;
         table.title = series->title().text();
+        table.column = series->column();
         table.points = series->points();
         table.xUnit = m->plot->state(series->xId()).unit;
         table.yUnit = m->plot->state(series->yId()).unit;
         table.xHeader = header(series->xId());
         table.yHeader = header(series->yId());
+        table.unit = m->plot->unitText(series->yId());
         if (const auto * grid = dynamic_cast<const GridItem *>(series)) {
             table.grid = &grid->grid();
             table.valueUnit = m->plot->state(grid->colorAxis()).unit;
             table.valueHeader = header(grid->colorAxis());
+            table.unit = m->plot->unitText(grid->colorAxis());
         } else if (const auto * vectors = dynamic_cast<const VectorItem *>(series)) {
             table.vectors = &vectors->vectors();
-            table.valueHeader = UnitScale::withUnit(QString(), vectors->unit());
+            table.valueHeader = table.unit = UnitScale::withUnit(QString(), vectors->unit());
         }
         tables.push_back(table);
     }

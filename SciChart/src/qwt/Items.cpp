@@ -2,6 +2,7 @@
 
 #include <SCI/Decimation.h>
 
+#include <QPaintEngine>
 #include <QPainter>
 
 #include <qwt_clipper.h>
@@ -17,6 +18,8 @@ namespace {
 
 /// Above so many points in a picture lines are thin and their edges are no longer smoothed, which nobody would see.
 constexpr std::size_t MAX_SMOOTH = 3000;
+/// Points of a line that are drawn at once.
+constexpr int PIECE = 24;
 /// Points are marked only while so many pixels are between them.
 constexpr double MARK_DISTANCE = 8;
 constexpr double MARK_RADIUS = 3;
@@ -39,7 +42,8 @@ std::size_t lowerIndex(const PointModel & model, double x) {
 }
 
 SeriesItem::SeriesItem(const SeriesStyle & style, int number)
-    : QwtPlotItem(QwtText(style.title, QwtText::PlainText)), m_number(number), m_color(style.color) {
+    : QwtPlotItem(QwtText(style.title, QwtText::PlainText)), m_number(number), m_column(style.column),
+      m_color(style.color) {
     setAxes(style.xAxis, style.yAxis);
     setItemAttribute(QwtPlotItem::Legend, !style.title.isEmpty());
     setItemAttribute(QwtPlotItem::AutoScale, false);
@@ -141,11 +145,19 @@ void LineItem::draw(QPainter * painter, const QwtScaleMap & xMap, const QwtScale
     painter->setRenderHint(QPainter::Antialiasing, !isDense);
     const QRectF clip = canvas.adjusted(-100, -100, 100, 100);
     QPolygonF line;
+    // Filling the outline of a line that goes to and fro takes time with the square of its points.
+    const bool isInPieces = !isDense && linePen.style() == Qt::SolidLine && painter->paintEngine() != nullptr &&
+                            painter->paintEngine()->type() == QPaintEngine::Raster;
     const auto drawLine = [&] {
-        if (line.size() == 1)
+        if (line.size() == 1) {
             painter->drawPoint(line.first());
-        else if (line.size() > 1)
-            painter->drawPolyline(QwtClipper::clipPolygonF(clip, line, false));
+        } else if (line.size() > 1) {
+            const QPolygonF clipped = QwtClipper::clipPolygonF(clip, line, false);
+            const int piece = isInPieces ? PIECE : std::max(PIECE, clipped.size());
+            // A piece begins with the last stretch of the one before, so that no joint is missing.
+            for (int first = 0; first + 1 < clipped.size(); first += piece - 2)
+                painter->drawPolyline(clipped.constData() + first, std::min(piece, clipped.size() - first));
+        }
         line.clear();
     };
     std::vector<QPointF> marks;

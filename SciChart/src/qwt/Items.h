@@ -22,6 +22,7 @@ public:
 
     /// What the series covers, in the data units of its axes; only values above 0 where an axis is logarithmic.
     const Bounds & bounds() const;
+    const QString & column() const { return m_column; }
     /// The data have changed, or the kind of an axis.
     virtual void forgetBounds() { m_bounds.reset(); }
 
@@ -46,6 +47,7 @@ protected:
     int m_number;
 
 private:
+    QString m_column;
     QColor m_color;
     mutable std::optional<Bounds> m_bounds;
 };

@@ -23,8 +23,11 @@ constexpr double PIXELS_PER_DATE = 80;
 constexpr double PIXELS_PER_NUMBER = 70;
 constexpr double PIXELS_PER_ROW = 38;
 /// Left and right, above and below the canvas, roughly [px].
+constexpr int MARGIN = 8; ///< around the plot [px]
 constexpr double SIDES = 120;
 constexpr double ENDS = 100;
+/// Above and below the title of a vertical axis, roughly [px].
+constexpr double TITLE_ENDS = 70;
 /// A range narrower than this part of its values cannot be told apart in doubles.
 constexpr double NARROWEST = 1e-12;
 
@@ -58,7 +61,7 @@ Plot::Plot(QWidget * parent) : QwtPlot(parent), m_theme(Theme::of(palette())), m
     setCanvas(ground);
     plotLayout()->setAlignCanvasToScales(true);
     plotLayout()->setSpacing(6);
-    setContentsMargins(8, 8, 8, 8);
+    setContentsMargins(MARGIN, MARGIN, MARGIN, MARGIN);
     m_grid->attach(this);
     for (int i = 0; i < NUM_AXES; ++i) {
         const auto id = static_cast<axis_t>(i);
@@ -87,11 +90,47 @@ void Plot::install(axis_t id) {
         break;
     }
     setAxisScaleDraw(id, new ScaleDraw(*this, id));
-    const bool hasUnit = state.axis.scale != DATE;
-    QwtText title(hasUnit ? UnitScale::withUnit(state.axis.title, state.axis.unit()) : state.axis.title,
-                  QwtText::PlainText);
+    fitTitle(id);
+}
+
+QString Plot::unitText(axis_t id) const {
+    const SCI::Axis & axis = m_axes[id].axis;
+    return axis.scale == DATE ? QString() : UnitScale::withUnit({}, axis.unit());
+}
+
+void Plot::fitTitle(axis_t id) {
+    const QString unit = unitText(id);
+    const QFontMetricsF metrics(pixelFont(*this));
+    const double room = isHorizontal(id) ? m_size.width() - SIDES : m_size.height() - TITLE_ENDS;
+    QString text = metrics.elidedText(m_axes[id].axis.title, Qt::ElideRight,
+                                      std::max(0.0, room - metrics.horizontalAdvance(' ' + unit)));
+    if (!text.isEmpty() && !unit.isEmpty())
+        text += ' ';
+    QwtText title(text + unit, QwtText::PlainText);
     title.setFont(font());
-    setAxisTitle(id, title);
+    if (title != axisTitle(id))
+        setAxisTitle(id, title);
+}
+
+bool Plot::hasData() const {
+    for (const QwtPlotItem * item : itemList())
+        if (const auto * series = dynamic_cast<const SeriesItem *>(item))
+            if (const auto [from, to] = series->covered(series->xId()); from <= to)
+                return true;
+    return false;
+}
+
+void Plot::setIndent(double left, double right) {
+    m_indent[0] = std::round(left);
+    m_indent[1] = std::round(right);
+    setContentsMargins(MARGIN + static_cast<int>(m_indent[0]), MARGIN, MARGIN + static_cast<int>(m_indent[1]), MARGIN);
+}
+
+std::pair<double, double> Plot::sides(const QSizeF & size) {
+    fit(size);
+    plotLayout()->activate(this, QRectF(QPointF(0, 0), m_size).marginsRemoved(contentsMargins()));
+    const QRectF room = plotLayout()->canvasRect();
+    return {room.left(), m_size.width() - room.right()};
 }
 
 void Plot::setAxis(axis_t id, const SCI::Axis & axis) {
@@ -233,7 +272,8 @@ void Plot::updateScale(axis_t id) {
     AxisState & state = m_axes[id];
     state.range = state.wanted ? *state.wanted : niceRange(id, coveredRange(id));
     divide(id);
-    enableAxis(id, isUsed(id));
+    enableAxis(id, isUsed(id) && (m_placeholder.isEmpty() || hasData()));
+    fitTitle(id);
 }
 
 void Plot::divide(axis_t id) {
@@ -276,6 +316,14 @@ void Plot::equalize() {
 }
 
 void Plot::drawItems(QPainter * painter, const QRectF & canvas, const QwtScaleMap maps[axisCnt]) const {
+    if (!m_placeholder.isEmpty() && !hasData()) {
+        painter->save();
+        painter->setFont(pixelFont(*this));
+        painter->setPen(m_theme.text);
+        painter->drawText(canvas, Qt::AlignCenter | Qt::TextWordWrap, m_placeholder);
+        painter->restore();
+        return;
+    }
     QwtPlot::drawItems(painter, canvas, maps);
     // Values of isolines stay readable under lines and arrows.
     for (const QwtPlotItem * item : itemList())
@@ -304,6 +352,8 @@ void Plot::fit(const QSizeF & size) {
 void Plot::refresh() {
     fit(m_size);
     replot();
+    if (m_onRefresh)
+        m_onRefresh();
 }
 
 QString Plot::valueText(axis_t id, double shown) const {

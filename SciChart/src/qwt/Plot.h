@@ -11,6 +11,7 @@
 #include <qwt_plot_grid.h>
 #include <qwt_scale_map.h>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -58,8 +59,22 @@ public:
     void fit(const QSizeF & size);
     /// Computes ranges and ticks anew and draws.
     void refresh();
+    /// What happens after each refresh().
+    std::function<void()> m_onRefresh;
+    /// Room left free at both sides [px], so that the plot fits to another.
+    void setIndent(double left, double right);
+    double indentLeft() const { return m_indent[0]; }
+    double indentRight() const { return m_indent[1]; }
+    /// What lies left and right of the canvas in a plot of this size [px].
+    std::pair<double, double> sides(const QSizeF & size);
+    void setPlaceholder(const QString & text) { m_placeholder = text; }
+    const QString & placeholder() const { return m_placeholder; }
+    /// Whether there is a series with values.
+    bool hasData() const;
     /// A number of an axis as text: a date, or with so many digits as the range needs and two more.
     QString valueText(axis_t id, double shown) const;
+    /// The unit of an axis in brackets; empty for numbers and dates.
+    QString unitText(axis_t id) const;
     /// Title and unit of an axis; "x" or "y" where it has none.
     QString header(axis_t id) const;
     bool isUsed(axis_t id) const;
@@ -87,12 +102,16 @@ private:
     Range niceRange(axis_t id, Range range) const;
     Range wholeDates(axis_t id, Range range) const;
     int maxMajorTicks(axis_t id) const;
+    /// Titles of axes as long as there is room: a unit is not cut off.
+    void fitTitle(axis_t id);
     void install(axis_t id);
 
     AxisState m_axes[NUM_AXES];
     QSizeF m_size{640, 400};
     Theme m_theme;
     bool m_isEqual = false;
+    QString m_placeholder;
+    double m_indent[2] = {0, 0};
     std::unique_ptr<QwtPlotGrid> m_grid;
 };
 

@@ -75,6 +75,8 @@ public:
     std::size_t timeCount() const { return m_timeCount; }
     /// Time points of all records, in the header's time unit.
     const std::vector<double> & timePoints();
+    /// One of them; of binary files nothing else is read. Throws ("[DataIO::timePoint]").
+    double timePoint(std::size_t timeIndex);
     /// The values of one time point, in the header's value unit; header().valueCount() long.
     /// Throws "Error reading data for this time index." above the cause ("[DataIO::data]").
     std::vector<double> data(std::size_t timeIndex);
@@ -85,6 +87,14 @@ public:
     /// "Time value %1 follows %2, not monotonically increasing time points found." and
     /// "Error retrieving values for time index %1." ("[DataIO::dataVector]").
     std::vector<double> dataVector(std::size_t valueIndex);
+
+    /// Time points and the course of one value, in the header's units.
+    struct Course {
+        std::vector<double> times, values;
+    };
+    /// The course of one value over some records; the places in the file are fetched at once. \p timeIndices below
+    /// timeCount(). Throws ("[DataIO::course]").
+    Course course(std::size_t valueIndex, std::span<const std::size_t> timeIndices);
 
     /// Checks the indices against the geometry's tables and says what they form.
     /// Throws ("[DataIO::determineDataFormat]"), nullptr: "Empty/uninitialized geometry data.".
