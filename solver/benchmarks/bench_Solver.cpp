@@ -312,6 +312,7 @@ BENCHMARK(corner)
     ->Args({50, 3})
     ->Args({100, 3})
     ->Args({200, 3});
+BENCHMARK(corner)->Name("Corner2D/year/target_20min")->Unit(benchmark::kSecond)->Iterations(1)->Args({100, 365});
 
 /// Steady heat through a plate or a block of many cells with a metal bridge in it.
 void steadyHeat(benchmark::State & counters) {

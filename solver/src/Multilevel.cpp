@@ -16,11 +16,6 @@ constexpr double TRUNCATED = 0.2; ///< weights that are left out, in parts of th
 
 } // namespace
 
-void Multilevel::Level::resizeVectors() {
-    for (std::vector<double> * v : {&inverse, &right, &sum})
-        v->assign(rows(), 0.0);
-}
-
 void Multilevel::setJacobian(const BlockMatrix & jacobian, std::span<const double> capacities) {
     m_capacities.assign(capacities.begin(), capacities.end());
     if (m_levels.empty() || !takeOver(jacobian))
@@ -34,12 +29,14 @@ bool Multilevel::takeOver(const BlockMatrix & jacobian) {
     bool fits = true;
     for (std::size_t r = 0; r < fine.rows(); ++r) {
         const double before = fine.conductance[fine.diagonal[r]];
+        const std::uint32_t cell = m_cells[r];
         for (std::size_t e = fine.start[r]; e < fine.start[r + 1]; ++e) {
-            const double conductance = -m_volumes[r] * *jacobian.block(e) * m_capacities[fine.column[e]];
+            const double conductance =
+                -m_volumes[cell] * *jacobian.block(m_sources[e]) * m_capacities[m_cells[fine.column[e]]];
             fits = fits && std::fabs(conductance - fine.conductance[e]) <= ALIKE * before;
             fine.conductance[e] = conductance;
         }
-        const double capacity = m_volumes[r] * m_capacities[r];
+        const double capacity = m_volumes[cell] * m_capacities[cell];
         fits = fits && std::fabs(capacity - fine.capacity[fine.diagonal[r]]) <= ALIKE * capacity;
         fine.capacity[fine.diagonal[r]] = capacity;
     }
@@ -48,7 +45,7 @@ bool Multilevel::takeOver(const BlockMatrix & jacobian) {
 
 void Multilevel::makeLevels(const BlockMatrix & jacobian) {
     m_levels.clear();
-    Level & fine = m_levels.emplace_back();
+    Level fine;
     fine.start.push_back(0);
     for (std::size_t r = 0; r < jacobian.rows(); ++r) {
         for (std::size_t e = jacobian.rowStart(r); e < jacobian.rowStart(r + 1); ++e) {
@@ -56,27 +53,100 @@ void Multilevel::makeLevels(const BlockMatrix & jacobian) {
             if (c == r)
                 fine.diagonal.push_back(static_cast<std::uint32_t>(e));
             fine.column.push_back(c);
-            fine.conductance.push_back(-m_volumes[r] * *jacobian.block(e) * m_capacities[c]);
-            fine.capacity.push_back(c == r ? m_volumes[r] * m_capacities[r] : 0);
+            fine.conductance.push_back(static_cast<double>(e)); // its number, until it is in its place
+            fine.capacity.push_back(0);
         }
         fine.start.push_back(static_cast<std::uint32_t>(fine.column.size()));
     }
-    fine.resizeVectors();
+    m_cells = orderByColour(fine);
+    m_levels.push_back(inOrder(fine, m_cells));
+    std::vector<std::uint32_t> order = m_cells;
+    m_sources.clear();
+    for (const double source : m_levels.front().conductance)
+        m_sources.push_back(static_cast<std::uint32_t>(source));
+    takeOver(jacobian);
     while (m_levels.size() < MAX_LEVELS && m_levels.back().rows() > SMALL) {
         std::uint32_t count = 0;
-        const std::vector<std::int32_t> coarse = chooseCoarse(m_levels.back(), count);
+        const std::vector<std::int32_t> coarse = chooseCoarse(m_levels.back(), order, count);
         if (count == 0 || count == m_levels.back().rows())
             break;
-        m_levels.back().interpolation = interpolate(m_levels.back(), coarse);
-        Level next = project(m_levels.back(), count);
-        m_levels.push_back(std::move(next));
+        Rows & interpolation = m_levels.back().interpolation;
+        interpolation = interpolate(m_levels.back(), coarse);
+        const Level next = project(m_levels.back(), count);
+        order = orderByColour(next);
+        std::vector<std::uint32_t> place(count);
+        for (std::uint32_t r = 0; r < count; ++r)
+            place[order[r]] = r;
+        for (Entry & entry : interpolation.entries)
+            entry.column = place[entry.column];
+        m_levels.push_back(inOrder(next, order));
     }
+}
+
+/// An order of the cells in which those of a colour, no two of them neighbours, follow each other: a sweep does not have to
+/// wait for the cell before, and takes away more of the rough errors.
+std::vector<std::uint32_t> Multilevel::orderByColour(const Level & level) {
+    const std::size_t n = level.rows();
+    constexpr std::uint32_t NONE = ~0u;
+    std::vector<std::uint32_t> colour(n, NONE);
+    std::vector<std::uint32_t> usedBy; // the last cell with a neighbour of each colour
+    std::vector<std::vector<std::uint32_t>> cells;
+    for (std::uint32_t r = 0; r < n; ++r) {
+        for (std::size_t e = level.start[r]; e < level.start[r + 1]; ++e)
+            if (const std::uint32_t of = colour[level.column[e]]; of != NONE)
+                usedBy[of] = r;
+        const auto free = std::find_if(usedBy.begin(), usedBy.end(), [r](std::uint32_t user) { return user != r; });
+        colour[r] = static_cast<std::uint32_t>(free - usedBy.begin());
+        if (free == usedBy.end()) {
+            usedBy.push_back(NONE);
+            cells.emplace_back();
+        }
+        cells[colour[r]].push_back(r);
+    }
+    std::vector<std::uint32_t> order;
+    order.reserve(n);
+    for (const std::vector<std::uint32_t> & some : cells)
+        order.insert(order.end(), some.begin(), some.end());
+    return order;
+}
+
+/// The level with its cells in another order, ready for its sweeps. \param order the cell of each new row
+Multilevel::Level Multilevel::inOrder(const Level & level, std::span<const std::uint32_t> order) {
+    const std::size_t n = level.rows();
+    std::vector<std::uint32_t> place(n);
+    for (std::uint32_t r = 0; r < n; ++r)
+        place[order[r]] = r;
+    Level result;
+    result.start.push_back(0);
+    std::vector<std::pair<std::uint32_t, std::uint32_t>> row; // column, entry
+    for (std::uint32_t r = 0; r < n; ++r) {
+        row.clear();
+        for (std::uint32_t e = level.start[order[r]]; e < level.start[order[r] + 1]; ++e)
+            row.emplace_back(place[level.column[e]], e);
+        std::sort(row.begin(), row.end());
+        for (const auto & [column, e] : row) {
+            if (column == r)
+                result.diagonal.push_back(static_cast<std::uint32_t>(result.column.size()));
+            result.column.push_back(column);
+            result.conductance.push_back(level.conductance[e]);
+            result.capacity.push_back(level.capacity[e]);
+        }
+        result.start.push_back(static_cast<std::uint32_t>(result.column.size()));
+    }
+    result.others.resize(result.column.size() - n);
+    for (std::vector<double> * v : {&result.inverse, &result.right, &result.sum})
+        v->assign(n, 0.0);
+    return result;
 }
 
 /// Marks the cells of the next level with their number, the others with -1. The cell on which most others depend goes on,
 /// those that depend on it follow it.
-std::vector<std::int32_t> Multilevel::chooseCoarse(const Level & level, std::uint32_t & count) {
+std::vector<std::int32_t> Multilevel::chooseCoarse(const Level & level, std::span<const std::uint32_t> order,
+                                                   std::uint32_t & count) {
     const std::size_t n = level.rows();
+    std::vector<std::uint32_t> rowOf(n);
+    for (std::uint32_t r = 0; r < n; ++r)
+        rowOf[order[r]] = r;
     std::vector<bool> isStrong(level.column.size());
     std::vector<std::uint32_t> dependents(n, 0); // how many depend on a cell, those that follow others twice
     std::vector<std::vector<std::uint32_t>> dependentOn(n);
@@ -97,12 +167,12 @@ std::vector<std::int32_t> Multilevel::chooseCoarse(const Level & level, std::uin
     std::vector<std::int32_t> mark(n, OPEN);
     std::priority_queue<std::pair<std::uint32_t, std::uint32_t>> queue; // entries that were overtaken stay in it
     for (std::uint32_t c = 0; c < n; ++c)
-        queue.push({dependents[c], static_cast<std::uint32_t>(n) - 1 - c});
+        queue.push({dependents[c], static_cast<std::uint32_t>(n) - 1 - order[c]});
     count = 0;
     while (!queue.empty()) {
         const auto [weight, reversed] = queue.top();
         queue.pop();
-        const std::uint32_t c = static_cast<std::uint32_t>(n) - 1 - reversed;
+        const std::uint32_t c = rowOf[n - 1 - reversed];
         if (mark[c] != OPEN || weight != dependents[c])
             continue;
         if (weight == 0) { // nobody depends on it: what sweeps leave of its error is none
@@ -116,7 +186,7 @@ std::vector<std::int32_t> Multilevel::chooseCoarse(const Level & level, std::uin
             mark[follower] = FOLLOWS;
             for (std::size_t e = level.start[follower]; e < level.start[follower + 1]; ++e)
                 if (const std::uint32_t other = level.column[e]; isStrong[e] && mark[other] == OPEN)
-                    queue.push({++dependents[other], static_cast<std::uint32_t>(n) - 1 - other});
+                    queue.push({++dependents[other], static_cast<std::uint32_t>(n) - 1 - order[other]});
         }
     }
     return mark;
@@ -128,10 +198,9 @@ Multilevel::Rows Multilevel::interpolate(const Level & level, const std::vector<
     Rows rows;
     rows.start.push_back(0);
     for (std::size_t r = 0; r < level.rows(); ++r) {
-        const std::size_t first = rows.column.size();
+        const std::size_t first = rows.entries.size();
         if (coarse[r] >= 0) {
-            rows.column.push_back(static_cast<std::uint32_t>(coarse[r]));
-            rows.weight.push_back(1);
+            rows.entries.push_back({static_cast<std::uint32_t>(coarse[r]), 1});
         } else {
             double largest = 0;
             double sum = 0;
@@ -150,14 +219,14 @@ Multilevel::Rows Multilevel::interpolate(const Level & level, const std::vector<
             for (std::size_t e = level.start[r]; e < level.start[r + 1]; ++e)
                 if (const double conductance = -level.conductance[e];
                     coarse[level.column[e]] >= 0 && conductance > 0 && conductance >= TRUNCATED * largest) {
-                    rows.column.push_back(static_cast<std::uint32_t>(coarse[level.column[e]]));
-                    rows.weight.push_back(conductance);
+                    rows.entries.push_back({static_cast<std::uint32_t>(coarse[level.column[e]]),
+                                            static_cast<float>(conductance / largest)});
                     taken += conductance;
                 }
-            for (std::size_t e = first; e < rows.weight.size(); ++e)
-                rows.weight[e] *= sum / taken / std::max(diagonal, 1e-300);
+            for (std::size_t e = first; e < rows.entries.size(); ++e)
+                rows.entries[e].value *= static_cast<float>(sum / taken / std::max(diagonal, 1e-300) * largest);
         }
-        rows.start.push_back(static_cast<std::uint32_t>(rows.column.size()));
+        rows.start.push_back(static_cast<std::uint32_t>(rows.entries.size()));
     }
     return rows;
 }
@@ -168,7 +237,7 @@ Multilevel::Level Multilevel::project(const Level & fine, std::size_t count) {
     std::vector<std::vector<std::pair<std::uint32_t, double>>> followers(count);
     for (std::uint32_t r = 0; r < p.count(); ++r)
         for (std::size_t e = p.start[r]; e < p.start[r + 1]; ++e)
-            followers[p.column[e]].push_back({r, p.weight[e]});
+            followers[p.entries[e].column].push_back({r, static_cast<double>(p.entries[e].value)});
     Level level;
     level.start.push_back(0);
     std::vector<double> conductance(count, 0.0);
@@ -180,14 +249,15 @@ Multilevel::Level Multilevel::project(const Level & fine, std::size_t count) {
         for (const auto & [f, weight] : followers[r])
             for (std::size_t e = fine.start[f]; e < fine.start[f + 1]; ++e)
                 for (std::size_t k = p.start[fine.column[e]]; k < p.start[fine.column[e] + 1]; ++k) {
-                    const std::uint32_t c = p.column[k];
+                    const std::uint32_t c = p.entries[k].column;
+                    const double share = weight * static_cast<double>(p.entries[k].value);
                     if (seen[c] != r) {
                         seen[c] = r;
                         conductance[c] = capacity[c] = 0;
                         row.push_back(c);
                     }
-                    conductance[c] += weight * fine.conductance[e] * p.weight[k];
-                    capacity[c] += weight * fine.capacity[e] * p.weight[k];
+                    conductance[c] += share * fine.conductance[e];
+                    capacity[c] += share * fine.capacity[e];
                 }
         std::sort(row.begin(), row.end());
         for (const std::uint32_t c : row) {
@@ -199,32 +269,37 @@ Multilevel::Level Multilevel::project(const Level & fine, std::size_t count) {
         }
         level.start.push_back(static_cast<std::uint32_t>(level.column.size()));
     }
-    level.resizeVectors();
     return level;
 }
 
 bool Multilevel::factorise(const BlockMatrix &, double gamma) {
-    for (Level & level : m_levels) {
-        level.value.resize(level.column.size());
-        for (std::size_t e = 0; e < level.value.size(); ++e)
-            level.value[e] = level.capacity[e] + gamma * level.conductance[e];
+    for (Level & level : m_levels)
         for (std::size_t r = 0; r < level.rows(); ++r) {
-            if (!(level.value[level.diagonal[r]] > 0))
+            const auto value = [&](std::size_t e) { return level.capacity[e] + gamma * level.conductance[e]; };
+            double diagonal = value(level.diagonal[r]);
+            for (std::size_t e = level.start[r]; e < level.start[r + 1]; ++e)
+                if (e != level.diagonal[r]) {
+                    Entry & entry = level.others[e - r - (e > level.diagonal[r] ? 1 : 0)];
+                    entry = {level.column[e], static_cast<float>(value(e))};
+                    // What rounding takes from an exchange it takes from the cell's balance as well: the sums of rows, small
+                    // between large entries, stay as they are.
+                    diagonal += value(e) - static_cast<double>(entry.value);
+                }
+            if (!(diagonal > 0))
                 return false;
-            level.inverse[r] = 1 / level.value[level.diagonal[r]];
+            level.inverse[r] = 1 / diagonal;
         }
-    }
-    return m_levels.back().rows() > SMALL || factoriseLast();
+    return m_levels.back().rows() > SMALL || factoriseLast(gamma);
 }
 
 /// L U without pivots, as the diagonal outweighs the rest.
-bool Multilevel::factoriseLast() {
+bool Multilevel::factoriseLast(double gamma) {
     const Level & level = m_levels.back();
     const std::size_t n = level.rows();
     m_last.assign(n * n, 0.0);
     for (std::size_t r = 0; r < n; ++r)
         for (std::size_t e = level.start[r]; e < level.start[r + 1]; ++e)
-            m_last[r * n + level.column[e]] = level.value[e];
+            m_last[r * n + level.column[e]] = level.capacity[e] + gamma * level.conductance[e];
     for (std::size_t k = 0; k < n; ++k) {
         if (!(std::fabs(m_last[k * n + k]) > 0))
             return false;
@@ -237,22 +312,16 @@ bool Multilevel::factoriseLast() {
     return true;
 }
 
-/// Balances one cell after the other, from a sum of zero.
-void Multilevel::sweepForward(const Level & level) {
-    for (std::size_t r = 0; r < level.rows(); ++r) {
-        double rest = level.right[r];
-        for (std::size_t e = level.start[r]; e < level.diagonal[r]; ++e)
-            rest -= level.value[e] * level.sum[level.column[e]];
-        level.sum[r] = rest * level.inverse[r];
-    }
-}
-
-void Multilevel::sweepBackward(const Level & level) {
-    for (std::size_t r = level.rows(); r-- > 0;) {
-        double rest = level.right[r];
-        for (std::size_t e = level.start[r]; e < level.start[r + 1]; ++e)
-            rest -= level.value[e] * level.sum[level.column[e]];
-        level.sum[r] += rest * level.inverse[r];
+void Multilevel::solveLast(const Level & level) const {
+    const std::size_t n = level.rows();
+    level.sum = level.right;
+    for (std::size_t r = 0; r < n; ++r)
+        for (std::size_t c = 0; c < r; ++c)
+            level.sum[r] -= m_last[r * n + c] * level.sum[c];
+    for (std::size_t r = n; r-- > 0;) {
+        for (std::size_t c = r + 1; c < n; ++c)
+            level.sum[r] -= m_last[r * n + c] * level.sum[c];
+        level.sum[r] /= m_last[r * n + r];
     }
 }
 
@@ -260,45 +329,42 @@ void Multilevel::sweepBackward(const Level & level) {
 void Multilevel::cycle(std::size_t l) const {
     const Level & level = m_levels[l];
     const std::size_t n = level.rows();
-    if (l + 1 == m_levels.size() && n <= SMALL) {
-        level.sum = level.right;
-        for (std::size_t r = 0; r < n; ++r)
-            for (std::size_t c = 0; c < r; ++c)
-                level.sum[r] -= m_last[r * n + c] * level.sum[c];
-        for (std::size_t r = n; r-- > 0;) {
-            for (std::size_t c = r + 1; c < n; ++c)
-                level.sum[r] -= m_last[r * n + c] * level.sum[c];
-            level.sum[r] /= m_last[r * n + r];
-        }
+    const bool isLast = l + 1 == m_levels.size();
+    if (isLast && n <= SMALL) {
+        solveLast(level);
         return;
     }
-    sweepForward(level);
-    if (l + 1 < m_levels.size()) {
+    for (std::size_t r = 0; r < n; ++r)
+        level.sum[r] = (level.right[r] - level.product(level.before(r))) * level.inverse[r];
+    if (!isLast) {
         const Level & coarse = m_levels[l + 1];
         const Rows & p = level.interpolation;
         std::fill(coarse.right.begin(), coarse.right.end(), 0.0);
         for (std::size_t r = 0; r < n; ++r) {
-            double rest = 0; // the sweep balanced each cell with those before it
-            for (std::size_t e = level.diagonal[r] + 1; e < level.start[r + 1]; ++e)
-                rest -= level.value[e] * level.sum[level.column[e]];
+            const std::span<const Entry> behind = level.behind(r);
+            if (behind.empty())
+                continue; // the sweep balanced each cell with those before it
+            const double rest = level.product(behind);
             for (std::size_t e = p.start[r]; e < p.start[r + 1]; ++e)
-                coarse.right[p.column[e]] += p.weight[e] * rest;
+                coarse.right[p.entries[e].column] -= static_cast<double>(p.entries[e].value) * rest;
         }
         cycle(l + 1);
         for (std::size_t r = 0; r < n; ++r)
             for (std::size_t e = p.start[r]; e < p.start[r + 1]; ++e)
-                level.sum[r] += p.weight[e] * coarse.sum[p.column[e]];
+                level.sum[r] += static_cast<double>(p.entries[e].value) * coarse.sum[p.entries[e].column];
     }
-    sweepBackward(level);
+    for (std::size_t r = n; r-- > 0;)
+        level.sum[r] =
+            (level.right[r] - level.product(level.before(r)) - level.product(level.behind(r))) * level.inverse[r];
 }
 
 void Multilevel::solve(std::span<const double> r, std::span<double> z) const {
     const Level & fine = m_levels.front();
-    for (std::size_t c = 0; c < m_volumes.size(); ++c)
-        fine.right[c] = m_volumes[c] * r[c];
+    for (std::size_t row = 0; row < m_cells.size(); ++row)
+        fine.right[row] = m_volumes[m_cells[row]] * r[m_cells[row]];
     cycle(0);
-    for (std::size_t c = 0; c < m_volumes.size(); ++c)
-        z[c] = m_capacities[c] * fine.sum[c];
+    for (std::size_t row = 0; row < m_cells.size(); ++row)
+        z[m_cells[row]] = m_capacities[m_cells[row]] * fine.sum[row];
 }
 
 } // namespace SOLVER

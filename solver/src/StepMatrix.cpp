@@ -1,10 +1,12 @@
 #include "StepMatrix.h"
 
 #include "DirectSolver.h"
+#include "SmallBlocks.h"
 
 #include <KOR/Exception.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace SOLVER {
@@ -95,6 +97,9 @@ bool StepMatrix::build(double time, std::span<const double> state, std::span<con
 }
 
 double StepMatrix::residualShare(double gamma) const {
+    constexpr double OF_LEVELS = 0.1; // the residual behind several levels is the error
+    if (m_multilevel != nullptr)
+        return OF_LEVELS;
     constexpr double LEAST = 1e-3;
     if (m_model.input().module == module_t::heat) // long steps to steady states, bridges of metal
         return LEAST;
@@ -109,6 +114,7 @@ bool StepMatrix::factorise(double gamma) {
 
 void StepMatrix::solve(std::span<const double> r, std::span<double> z, double gamma) const {
     const std::size_t size = m_model.size();
+    m_solveGamma = gamma;
     m_lastResidual.assign(r.begin(), r.begin() + static_cast<std::ptrdiff_t>(size));
     if (!m_preconditioner) {
         std::copy(r.begin(), r.end(), z.begin());
@@ -130,21 +136,51 @@ void StepMatrix::solve(std::span<const double> r, std::span<double> z, double ga
 void StepMatrix::keepSums(std::span<const double> r, std::span<double> z) const {
     const std::size_t n = m_model.unknowns();
     const std::size_t size = m_model.size();
-    const bool isWaterOnly = m_model.input().module == module_t::moisture;
+    const auto comeIn = [&](std::span<const double> cells, std::span<double> exchanged) {
+        if (m_usesJacobian)
+            m_exchange.addProduct(m_solveGamma, cells, exchanged);
+    };
+    const auto takeWhatComesIn = [&] { // nothing weighs its error in the iterations
+        if (!m_usesJacobian)
+            return;
+        std::copy(r.begin() + static_cast<std::ptrdiff_t>(size), r.end(),
+                  z.begin() + static_cast<std::ptrdiff_t>(size));
+        comeIn(z.first(size), z.subspan(size));
+    };
+    takeWhatComesIn();
     constexpr double LEAST = 1e-12; // where nothing moved, all cells bear alike
+    const auto firstOf = [&](std::size_t u) { return m_model.input().module == module_t::moisture ? 1 : u; };
+    const auto share = [&](std::size_t i) { return std::fabs(z[i]) + LEAST; };
+    std::array<double, 2> missing{};
+    std::array<double, 4> response{}; // of the sums, row by row, to a change in proportion to z of each unknown
+    std::vector<double> part(size);
+    std::vector<double> exchanged(z.size() - size);
     for (std::size_t u = 0; u < n; ++u) {
-        double gained = 0;
-        double moved = 0;
+        std::fill(part.begin(), part.end(), 0.0);
+        std::fill(exchanged.begin(), exchanged.end(), 0.0);
         for (std::size_t c = 0; c < m_model.cellCount(); ++c) {
             const double volume = m_model.input().cells[c].volume;
-            gained += volume * (z[n * c + u] - r[n * c + u]);
-            moved += volume * (std::fabs(z[n * c + u]) + LEAST);
+            missing[u] += volume * (z[n * c + u] - r[n * c + u]);
+            part[n * c + u] = share(n * c + u);
+            response[u * n + u] += volume * part[n * c + u];
         }
-        for (std::size_t i = size + (isWaterOnly ? 1 : u); i < z.size(); i += 2)
-            gained -= z[i] - r[i];
-        for (std::size_t c = 0; c < m_model.cellCount(); ++c)
-            z[n * c + u] -= gained / moved * (std::fabs(z[n * c + u]) + LEAST);
+        comeIn(part, exchanged);
+        for (std::size_t v = 0; v < n; ++v)
+            for (std::size_t i = firstOf(v); i < exchanged.size(); i += 2)
+                response[v * n + u] -= exchanged[i];
+        for (std::size_t i = firstOf(u); i < exchanged.size(); i += 2)
+            missing[u] -= z[size + i] - r[size + i];
     }
+    if (!(n == 2 ? invert<2>(response.data()) : invert<1>(response.data())))
+        return;
+    for (std::size_t u = 0; u < n; ++u) {
+        double factor = 0;
+        for (std::size_t v = 0; v < n; ++v)
+            factor += response[u * n + v] * missing[v];
+        for (std::size_t i = u; i < size; i += n)
+            z[i] -= factor * share(i);
+    }
+    takeWhatComesIn();
 }
 
 void StepMatrix::multiply(std::span<const double> v, std::span<double> jv) const {

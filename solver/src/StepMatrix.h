@@ -31,8 +31,8 @@ public:
     bool factorise(double gamma);
     /// z becomes the (approximate) solution of (I - gamma J) z = r; extended.
     void solve(std::span<const double> r, std::span<double> z, double gamma) const;
-    /// Iterations end before \p z is exact: what the cells then gain beside what came in is taken from them again, from each
-    /// in proportion to its part in \p z.
+    /// Iterations end before \p z is exact: what came in is made to agree with the cells' change, and what they then gain
+    /// beside it is taken from them again, from each in proportion to its part in \p z.
     void keepSums(std::span<const double> r, std::span<double> z) const;
     /// jv = J v; extended.
     void multiply(std::span<const double> v, std::span<double> jv) const;
@@ -59,6 +59,7 @@ private:
     Multilevel * m_multilevel = nullptr;              ///< the preconditioner if it is one
     std::unique_ptr<Preconditioner> m_preconditioner; ///< null for none
     double m_gamma = 0;                               ///< of the last factorisation
+    mutable double m_solveGamma = 0;                  ///< of the step that is being solved
     long m_jacobianCount = 0;
     double m_cellRate = 0;                      ///< fastest rate in a cell, which a tenth of the cells exceed [1/s]
     mutable std::vector<double> m_lastResidual; ///< for the story of a failure

@@ -263,8 +263,9 @@ TEST(LinearSolvers, ReachTheSteadyStateOfABridge) {
             integrator.advance(1e9);
             const IntegratorStatistics s = integrator.statistics();
             EXPECT_LT(s.steps, 320);
-            EXPECT_LT(s.linearIterations, 8 * s.nonlinearIterations);
+            EXPECT_LT(s.linearIterations, 4 * s.nonlinearIterations);
             EXPECT_LT(s.nonlinearFailures + s.errorTestFailures, 15);
+            EXPECT_LE(s.nonlinearFailures, 1); // what keeps the sums does not take the solution away
             std::vector<double> derivative(model.size());
             ASSERT_TRUE(model.rightHandSide(1e9, integrator.state(), derivative));
             double in = 0;
