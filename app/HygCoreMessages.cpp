@@ -61,6 +61,37 @@ constexpr const char * MESSAGES[] = {
     QT_TRANSLATE_NOOP("HygCoreMessages", "File format not recognized!"),
     QT_TRANSLATE_NOOP("HygCoreMessages", "Error on reading binary header from file."),
     QT_TRANSLATE_NOOP("HygCoreMessages", "The file has version %1, newer than %2 of this program."),
+    QT_TRANSLATE_NOOP("HygCoreMessages", "Error in line %1 of project file:"),
+    QT_TRANSLATE_NOOP("HygCoreMessages", "Error in XML file, line %1: %2"),
+    QT_TRANSLATE_NOOP("HygCoreMessages", "Missing '%1' attribute in %2 element."),
+    QT_TRANSLATE_NOOP("HygCoreMessages", "Expected '%1' attribute in %2."),
+    QT_TRANSLATE_NOOP("HygCoreMessages", "Unknown XML tag with name '%1' in %2 element."),
+    QT_TRANSLATE_NOOP("HygCoreMessages", "Unknown XML tag with name '%1' in '%2' section."),
+    QT_TRANSLATE_NOOP("HygCoreMessages", "Unknown element '%1' in %2."),
+    QT_TRANSLATE_NOOP("HygCoreMessages", "Section '%1' is given more than once."),
+    QT_TRANSLATE_NOOP("HygCoreMessages", "Error reading elements in section '%1'."),
+    QT_TRANSLATE_NOOP("HygCoreMessages", "Error reading %1 element."),
+    QT_TRANSLATE_NOOP("HygCoreMessages", "Expected HygrionProject as root node in XML file."),
+    QT_TRANSLATE_NOOP("HygCoreMessages", "Unit '%1' not found."),
+    QT_TRANSLATE_NOOP("HygCoreMessages", "Could not convert '%1' into value."),
+    QT_TRANSLATE_NOOP("HygCoreMessages", "The project was written by a newer version of the program: its files have version %1, this program reads files up to version %2."),
+    QT_TRANSLATE_NOOP("HygCoreMessages", "The project holds something that could not be read again. Please mend it and save then."),
+    // of the start and of projects that are opened and saved
+    QT_TRANSLATE_NOOP("HygCoreMessages", "Project '%1' opened: %2 x %3 x %4 cells, %5 materials, %6 assignments."),
+    QT_TRANSLATE_NOOP("HygCoreMessages", "Project '%1' read again."),
+    QT_TRANSLATE_NOOP("HygCoreMessages", "Placeholder '%1' is being used in one or more referenced files, but not defined within the placeholder section"),
+    QT_TRANSLATE_NOOP("HygCoreMessages", "Placeholder '%1' is built in, its definition in the project is ignored."),
+    QT_TRANSLATE_NOOP("HygCoreMessages", "Error reading material data file '%1'"),
+    QT_TRANSLATE_NOOP("HygCoreMessages", "Installing translator for language: '%1'."),
+    QT_TRANSLATE_NOOP("HygCoreMessages", "Could not load system translator file: '%1'."),
+    QT_TRANSLATE_NOOP("HygCoreMessages", "Could not load application translator file: '%1'."),
+    QT_TRANSLATE_NOOP("HygCoreMessages", "Cannot create the user data directory '%1'."),
+    QT_TRANSLATE_NOOP("HygCoreMessages", "'%1' is not a journal."),
+    QT_TRANSLATE_NOOP("HygCoreMessages", "The head of journal '%1' cannot be read."),
+    QT_TRANSLATE_NOOP("HygCoreMessages", "A journal of unsaved changes cannot be used."),
+    // of the clipboard
+    QT_TRANSLATE_NOOP("HygCoreMessages", "The text holds no block of cells."),
+    QT_TRANSLATE_NOOP("HygCoreMessages", "'%1' is defined neither in this project nor among the copied cells."),
 };
 constexpr const char * WORDS[] = {
     QT_TRANSLATE_NOOP("HygCoreMessages", "material"),
@@ -106,6 +137,13 @@ QString word(const QString & english) {
     return QCoreApplication::translate(CONTEXT, english.toUtf8().constData());
 }
 
+QString translatedLine(const QString & line);
+
+/// A value, or a message within a message.
+QString inner(const QString & value) {
+    return value.endsWith('.') ? translatedLine(value) : value;
+}
+
 QString translatedLine(const QString & line) {
     for (const Pattern & pattern : patterns()) {
         const QRegularExpressionMatch match = pattern.expression.match(line);
@@ -116,7 +154,7 @@ QString translatedLine(const QString & line) {
         QString filled;
         for (int i = 0; i < text.size(); ++i) {
             const int number = text[i] == '%' && i + 1 < text.size() ? text[i + 1].digitValue() : -1;
-            filled += number > 0 ? match.captured(number) : QString(text[i]);
+            filled += number > 0 ? inner(match.captured(number)) : QString(text[i]);
             i += number > 0 ? 1 : 0;
         }
         return filled;

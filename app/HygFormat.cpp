@@ -22,9 +22,16 @@ QString HygFormat::value(double value, const QString & unit, int digits) {
     return printed.isEmpty() ? number(value, digits) : number(value, digits) + ' ' + printed;
 }
 
-QString HygFormat::dateTime(const QDateTime & time) {
-    //: pattern of a date with its time
-    return time.toString(QCoreApplication::translate("HygFormat", "yyyy-MM-dd HH:mm"));
+QString HygFormat::date(const QDate & date) {
+    //: pattern of a date
+    return date.toString(QCoreApplication::translate("HygFormat", "yyyy-MM-dd"));
+}
+
+QString HygFormat::dateTime(const QDateTime & time, bool hasSeconds) {
+    if (!time.isValid())
+        return {};
+    const QDateTime here = time.toLocalTime();
+    return date(here.date()) + ' ' + here.toString(hasSeconds ? QStringLiteral("HH:mm:ss") : QStringLiteral("HH:mm"));
 }
 
 QString HygFormat::duration(double seconds) {

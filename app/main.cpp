@@ -56,6 +56,7 @@ std::optional<KOR::Exception> parseArguments(KOR::ArgParser & parser, int argc, 
     QtExt::Settings::addOptions(parser);
     parser.addOption(0, VIEW, "Shows this view once the project is open.", "construction|simulation|results|...", "");
     parser.setAppName(DISPLAY_NAME);
+    parser.setArguments("[project file]", "The project to be opened (*.h6p).");
     try {
         parser.parse(argc, argv);
     } catch (const KOR::Exception & ex) {

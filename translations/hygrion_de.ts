@@ -312,10 +312,6 @@ Doppelklick wählt eine andere Datei.</translation>
         <translation>Zellen einfügen</translation>
     </message>
     <message>
-        <source>Not pasted, since the project has no definition of that name: %1</source>
-        <translation>Nicht eingefügt, da das Projekt keine Definition dieses Namens hat: %1</translation>
-    </message>
-    <message>
         <source>Resolve overlaps</source>
         <translation>Überlappungen auflösen</translation>
     </message>
@@ -346,6 +342,13 @@ Doppelklick wählt eine andere Datei.</translation>
     <message>
         <source>Remove layer</source>
         <translation>Schicht entfernen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n cells of the block lie beyond the edge of the construction and were left out.</source>
+        <translation>
+            <numerusform>%n Zelle des Blocks liegt jenseits des Randes der Konstruktion und wurde ausgelassen.</numerusform>
+            <numerusform>%n Zellen des Blocks liegen jenseits des Randes der Konstruktion und wurden ausgelassen.</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1082,6 +1085,122 @@ Doppelklick wählt eine andere Datei.</translation>
         <source>Init</source>
         <translation>Einstellungen</translation>
     </message>
+    <message>
+        <source>Error in line %1 of project file:</source>
+        <translation>Fehler in Zeile %1 der Projektdatei:</translation>
+    </message>
+    <message>
+        <source>Error in XML file, line %1: %2</source>
+        <translation>Fehler in der XML-Datei, Zeile %1: %2</translation>
+    </message>
+    <message>
+        <source>Missing &apos;%1&apos; attribute in %2 element.</source>
+        <translation>Dem Element %2 fehlt das Attribut „%1“.</translation>
+    </message>
+    <message>
+        <source>Expected &apos;%1&apos; attribute in %2.</source>
+        <translation>Erwartet wird das Attribut „%1“ in %2.</translation>
+    </message>
+    <message>
+        <source>Unknown XML tag with name &apos;%1&apos; in %2 element.</source>
+        <translation>Unbekanntes Element „%1“ im Element %2.</translation>
+    </message>
+    <message>
+        <source>Unknown XML tag with name &apos;%1&apos; in &apos;%2&apos; section.</source>
+        <translation>Unbekanntes Element „%1“ im Abschnitt „%2“.</translation>
+    </message>
+    <message>
+        <source>Unknown element &apos;%1&apos; in %2.</source>
+        <translation>Unbekanntes Element „%1“ in %2.</translation>
+    </message>
+    <message>
+        <source>Section &apos;%1&apos; is given more than once.</source>
+        <translation>Den Abschnitt „%1“ gibt es mehrmals.</translation>
+    </message>
+    <message>
+        <source>Error reading elements in section &apos;%1&apos;.</source>
+        <translation>Der Abschnitt „%1“ lässt sich nicht lesen.</translation>
+    </message>
+    <message>
+        <source>Error reading %1 element.</source>
+        <translation>Das Element %1 lässt sich nicht lesen.</translation>
+    </message>
+    <message>
+        <source>Expected HygrionProject as root node in XML file.</source>
+        <translation>Erwartet wird HygrionProject als Wurzel der XML-Datei.</translation>
+    </message>
+    <message>
+        <source>Unit &apos;%1&apos; not found.</source>
+        <translation>Die Einheit „%1“ gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>Could not convert &apos;%1&apos; into value.</source>
+        <translation>„%1“ ist keine Zahl.</translation>
+    </message>
+    <message>
+        <source>The project was written by a newer version of the program: its files have version %1, this program reads files up to version %2.</source>
+        <translation>Das Projekt wurde von einer neueren Version des Programms geschrieben: Seine Dateien haben Version %1, dieses Programm liest Dateien bis Version %2.</translation>
+    </message>
+    <message>
+        <source>The project holds something that could not be read again. Please mend it and save then.</source>
+        <translation>Das Projekt enthält etwas, das nicht wieder gelesen werden könnte. Bitte erst berichtigen, dann speichern.</translation>
+    </message>
+    <message>
+        <source>Project &apos;%1&apos; opened: %2 x %3 x %4 cells, %5 materials, %6 assignments.</source>
+        <translation>Projekt „%1“ geöffnet: %2 x %3 x %4 Zellen, %5 Materialien, %6 Zuweisungen.</translation>
+    </message>
+    <message>
+        <source>Project &apos;%1&apos; read again.</source>
+        <translation>Projekt „%1“ neu gelesen.</translation>
+    </message>
+    <message>
+        <source>Placeholder &apos;%1&apos; is being used in one or more referenced files, but not defined within the placeholder section</source>
+        <translation>Der Platzhalter „%1“ steht in Pfaden von Dateien, ist im Projekt aber nicht festgelegt.</translation>
+    </message>
+    <message>
+        <source>Placeholder &apos;%1&apos; is built in, its definition in the project is ignored.</source>
+        <translation>Der Platzhalter „%1“ ist eingebaut; was das Projekt dafür festlegt, gilt nicht.</translation>
+    </message>
+    <message>
+        <source>Error reading material data file &apos;%1&apos;</source>
+        <translation>Die Materialdatei „%1“ lässt sich nicht lesen</translation>
+    </message>
+    <message>
+        <source>Installing translator for language: &apos;%1&apos;.</source>
+        <translation>Sprache des Programms: „%1“.</translation>
+    </message>
+    <message>
+        <source>Could not load system translator file: &apos;%1&apos;.</source>
+        <translation>Die Übersetzungsdatei „%1“ von Qt lässt sich nicht laden.</translation>
+    </message>
+    <message>
+        <source>Could not load application translator file: &apos;%1&apos;.</source>
+        <translation>Die Übersetzungsdatei „%1“ des Programms lässt sich nicht laden.</translation>
+    </message>
+    <message>
+        <source>Cannot create the user data directory &apos;%1&apos;.</source>
+        <translation>Der Ordner „%1“ für Benutzerdaten lässt sich nicht anlegen.</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is not a journal.</source>
+        <translation>„%1“ ist kein Journal.</translation>
+    </message>
+    <message>
+        <source>The head of journal &apos;%1&apos; cannot be read.</source>
+        <translation>Der Kopf des Journals „%1“ lässt sich nicht lesen.</translation>
+    </message>
+    <message>
+        <source>A journal of unsaved changes cannot be used.</source>
+        <translation>Ein Journal nicht gespeicherter Änderungen lässt sich nicht verwenden.</translation>
+    </message>
+    <message>
+        <source>The text holds no block of cells.</source>
+        <translation>Der Text in der Zwischenablage enthält keinen Block von Zellen.</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is defined neither in this project nor among the copied cells.</source>
+        <translation>„%1“ ist weder in diesem Projekt noch bei den kopierten Zellen festgelegt.</translation>
+    </message>
 </context>
 <context>
     <name>HygDiscretizationDialog</name>
@@ -1369,9 +1488,9 @@ Doppelklick wählt eine andere Datei.</translation>
         <translation>de</translation>
     </message>
     <message>
-        <source>yyyy-MM-dd HH:mm</source>
-        <extracomment>pattern of a date with its time</extracomment>
-        <translation>dd.MM.yyyy HH:mm</translation>
+        <source>yyyy-MM-dd</source>
+        <extracomment>pattern of a date</extracomment>
+        <translation>dd.MM.yyyy</translation>
     </message>
 </context>
 <context>
@@ -1485,10 +1604,6 @@ Doppelklick wählt eine andere Datei.</translation>
         <translation>Äußere Ränder ohne Klima, durch die nichts geht:</translation>
     </message>
     <message>
-        <source>The file of material &apos;%1&apos; is missing.</source>
-        <translation>Die Datei des Materials „%1“ fehlt.</translation>
-    </message>
-    <message>
         <source>No outputs are assigned; a run would leave no results.</source>
         <translation>Es sind keine Ausgaben zugewiesen; eine Berechnung hinterließe keine Ergebnisse.</translation>
     </message>
@@ -1499,6 +1614,11 @@ Doppelklick wählt eine andere Datei.</translation>
     <message>
         <source>Nothing is missing here.</source>
         <translation>Hier fehlt nichts.</translation>
+    </message>
+    <message>
+        <source>Material &apos;%1&apos;: %2</source>
+        <comment>name and what is wrong with its file</comment>
+        <translation>Material „%1“: %2</translation>
     </message>
 </context>
 <context>
@@ -2617,6 +2737,10 @@ Doppelklick wählt ein anderes Material.</translation>
         <source>Material database</source>
         <translation>Materialdatenbank</translation>
     </message>
+    <message>
+        <source>Sketch</source>
+        <translation>Skizze</translation>
+    </message>
 </context>
 <context>
     <name>HygMaterialChart</name>
@@ -2786,24 +2910,24 @@ Doppelklick wählt ein anderes Material.</translation>
         <translation>Rho [kg/m3]</translation>
     </message>
     <message>
-        <source>Bulk density of the dry material; usually 15 to 2500 kg/m3</source>
-        <translation>Rohdichte des trockenen Materials; meist 15 bis 2500 kg/m3</translation>
+        <source>Bulk density of the dry material; usually 15 to 2500 kg/m³</source>
+        <translation>Rohdichte des trockenen Materials; meist 15 bis 2500 kg/m³</translation>
     </message>
     <message>
         <source>cp [J/kgK]</source>
         <translation>cp [J/kgK]</translation>
     </message>
     <message>
-        <source>Specific heat capacity of the dry material; usually 800 to 2500 J/kgK</source>
-        <translation>Spezifische Wärmekapazität des trockenen Materials; meist 800 bis 2500 J/kgK</translation>
+        <source>Specific heat capacity of the dry material; usually 800 to 2500 J/(kg·K)</source>
+        <translation>Spezifische Wärmekapazität des trockenen Materials; meist 800 bis 2500 J/(kg·K)</translation>
     </message>
     <message>
         <source>Lambda [W/mK]</source>
         <translation>Lambda [W/mK]</translation>
     </message>
     <message>
-        <source>Thermal conductivity of the dry material; usually 0.02 to 3 W/mK, metals up to 400 W/mK</source>
-        <translation>Wärmeleitfähigkeit des trockenen Materials; meist 0.02 bis 3 W/mK, Metalle bis 400 W/mK</translation>
+        <source>Thermal conductivity of the dry material; usually 0.02 to 3 W/(m·K), metals up to 400 W/(m·K)</source>
+        <translation>Wärmeleitfähigkeit des trockenen Materials; meist 0,02 bis 3 W/(m·K), Metalle bis 400 W/(m·K)</translation>
     </message>
     <message>
         <source>µ [---]</source>
@@ -2818,24 +2942,24 @@ Doppelklick wählt ein anderes Material.</translation>
         <translation>W80 [kg/m3]</translation>
     </message>
     <message>
-        <source>Moisture content in balance with a relative humidity of 80 %; usually 0 to 150 kg/m3</source>
-        <translation>Feuchtegehalt im Gleichgewicht mit 80 % relativer Luftfeuchte; meist 0 bis 150 kg/m3</translation>
+        <source>Moisture content in balance with a relative humidity of 80 %; usually 0 to 150 kg/m³</source>
+        <translation>Feuchtegehalt im Gleichgewicht mit 80 % relativer Luftfeuchte; meist 0 bis 150 kg/m³</translation>
     </message>
     <message>
         <source>WSat [kg/m3]</source>
         <translation>WSat [kg/m3]</translation>
     </message>
     <message>
-        <source>Moisture content at saturation; usually 50 to 950 kg/m3</source>
-        <translation>Feuchtegehalt bei Sättigung; meist 50 bis 950 kg/m3</translation>
+        <source>Moisture content at saturation; usually 50 to 950 kg/m³</source>
+        <translation>Feuchtegehalt bei Sättigung; meist 50 bis 950 kg/m³</translation>
     </message>
     <message>
         <source>Aw [kg/m2s05]</source>
         <translation>Aw [kg/m2s05]</translation>
     </message>
     <message>
-        <source>Water uptake coefficient; usually 0.001 to 0.5 kg/m2s05</source>
-        <translation>Wasseraufnahmekoeffizient; meist 0.001 bis 0.5 kg/m2s05</translation>
+        <source>Water uptake coefficient; usually 0.001 to 0.5 kg/(m²·√s)</source>
+        <translation>Wasseraufnahmekoeffizient; meist 0,001 bis 0,5 kg/(m²·√s)</translation>
     </message>
     <message>
         <source>Material file path</source>
@@ -3778,40 +3902,40 @@ Doppelklick wählt ein anderes Material.</translation>
 <context>
     <name>HygMaterialParameterForm</name>
     <message>
-        <source>usually 15 to 2500 kg/m3, metals up to 8900 kg/m3</source>
-        <translation>meist 15 bis 2500 kg/m3, Metalle bis 8900 kg/m3</translation>
+        <source>usually 15 to 2500 kg/m³, metals up to 8900 kg/m³</source>
+        <translation>meist 15 bis 2500 kg/m³, Metalle bis 8900 kg/m³</translation>
     </message>
     <message>
-        <source>usually 800 to 2500 J/kgK, metals from 380 J/kgK</source>
-        <translation>meist 800 bis 2500 J/kgK, Metalle ab 380 J/kgK</translation>
+        <source>usually 800 to 2500 J/(kg·K), metals from 380 J/(kg·K)</source>
+        <translation>meist 800 bis 2500 J/(kg·K), Metalle ab 380 J/(kg·K)</translation>
     </message>
     <message>
-        <source>0.01 to 0.99 m3/m3, not below the effective saturation</source>
-        <translation>0.01 bis 0.99 m3/m3, nicht unter der effektiven Sättigung</translation>
+        <source>0.01 to 0.99 m³/m³, not below the effective saturation</source>
+        <translation>0,01 bis 0,99 m³/m³, nicht unter der effektiven Sättigung</translation>
     </message>
     <message>
-        <source>0.01 to 0.99 m3/m3, not above the porosity</source>
-        <translation>0.01 bis 0.99 m3/m3, nicht über der Porosität</translation>
+        <source>0.01 to 0.99 m³/m³, not above the porosity</source>
+        <translation>0,01 bis 0,99 m³/m³, nicht über der Porosität</translation>
     </message>
     <message>
-        <source>0.01 to 0.9 m3/m3, not above the effective saturation</source>
-        <translation>0.01 bis 0.9 m3/m3, nicht über der effektiven Sättigung</translation>
+        <source>0.01 to 0.9 m³/m³, not above the effective saturation</source>
+        <translation>0,01 bis 0,9 m³/m³, nicht über der effektiven Sättigung</translation>
     </message>
     <message>
-        <source>0 to 0.9 m3/m3</source>
-        <translation>0 bis 0.9 m3/m3</translation>
+        <source>0 to 0.9 m³/m³</source>
+        <translation>0 bis 0,9 m³/m³</translation>
     </message>
     <message>
-        <source>usually 0.0005 to 0.15 m3/m3</source>
-        <translation>meist 0.0005 bis 0.15 m3/m3</translation>
+        <source>usually 0.0005 to 0.15 m³/m³</source>
+        <translation>meist 0,0005 bis 0,15 m³/m³</translation>
     </message>
     <message>
-        <source>usually 0.02 to 3 W/mK, metals up to 400 W/mK</source>
-        <translation>meist 0.02 bis 3 W/mK, Metalle bis 400 W/mK</translation>
+        <source>usually 0.02 to 3 W/(m·K), metals up to 400 W/(m·K)</source>
+        <translation>meist 0,02 bis 3 W/(m·K), Metalle bis 400 W/(m·K)</translation>
     </message>
     <message>
-        <source>usually 0.001 to 0.5 kg/m2s05</source>
-        <translation>meist 0.001 bis 0.5 kg/m2s05</translation>
+        <source>usually 0.001 to 0.5 kg/(m²·√s)</source>
+        <translation>meist 0,001 bis 0,5 kg/(m²·√s)</translation>
     </message>
     <message>
         <source>1 (still air) to 100000 (foils)</source>
@@ -3819,31 +3943,31 @@ Doppelklick wählt ein anderes Material.</translation>
     </message>
     <message>
         <source>0.01 to 1500 m, for thin layers</source>
-        <translation>0.01 bis 1500 m, für dünne Schichten</translation>
+        <translation>0,01 bis 1500 m, für dünne Schichten</translation>
     </message>
     <message>
         <source>usually 1e-12 to 1e-7 s</source>
         <translation>meist 1e-12 bis 1e-7 s</translation>
     </message>
     <message>
-        <source>usually 1e-10 to 1e-4 m2/s</source>
-        <translation>meist 1e-10 bis 1e-4 m2/s</translation>
+        <source>usually 1e-10 to 1e-4 m²/s</source>
+        <translation>meist 1e-10 bis 1e-4 m²/s</translation>
     </message>
     <message>
         <source>usually 1e-12 to 1e-3 s</source>
         <translation>meist 1e-12 bis 1e-3 s</translation>
     </message>
     <message>
-        <source>usually 0.003 to 0.2 mm/mK</source>
-        <translation>meist 0.003 bis 0.2 mm/mK</translation>
+        <source>usually 0.003 to 0.2 mm/(m·K)</source>
+        <translation>meist 0,003 bis 0,2 mm/(m·K)</translation>
     </message>
     <message>
-        <source>usually 0 to 0.5 m3m/m3m</source>
-        <translation>meist 0 bis 0.5 m3m/m3m</translation>
+        <source>usually 0 to 0.5 m³·m/(m³·m)</source>
+        <translation>meist 0 bis 0,5 m³·m/(m³·m)</translation>
     </message>
     <message>
-        <source>usually 0.1 to 0.25 m3/m3</source>
-        <translation>meist 0.1 bis 0.25 m3/m3</translation>
+        <source>usually 0.1 to 0.25 m³/m³</source>
+        <translation>meist 0,1 bis 0,25 m³/m³</translation>
     </message>
     <message>
         <source>Storage</source>
@@ -3874,15 +3998,15 @@ Doppelklick wählt ein anderes Material.</translation>
         <translation>0 bis 1: der Anteil der Seite, von der der Dampf kommt; 0,5, wenn nicht gegeben</translation>
     </message>
     <message>
-        <source>a of the factor a phi^2 + b phi + c; 0 if not given</source>
+        <source>a of the factor a phi² + b phi + c; 0 if not given</source>
         <translation>a des Faktors a phi² + b phi + c; 0, wenn nicht gegeben</translation>
     </message>
     <message>
-        <source>b of the factor a phi^2 + b phi + c; 0 if not given</source>
+        <source>b of the factor a phi² + b phi + c; 0 if not given</source>
         <translation>b des Faktors a phi² + b phi + c; 0, wenn nicht gegeben</translation>
     </message>
     <message>
-        <source>c of the factor a phi^2 + b phi + c; 1 if not given</source>
+        <source>c of the factor a phi² + b phi + c; 1 if not given</source>
         <translation>c des Faktors a phi² + b phi + c; 1, wenn nicht gegeben</translation>
     </message>
     <message>
@@ -6132,10 +6256,6 @@ Doppelklick wählt ein anderes Material.</translation>
 </context>
 <context>
     <name>HygSimulationChecks</name>
-    <message>
-        <source>The material file &apos;%1&apos; does not exist.</source>
-        <translation>Die Materialdatei „%1“ gibt es nicht.</translation>
-    </message>
     <message>
         <source>There is no climate data file, but conditions take their values from it.</source>
         <translation>Es gibt keine Klimadatei, aber Bedingungen nehmen ihre Werte daraus.</translation>

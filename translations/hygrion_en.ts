@@ -31,6 +31,13 @@
             <numerusform>Remove %n assignments</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>%n cells of the block lie beyond the edge of the construction and were left out.</source>
+        <translation>
+            <numerusform>%n cell of the block lies beyond the edge of the construction and was left out.</numerusform>
+            <numerusform>%n cells of the block lie beyond the edge of the construction and were left out.</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>HygConstructionScene</name>

@@ -15,8 +15,9 @@ namespace {
 
 constexpr const char * INSTALL = "[LanguageHandler::installTranslator]";
 
-void log(const char * pattern, const QString & argument, KOR::msg_t type, const char * where) {
-    KOR::message(KOR::text(pattern, argument.toStdString()), type, where, 1);
+/// For the log file; what went well is no news to the user.
+void log(const char * pattern, const QString & argument, KOR::msg_t type, const char * where, int verbosity = 2) {
+    KOR::message(KOR::text(pattern, argument.toStdString()), type, where, verbosity);
 }
 
 } // namespace
@@ -42,7 +43,7 @@ QString LanguageHandler::requiredLanguage(const Settings & settings) {
 }
 
 void LanguageHandler::installForCommandLine(const QString & langId) {
-    log("Installing translator for language: '%1'.\n", langId, KOR::MSG_PROGRESS, "[main]");
+    log("Installing translator for language: '%1'.\n", langId, KOR::MSG_PROGRESS, "[main]", 1);
     installTranslator(langId);
 }
 
@@ -57,6 +58,10 @@ void LanguageHandler::installTranslator(const QString & langId) {
     QCoreApplication::removeTranslator(&m_appTranslator);
     QCoreApplication::removeTranslator(&m_qtTranslator);
     m_langId = langId;
+    // Numbers and dates in the language that the user reads, whatever the system is set to.
+    QLocale numbers(langId == QLatin1String("en") ? QStringLiteral("C") : langId);
+    numbers.setNumberOptions(QLocale::OmitGroupSeparator);
+    QLocale::setDefault(numbers);
 
     const QString qtDirectory = QLibraryInfo::location(QLibraryInfo::TranslationsPath);
     const QString appFile = m_prefix + '_' + langId;
@@ -68,13 +73,15 @@ void LanguageHandler::installTranslator(const QString & langId) {
         QCoreApplication::installTranslator(&m_qtTranslator);
         log("Qt translation file loaded successfully\n", {}, KOR::MSG_PROGRESS, INSTALL);
     } else {
-        log("Could not load system translator file: 'qt_%1'.\n", langId, KOR::MSG_WARNING, INSTALL);
+        // English is what the texts are in.
+        log("Could not load system translator file: 'qt_%1'.\n", langId, KOR::MSG_WARNING, INSTALL,
+            langId == QLatin1String("en") ? 2 : 1);
     }
     if (m_appTranslator.load(appFile, m_directory)) {
         QCoreApplication::installTranslator(&m_appTranslator);
         log("Application translator loaded successfully\n", {}, KOR::MSG_PROGRESS, INSTALL);
     } else {
-        log("Could not load application translator file: '%1'.\n", appFile, KOR::MSG_WARNING, INSTALL);
+        log("Could not load application translator file: '%1'.\n", appFile, KOR::MSG_WARNING, INSTALL, 1);
     }
 }
 

@@ -9,6 +9,7 @@
 #include <QActionGroup>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
+#include <QLocale>
 #include <QMenu>
 #include <QPainter>
 #include <QSignalBlocker>
@@ -47,6 +48,15 @@ QString normalized(QString text) {
     return text.trimmed();
 }
 
+/// A unit without the signs between its factors, as the unit table writes it: "kg/m2s05" for "kg/(m²·√s)".
+QString plainUnit(QString text) {
+    for (const QChar root : {QChar('s'), QChar('h')})
+        text.replace(QChar(0x221a) + QString(root), QString(root) + QStringLiteral("05"));
+    for (const QChar sign : {QChar(' '), QChar(0x00b7), QChar(0x22c5), QChar('*'), QChar('('), QChar(')')})
+        text.remove(sign);
+    return text;
+}
+
 /// Length of the number at the start of the text: 12, 12.5, 12,5, .5, -1e-3; 0 if there is none.
 int numberLength(const QString & text) {
     const auto isDigit = [&](int i) { return i < text.size() && text[i] >= '0' && text[i] <= '9'; };
@@ -75,15 +85,16 @@ QString nameOf(KOR::Unit unit) {
     return QString::fromStdString(unit.name());
 }
 
-/// A unit that stands for "no unit" is not written behind a number.
-bool isWritten(KOR::Unit unit) {
-    const std::string & name = unit.name();
-    return name != "undefined" && name != "---" && name != "-" && name != "1";
+QString shownName(KOR::Unit unit) {
+    return QString::fromStdString(unit.displayName());
 }
 
+/// With the decimal mark of the program's language.
 QString formatted(double value, KOR::Unit unit, int digits) {
-    const QString number = QString::fromStdString(digits == 0 ? KOR::toString(value) : KOR::toString(value, digits));
-    return isWritten(unit) ? number + ' ' + nameOf(unit) : number;
+    QString number = QString::fromStdString(digits == 0 ? KOR::toString(value) : KOR::toString(value, digits));
+    number.replace('.', QLocale().decimalPoint());
+    const QString name = shownName(unit);
+    return name.isEmpty() || name == QStringLiteral("°") ? number + name : number + ' ' + name;
 }
 
 double converted(KOR::Unit from, KOR::Unit to, double value) {
@@ -201,11 +212,12 @@ void ValueEdit::setUnit(KOR::Unit unit) {
 
 QSize ValueEdit::sizeHint() const {
     QSize size = QLineEdit::sizeHint();
-    size.setWidth(fontMetrics().horizontalAdvance(QStringLiteral("0.000000000 kg/m2s")) + 40);
+    size.setWidth(fontMetrics().horizontalAdvance(QStringLiteral("0.000000000 kg/(m²·s)")) + 40);
     return size;
 }
 
 void ValueEdit::showValue(const KOR::Parameter & parameter, int digits) {
+    m_shownDigits = digits;
     m_current = parameter;
     m_shownText =
         m_isEmptyAllowed && parameter.empty() ? QString() : formatted(parameter.ioValue(), parameter.ioUnit(), digits);
@@ -266,9 +278,12 @@ KOR::Unit ValueEdit::readUnit(const QString & text) const {
     if (record != nullptr && record->base == unit().base().index())
         return KOR::Unit(record->index);
     std::vector<KOR::Unit> alike; // MM for mm, but not for both mPa and MPa
-    for (const KOR::Unit candidate : unitsOfKind(unit()))
+    for (const KOR::Unit candidate : unitsOfKind(unit())) {
+        if (text == normalized(shownName(candidate)) || plainUnit(text) == plainUnit(nameOf(candidate)))
+            return candidate;
         if (nameOf(candidate).compare(text, Qt::CaseInsensitive) == 0)
             alike.push_back(candidate);
+    }
     if (alike.size() == 1)
         return alike.front();
     throw Unusable{tr("'%1' is not a unit of this value; possible: %2.").arg(text, unitNames())};
@@ -384,7 +399,7 @@ void ValueEdit::focusOutEvent(QFocusEvent * event) {
 void ValueEdit::fillUnitMenu(QMenu & menu) {
     auto * group = new QActionGroup(&menu);
     for (const KOR::Unit offered : m_units) {
-        QString label = nameOf(offered);
+        QString label = shownName(offered);
         bool isPossible = isValid();
         try { // shows what the value would become
             label = formatted(m_current.get_value(offered), offered, DIGITS_LIMIT);
@@ -425,6 +440,8 @@ void ValueEdit::changeEvent(QEvent * event) {
             showError();
     } else if (event->type() == QEvent::LanguageChange) {
         m_unitAction->setToolTip(tr("Show in another unit"));
+        if (!isEdited())
+            showValue(m_current, m_shownDigits); // with the decimal mark of the language
         readText();
     }
     QLineEdit::changeEvent(event);
@@ -434,7 +451,7 @@ QString ValueEdit::unitNames() const {
     constexpr std::size_t MAX_SHOWN = 8;
     QStringList names;
     for (std::size_t i = 0; i < std::min(m_units.size(), MAX_SHOWN); ++i)
-        names << nameOf(m_units[i]);
+        names << shownName(m_units[i]);
     if (m_units.size() > MAX_SHOWN)
         names << QStringLiteral("...");
     return names.join(QStringLiteral(", "));

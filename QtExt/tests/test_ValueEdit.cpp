@@ -35,41 +35,43 @@ struct Input {
     const char * shown;
 };
 constexpr Input INPUTS[] = {
-    {"mm",    "12,5 mm",               0.0125, "12.5 mm"       },
-    {"mm",    "12.5 mm",               0.0125, "12.5 mm"       },
-    {"mm",    "0.0125 m",              0.0125, "0.0125 m"      },
-    {"mm",    "12.5",                  0.0125, "12.5 mm"       },
-    {"mm",    "12,5",                  0.0125, "12.5 mm"       },
-    {"mm",    "  +1.25cm ",            0.0125, "1.25 cm"       },
-    {"mm",    "1,25E1 mm",             0.0125, "12.5 mm"       },
-    {"mm",    "1e-2m",                 0.01,   "0.01 m"        },
-    {"mm",    ",5",                    0.0005, "0.5 mm"        },
-    {"mm",    "5,",                    0.005,  "5 mm"          },
-    {"mm",    "12.5 MM",               0.0125, "12.5 mm"       },
+    {"mm",       "12,5 mm",               0.0125,   "12.5 mm"         },
+    {"mm",       "12.5 mm",               0.0125,   "12.5 mm"         },
+    {"mm",       "0.0125 m",              0.0125,   "0.0125 m"        },
+    {"mm",       "12.5",                  0.0125,   "12.5 mm"         },
+    {"mm",       "12,5",                  0.0125,   "12.5 mm"         },
+    {"mm",       "  +1.25cm ",            0.0125,   "1.25 cm"         },
+    {"mm",       "1,25E1 mm",             0.0125,   "12.5 mm"         },
+    {"mm",       "1e-2m",                 0.01,     "0.01 m"          },
+    {"mm",       ",5",                    0.0005,   "0.5 mm"          },
+    {"mm",       "5,",                    0.005,    "5 mm"            },
+    {"mm",       "12.5 MM",               0.0125,   "12.5 mm"         },
     {"mm",
      "\xE2\x88\x92"
-     "5",                              -0.005, "-5 mm"         }, // minus sign
+     "5",                                 -0.005,   "-5 mm"           }, // minus sign
     {"mm",
      "5\xC2\xA0"
-     "cm",                             0.05,   "5 cm"          }, // blank that does not break
-    {"mm",    "0.1",                   0.0001, "0.1 mm"        },
-    {"C",     "20",                    293.15, "20 C"          },
+     "cm",                                0.05,     "5 cm"            }, // blank that does not break
+    {"mm",       "0.1",                   0.0001,   "0.1 mm"          },
+    {"C",        "20",                    293.15,   "20 °C"          },
     {"C",
      "-5,5 \xC2\xB0"
-     "C",                              267.65, "-5.5 C"        },
-    {"C",     "300 K",                 300,    "300 K"         },
-    {"%",     "45",                    0.45,   "45 %"          },
-    {"%",     "45%",                   0.45,   "45 %"          },
-    {"---",   "45 %",                  0.45,   "45 %"          },
-    {"---",   "0,45",                  0.45,   "0.45"          },
-    {"%",     "5 1/10",                0.5,    "5 1/10"        },
-    {"g/m3",  "3 \xCE\xBCg/m\xC2\xB3", 3e-9,   "3 \xC2\xB5g/m3"},
-    {"kg/m3", "2 log(kg/m3)",          100,    "2 log(kg/m3)"  },
-    {"L/m2h", "3600 l/m2h",            1,      "3600 L/m2h"    },
-    {"m3",    "2 m\xC2\xB3",           2,      "2 m3"          },
-    {"Rad",   "57,2958\xC2\xB0",       1,      "57.2958 Deg"   },
-    {"h",     "1 d",                   86400,  "1 d"           },
-    {"Pa",    "1 hPa",                 100,    "1 hPa"         },
+     "C",                                 267.65,   "-5.5 °C"        },
+    {"C",        "300 K",                 300,      "300 K"           },
+    {"%",        "45",                    0.45,     "45 %"            },
+    {"%",        "45%",                   0.45,     "45 %"            },
+    {"---",      "45 %",                  0.45,     "45 %"            },
+    {"---",      "0,45",                  0.45,     "0.45"            },
+    {"%",        "5 1/10",                0.5,      "5 1/10"          },
+    {"g/m3",     "3 \xCE\xBCg/m\xC2\xB3", 3e-9,     "3 \xC2\xB5g/m³" },
+    {"kg/m3",    "2 log(kg/m3)",          100,      "2 log(kg/m³)"   },
+    {"L/m2h",    "3600 l/m2h",            1,        "3600 L/(m²·h)" },
+    {"kg/m2s05", "3 kg/(m²·√h)",      3.0 / 60, "3 kg/(m²·√h)"},
+    {"W/mK",     "1 kW/(m K)",            1000,     "1 kW/(m·K)"     },
+    {"m3",       "2 m\xC2\xB3",           2,        "2 m³"           },
+    {"Rad",      "57,2958\xC2\xB0",       1,        "57.2958°"       },
+    {"h",        "1 d",                   86400,    "1 d"             },
+    {"Pa",       "1 hPa",                 100,      "1 hPa"           },
 };
 
 TEST(ValueEdit, TakesOverWhatPeopleType) {
@@ -81,11 +83,29 @@ TEST(ValueEdit, TakesOverWhatPeopleType) {
             type(edit, input.typed);
             EXPECT_EQ(edit.errorText(), "");
             QTest::keyClick(&edit, Qt::Key_Return);
-            EXPECT_EQ(edit.text(), input.shown);
+            QString shown = input.shown; // with the decimal mark of the language
+            EXPECT_EQ(edit.text(), shown.replace('.', QLocale().decimalPoint()));
             EXPECT_NEAR(edit.parameter().value(), input.value, 1e-6 * std::abs(input.value));
             EXPECT_EQ(edit.parameter().name(), "Name");
         }
     }
+    QLocale::setDefault(QLocale::c());
+}
+
+TEST(ValueEdit, FollowsTheDecimalMarkOfTheLanguage) {
+    QtExt::ValueEdit edit(Parameter("Width", 111.88, Unit("mm")));
+    const QSignalSpy values(&edit, &QtExt::ValueEdit::valueChanged);
+    QtExt::ValueEdit typing(Parameter("Width", 1.5, Unit("mm")));
+    type(typing, "2.5");
+    QLocale::setDefault(QLocale("de"));
+    QEvent change(QEvent::LanguageChange);
+    for (QtExt::ValueEdit * each : {&edit, &typing})
+        QCoreApplication::sendEvent(each, &change);
+    EXPECT_EQ(edit.text(), "111,88 mm");
+    EXPECT_EQ(typing.text(), "2.5") << "what is being typed stays";
+    EXPECT_EQ(values.count(), 0);
+    edit.setMaximum(1.5, Unit("mm"));
+    EXPECT_TRUE(edit.errorText().contains("1,5 mm"));
     QLocale::setDefault(QLocale::c());
 }
 
@@ -155,10 +175,10 @@ TEST(ValueEdit, ShowsRangeErrorsInTheUnitTyped) {
     QtExt::ValueEdit temperature(Parameter("T", 20, Unit("C")));
     temperature.setMinimum(0, Unit("K"), true);
     for (const Case & c : {
-             Case{"-273.15", "The value must be greater than -273.15 C."},
-             Case{"0 K",     "The value must be greater than 0 K."      },
-             Case{"-273",    ""                                         },
-             Case{"1e300",   ""                                         }
+             Case{"-273.15", "The value must be greater than -273.15 °C."},
+             Case{"0 K",     "The value must be greater than 0 K."        },
+             Case{"-273",    ""                                           },
+             Case{"1e300",   ""                                           }
     }) {
         type(temperature, c.typed);
         EXPECT_EQ(temperature.errorText(), c.message) << c.typed;
@@ -195,8 +215,8 @@ TEST(ValueEdit, SwitchesUnitsWithoutLosingTheValue) {
     EXPECT_EQ(values.count(), 4);
     QtExt::ValueEdit temperature(Parameter("T", 273.25, Unit("K")));
     temperature.setUnit(Unit("C"));
-    EXPECT_EQ(temperature.text(), "0.1 C"); // not 0.10000000000002274 C
-    type(edit, "7");                        // a bare number is in the unit shown
+    EXPECT_EQ(temperature.text(), "0.1 °C"); // not 0.10000000000002274 °C
+    type(edit, "7");                         // a bare number is in the unit shown
     EXPECT_DOUBLE_EQ(edit.parameter().value(), 0.007);
 }
 

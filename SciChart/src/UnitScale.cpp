@@ -38,23 +38,8 @@ double UnitScale::special(double value, bool isBack) const {
 }
 
 QString UnitScale::printed(const QString & unit) {
-    if (unit.isEmpty() || unit == QLatin1String("-") || unit == QLatin1String("---") ||
-        unit == QLatin1String("undefined"))
-        return {};
-    if (unit == QLatin1String("C"))
-        return QStringLiteral("°C");
-    if (unit == QLatin1String("Deg"))
-        return QStringLiteral("°");
-    if (unit.endsWith(QLatin1String("s05")) || unit.endsWith(QLatin1String("h05")))
-        return printed(unit.chopped(3)) + QChar(u'\u221A') + unit.at(unit.size() - 3);
-    static const QString RAISED = QStringLiteral("⁰¹²³⁴⁵⁶⁷⁸⁹");
-    QString text;
-    for (int i = 0; i < unit.size(); ++i) {
-        const QChar c = unit.at(i);
-        const bool isPower = c.isDigit() && i > 0 && unit.at(i - 1).isLetter();
-        text += isPower ? RAISED.at(c.digitValue()) : c;
-    }
-    return text;
+    const KOR::UnitList::Record * known = KOR::UnitList::instance().find(unit.toStdString());
+    return known == nullptr ? unit : QString::fromStdString(KOR::Unit(known->index).displayName());
 }
 
 QString printedUnit(const QString & unit) {

@@ -382,7 +382,7 @@ TEST(Export, TablesHoldTheShownValues) {
                                                   "15,30,40\n"
                                                   "25,30,\n"
                                                   "\n"
-                                                  "x [mm],y [mm],Flux: [kg/m²s] (x),Flux: [kg/m²s] (y)\n"
+                                                  "x [mm],y [mm],Flux: [kg/(m²·s)] (x),Flux: [kg/(m²·s)] (y)\n"
                                                   "5,10,1e-06,0\n"
                                                   "15,10,,0\n");
     chart->copyCsv();

@@ -1,5 +1,6 @@
 #include "construction/HygConstructionEditor.h"
 
+#include "HygCoreMessages.h"
 #include "construction/HygCellPlane.h"
 #include "construction/HygMaterialOffer.h"
 #include "document/HygProjectHandler.h"
@@ -9,9 +10,13 @@
 #include "undo/HygUndoDefinitions.h"
 #include "undo/HygUndoSections.h"
 
+#include <HYGRION/CellClip.h>
+
 #include <KOR/Exception.h>
 #include <KOR/UnitList.h>
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QUndoStack>
 
 #include <algorithm>
@@ -97,7 +102,7 @@ void HygConstructionEditor::attempt(const std::function<void()> & action) {
     try {
         action();
     } catch (const KOR::Exception & ex) {
-        emit refused(QString::fromUtf8(ex.what()));
+        emit refused(HygCoreMessages::translated(QString::fromUtf8(ex.what())));
     }
 }
 
@@ -372,28 +377,62 @@ void HygConstructionEditor::clear(const std::vector<Range> & ranges) {
     });
 }
 
+void HygConstructionEditor::copy(const Range & range) const {
+    QGuiApplication::clipboard()->setText(QString::fromStdString(edit::CellClip::copy(project(), range).text()));
+}
+
 void HygConstructionEditor::paste(const QString & text, const Range & at) {
-    std::vector<std::string> missing;
     attempt([&] {
-        const edit::CellBlock block = edit::CellBlock::fromText(text.toStdString());
-        Assignments pasted = project().m_assignments;
-        missing = edit::pasteBlock(project(), pasted, block, at.left, at.bottom, at.back);
-        // Cells do not lose their material for one that cannot come.
-        const bool isComplete = std::none_of(
-            block.assignments.m_list.begin(), block.assignments.m_list.end(), [&](const Assignment & each) {
-                return each.m_type == type_t::Material &&
-                       std::find(missing.begin(), missing.end(), each.m_reference) != missing.end();
-            });
-        if (isComplete)
-            changeList(tr("Paste cells"), [&](Assignments & assignments) { assignments = std::move(pasted); });
+        edit::CellClip clip = edit::CellClip::fromText(text.toStdString());
+        Project merged = project();
+        clip.addTo(merged);
+        const auto room = [](std::size_t size, std::uint32_t start, std::uint32_t count) {
+            return static_cast<std::uint32_t>(std::min<std::size_t>(size - std::min<std::size_t>(start, size), count));
+        };
+        const std::uint32_t nx = room(merged.m_disc.nx(), at.left, clip.block.nx);
+        const std::uint32_t ny = room(merged.m_disc.ny(), at.bottom, clip.block.ny);
+        const std::uint32_t nz = room(merged.m_disc.nz(), at.back, clip.block.nz);
+        edit::pasteBlock(merged, merged.m_assignments, clip.block, at.left, at.bottom, at.back);
+        if (nx > 0 && ny > 0 && nz > 0) {
+            HygGridMap map;
+            map.block = Range{at.left, at.bottom, at.back, at.left + nx - 1, at.bottom + ny - 1, at.back + nz - 1};
+            emit cellsToMove(map);
+        }
+        stack().beginMacro(tr("Paste cells"));
+        addDefinitions(merged);
+        stack().push(new HygUndoAssignments(tr("Paste cells"), std::move(merged.m_assignments)));
+        stack().endMacro();
+        const auto cells = [](std::uint32_t x, std::uint32_t y, std::uint32_t z) { return double{1} * x * y * z; };
+        if (const double lost = cells(clip.block.nx, clip.block.ny, clip.block.nz) - cells(nx, ny, nz); lost > 0)
+            emit informed(tr("%n cells of the block lie beyond the edge of the construction and were left out.",
+                             nullptr, static_cast<int>(std::min(lost, 1e9))));
     });
-    if (missing.empty())
-        return;
-    QStringList names;
-    for (const std::string & name : missing)
-        names << QString::fromStdString(name);
-    emit informed(
-        tr("Not pasted, since the project has no definition of that name: %1").arg(names.join(QStringLiteral(", "))));
+}
+
+void HygConstructionEditor::addDefinitions(const Project & merged) {
+    const QString text = tr("Paste cells");
+    const auto pushAll = [&](const auto & list, std::size_t known, const auto & command) {
+        for (std::size_t n = known; n < list.size(); ++n)
+            stack().push(command(list[n]));
+    };
+    const auto add = [&]<typename Command>(std::type_identity<Command>, const auto & list, std::size_t known) {
+        pushAll(list, known, [&](const auto & item) { return new Command(text, item); });
+    };
+    // Before those that refer to them.
+    const Conditions & now = project().m_conditions;
+    const Conditions & wanted = merged.m_conditions;
+    add(std::type_identity<HygUndoAddMaterial>(), merged.m_materials, project().m_materials.size());
+    add(std::type_identity<HygUndoAddListItem>(), wanted.m_schedules, now.m_schedules.size());
+    add(std::type_identity<HygUndoAddListItem>(), wanted.m_climateConditions, now.m_climateConditions.size());
+    add(std::type_identity<HygUndoAddContactCond>(), wanted.m_contactConditions, now.m_contactConditions.size());
+    add(std::type_identity<HygUndoAddListItem>(), wanted.m_boundaryConditions, now.m_boundaryConditions.size());
+    add(std::type_identity<HygUndoAddInterface>(), wanted.m_interfaces, now.m_interfaces.size());
+    add(std::type_identity<HygUndoAddInitialCond>(), wanted.m_initialConditions, now.m_initialConditions.size());
+    add(std::type_identity<HygUndoAddFieldCond>(), wanted.m_fieldConditions, now.m_fieldConditions.size());
+    add(std::type_identity<HygUndoAddListItem>(), merged.m_outputs.m_outputGrids,
+        project().m_outputs.m_outputGrids.size());
+    add(std::type_identity<HygUndoAddOutput>(), merged.m_outputs.m_outputFiles,
+        project().m_outputs.m_outputFiles.size());
 }
 
 void HygConstructionEditor::resolveOverlaps() {

@@ -75,6 +75,9 @@ public:
     void changeAssignment(std::size_t index, const HYGRION::Assignment & changed);
     /// Takes all assignments off the cells.
     void clear(const std::vector<HYGRION::Range> & ranges);
+    /// Puts the cells and the definitions that they need onto the clipboard.
+    void copy(const HYGRION::Range & range) const;
+    /// Pastes a copied text from the first cell of a range on. What the project lacks for it is added in the same step.
     void paste(const QString & text, const HYGRION::Range & at);
     /// Gives the cells of materials that lie under later ones to those. Linear in the number of cells.
     void resolveOverlaps();
@@ -102,6 +105,8 @@ private:
                     const QString & field = {});
     void changeList(const QString & text, const ListChange & change);
     void attempt(const std::function<void()> & action);
+    /// Adds what stands behind the ends of the project's own lists.
+    void addDefinitions(const HYGRION::Project & merged);
     void tellGone(const std::vector<HYGRION::Assignment> & gone);
 
     bool hasMaterial(const std::string & name) const;

@@ -5,7 +5,6 @@
 #include <KOR/Exception.h>
 
 #include <algorithm>
-#include <filesystem>
 
 namespace {
 
@@ -62,8 +61,8 @@ void findSurfaces(const Hint::Snapshot & construction, std::vector<Hint> & hints
     for (const Side & side : SIDES) {
         if (construction.isStack && side.dj != 0)
             continue; // the ends of a stack are sections through the wall
-        Hint open{Hint::NoInterface, true, {}, side.side, 0, {}};
-        Hint edge{Hint::OpenEdge, !construction.hasInterfaces, {}, side.side, 0, {}};
+        Hint open{Hint::NoInterface, true, {}, side.side, 0, {}, {}};
+        Hint edge{Hint::OpenEdge, !construction.hasInterfaces, {}, side.side, 0, {}, {}};
         const auto look = [&](std::ptrdiff_t i, std::ptrdiff_t j) {
             const auto column = static_cast<std::uint32_t>(i);
             const auto row = static_cast<std::uint32_t>(j);
@@ -103,8 +102,9 @@ HygConstructionHint::Snapshot HygConstructionHint::snapshot(const HygConstructio
         return copy;
     copy.cells = scene.cells;
     copy.isStack = scene.isStack();
-    for (const HYGRION::MaterialReference & material : scene.project->m_materials)
-        copy.files.emplace_back(material.m_name, scene.project->resolved(material.m_filename).str());
+    for (std::size_t n = 0; n < scene.project->m_materials.size(); ++n)
+        copy.materials.emplace_back(scene.project->m_materials[n].m_name,
+                                    scene.problemOf(static_cast<std::int32_t>(n)));
     for (const Assignment & assignment : scene.project->m_assignments.m_list) {
         copy.hasOutputs = copy.hasOutputs || assignment.m_type == Assignment::type_t::Output;
         if (assignment.m_type != Assignment::type_t::Interface)
@@ -133,7 +133,7 @@ std::vector<HygConstructionHint> HygConstructionHint::find(const Snapshot & cons
         return hints;
     for (const auto & [kind, material] :
          {std::pair(UnknownMaterial, HygCellPlane::UNKNOWN), std::pair(NoMaterial, HygCellPlane::NO_MATERIAL)}) {
-        Hint hint{kind, true, cells.blocksOf(material, MAX_BLOCKS), location_t::Element, 0, {}};
+        Hint hint{kind, true, cells.blocksOf(material, MAX_BLOCKS), location_t::Element, 0, {}, {}};
         for (std::size_t j = 0; j < cells.ny(); ++j)
             hint.count += static_cast<std::uint64_t>(std::count(cells.row(j), cells.row(j) + cells.nx(), material));
         // In a detail air is what is left without material.
@@ -141,17 +141,17 @@ std::vector<HygConstructionHint> HygConstructionHint::find(const Snapshot & cons
         if (hint.count > 0)
             hints.push_back(std::move(hint));
     }
-    for (std::size_t n = 0; n < construction.files.size(); ++n) {
-        const auto & [name, file] = construction.files[n];
-        std::error_code isUnreadable;
-        if (std::filesystem::exists(file, isUnreadable))
+    for (std::size_t n = 0; n < construction.materials.size(); ++n) {
+        const auto & [name, problem] = construction.materials[n];
+        if (problem.isEmpty())
             continue;
-        Hint hint{NoFile, true, cells.blocksOf(static_cast<std::int32_t>(n), MAX_BLOCKS), location_t::Element, 0, name};
+        Hint hint{NoFile, true,   cells.blocksOf(static_cast<std::int32_t>(n), MAX_BLOCKS), location_t::Element, 0,
+                  name,   problem};
         if (!hint.ranges.empty())
             hints.push_back(std::move(hint));
     }
     if (construction.overlapping > 0)
-        hints.push_back({Overlap, true, construction.overlaps, location_t::Element, construction.overlapping, {}});
+        hints.push_back({Overlap, true, construction.overlaps, location_t::Element, construction.overlapping, {}, {}});
     try {
         findSurfaces(construction, hints);
     } catch (const KOR::Exception &) {
@@ -161,7 +161,7 @@ std::vector<HygConstructionHint> HygConstructionHint::find(const Snapshot & cons
         return hint.kind == NoMaterial && hint.count == cells.nx() * cells.ny();
     });
     if (!construction.hasOutputs && !isEmpty)
-        hints.push_back({NoOutput, true, {}, location_t::Element, 0, {}});
+        hints.push_back({NoOutput, true, {}, location_t::Element, 0, {}, {}});
     std::stable_partition(hints.begin(), hints.end(), [](const Hint & hint) { return hint.isWarning; });
     return hints;
 }

@@ -12,15 +12,17 @@ struct HygConstructionHint {
     HYGRION::Assignment::location_t side = HYGRION::Assignment::location_t::Element;
     std::uint64_t count = 0; ///< cells or faces
     std::string name = {};   ///< of a material
+    QString problem = {};    ///< with its file
 
     /// All that the search needs, as a copy: a thread may look through it while the project changes.
     struct Snapshot {
         HygCellPlane cells;
         HYGRION::Assignments interfaces; ///< those of the plane, as if it were the only one
         std::vector<HYGRION::Range> overlaps;
-        std::uint64_t overlapping = 0;                          ///< cells
-        bool hasInterfaces = false;                             ///< in any plane
-        std::vector<std::pair<std::string, std::string>> files; ///< names of the materials and their files
+        std::uint64_t overlapping = 0; ///< cells
+        bool hasInterfaces = false;    ///< in any plane
+        /// Names of the materials, and why their files cannot be used: empty if they can.
+        std::vector<std::pair<std::string, QString>> materials;
         bool hasOutputs = false;
         bool isStack = true;
     };

@@ -326,6 +326,7 @@ void HygConstructionView::updateProblems() {
     scene.materialProblems = std::move(problems);
     ++scene.version;
     m_canvas->viewport()->update();
+    m_hintBar->sceneChanged();
     m_assignPanel->updateProblems();
     for (QTableView * table : m_panels->findChildren<QTableView *>())
         table->viewport()->update();
@@ -486,9 +487,7 @@ void HygConstructionView::mirrorCells(unsigned int dir) {
 }
 
 void HygConstructionView::copyCells() {
-    const HygConstructionScene & scene = m_canvas->scene();
-    const auto block = HYGRION::edit::copyBlock(scene.project->m_assignments, scene.selection.bounds());
-    QApplication::clipboard()->setText(QString::fromStdString(block.text()));
+    m_editor->copy(m_canvas->scene().selection.bounds());
 }
 
 void HygConstructionView::cutCells() {

@@ -288,7 +288,8 @@ void HygGridPainter::drawSides(QPainter & painter, const HygConstructionScene & 
             // Dashes, so that it is told from an interface without colours too.
             constexpr double DASH = 9;
             const double length = isUpright ? bar.height() : bar.width();
-            for (double at = 0; at < length; at += 1.5 * DASH) {
+            for (int dash = 0; 1.5 * DASH * dash < length; ++dash) {
+                const double at = 1.5 * DASH * dash;
                 const double part = std::min(DASH, length - at);
                 painter.fillRect(isUpright ? QRectF(bar.left(), bar.top() + at, thick, part)
                                            : QRectF(bar.left() + at, bar.top(), part, thick),

@@ -38,7 +38,7 @@ void appendPath(QPainterPath & path, QPainterPath & dots, const char * text) {
     int n = 0;
     const auto number = [&] { return words[n++].toDouble(); };
     while (n < words.size()) {
-        const QString word = words[n++];
+        const QString & word = words[n++];
         const double x = number();
         const double y = number();
         switch (word[0].toLatin1()) {

@@ -8,6 +8,7 @@
 #include <QEvent>
 #include <QLabel>
 #include <QMenu>
+#include <QWidgetAction>
 #include <QtConcurrent>
 
 #include <algorithm>
@@ -22,6 +23,7 @@ constexpr int DELAY_MS = 120;
 constexpr int SEEN_LINES = 2; ///< the others are scrolled to: the drawing above keeps its place while they come and go
 constexpr int MARGIN = 4;
 constexpr int GAP = 2;
+constexpr int TITLE_WIDTH = 420;      ///< pixels; longer ones are wrapped
 constexpr std::size_t MAX_OFFERS = 4; ///< interfaces offered in a line
 
 QString link(const QString & target, std::size_t index, const QString & text) {
@@ -105,7 +107,8 @@ QString HygHintBar::textOf(std::size_t index) const {
             return tr("%1: %n faces to open air without interface.", nullptr, count).arg(side);
         break;
     case Hint::NoFile:
-        return tr("The file of material '%1' is missing.").arg(QString::fromStdString(hint.name));
+        return tr("Material '%1': %2", "name and what is wrong with its file")
+            .arg(QString::fromStdString(hint.name), hint.problem);
     case Hint::NoOutput:
         return tr("No outputs are assigned; a run would leave no results.");
     case Hint::OpenEdge:
@@ -209,14 +212,27 @@ void HygHintBar::changeEvent(QEvent * event) {
     QScrollArea::changeEvent(event);
     if (event->type() == QEvent::FontChange)
         fixHeight();
-    else if (event->type() == QEvent::PaletteChange)
+    else if (event->type() == QEvent::PaletteChange || event->type() == QEvent::LanguageChange)
         showHints(); // links keep the colour that they were made with
 }
 
 void HygHintBar::fillMenu(QMenu & menu, std::size_t index) {
     if (index >= m_hints.size())
         return;
-    menu.addSection(textOf(index));
+    // A section's title would be cut where the entries are shorter.
+    auto * title = new QLabel(textOf(index), &menu);
+    title->setObjectName(QStringLiteral("hintTitle"));
+    title->setTextFormat(Qt::PlainText);
+    title->setWordWrap(true);
+    title->setContentsMargins(10, 6, 10, 6);
+    title->setMinimumWidth(std::min(title->fontMetrics().horizontalAdvance(title->text()), TITLE_WIDTH) + 24);
+    title->setMaximumWidth(TITLE_WIDTH + 24);
+    auto * heading = new QWidgetAction(&menu);
+    heading->setDefaultWidget(title);
+    heading->setText(title->text());
+    heading->setEnabled(false);
+    menu.addAction(heading);
+    menu.addSeparator();
     for (const Offer & offer : offers(index)) {
         QString text = offer.text;
         connect(menu.addAction(text.replace(QLatin1Char('&'), QStringLiteral("&&"))), &QAction::triggered, this,

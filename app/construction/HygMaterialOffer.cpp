@@ -26,15 +26,10 @@ constexpr double USUAL_THICKNESS[] = {0.5,   0.3,   0.1,   0.2,  0.2,   0.24,  0
 
 constexpr QRgb NO_COLOUR = 0xc8c8c8;
 
-/// One name for each file, however it is reached.
-QString canonical(const QString & path) {
-    const QString name = QFileInfo(path).canonicalFilePath();
-    return name.isEmpty() ? QDir::cleanPath(path) : name;
-}
-
 } // namespace
 
 HygMaterialOffer::HygMaterialOffer(QObject * parent) : QObject(parent), m_database(HygMaterialDB::shared()) {
+    connect(&m_database->updater(), &HygThreadMaterialDBUpdater::updated, this, [this] { m_canonical.clear(); });
     // The database has taken the result over by then, since it was connected first.
     connect(&m_database->updater(), &HygThreadMaterialDBUpdater::updated, this, &HygMaterialOffer::changed);
     connect(m_database.get(), &HygMaterialDB::assignRequested, this, &HygMaterialOffer::assignRequested);
@@ -49,6 +44,15 @@ void HygMaterialOffer::retranslate() {
 }
 
 HygMaterialOffer::~HygMaterialOffer() = default;
+
+const QString & HygMaterialOffer::canonical(const QString & path) const {
+    QString & name = m_canonical[path];
+    if (name.isEmpty())
+        name = QFileInfo(path).canonicalFilePath();
+    if (name.isEmpty())
+        name = QDir::cleanPath(path);
+    return name;
+}
 
 std::vector<HygMaterialOffer::Entry> HygMaterialOffer::entries(const HYGRION::Project & project) const {
     std::vector<Entry> entries;

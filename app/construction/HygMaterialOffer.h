@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QString>
 
+#include <map>
 #include <memory>
 #include <vector>
 
@@ -48,5 +49,9 @@ signals:
     void assignRequested(const QString & path);
 
 private:
-    std::shared_ptr<HygMaterialDB> m_database; ///< the one of all widgets
+    /// One name for each file, however it is reached.
+    const QString & canonical(const QString & path) const;
+
+    std::shared_ptr<HygMaterialDB> m_database;      ///< the one of all widgets
+    mutable std::map<QString, QString> m_canonical; ///< asked of the disk once, until the database changes
 };

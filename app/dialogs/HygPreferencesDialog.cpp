@@ -442,6 +442,8 @@ void HygPreferencesDialog::setFilter(const QString & text) {
 
 bool HygPreferencesDialog::matches(const Field & field) const {
     const Row & row = *field.row;
+    if (const auto view = GROUPS[row.group].view; view && !HygViewTable::exists(*view))
+        return false;
     const QString texts =
         QStringList{translated(row.label), translated(row.toolTip), translated(GROUPS[row.group].title),
                     QLatin1String(row.key), QLatin1String(row.label)}

@@ -1,6 +1,10 @@
 #pragma once
 
+#include "views/HygViewTable.h"
+
 #include <QtGlobal>
+
+#include <optional>
 
 /// What the preferences dialog shows: one row a key; its range and default are those of the settings.
 namespace HygPreferences {
@@ -19,6 +23,7 @@ enum group_t {
 struct GroupRow {
     const char * title;
     const char * icon;
+    std::optional<HygViewTable::view_t> view = {}; ///< whose settings these are; shown once there is such a view
 };
 
 /// The kind of a key's field.
@@ -59,7 +64,7 @@ inline constexpr GroupRow GROUPS[] = {
     {QT_TR_NOOP("General"),                "preferences"},
     {QT_TR_NOOP("Projects and files"),     "recent"},
     {QT_TR_NOOP("Construction"),           "construction"},
-    {QT_TR_NOOP("Sketch editor"),          "project"},
+    {QT_TR_NOOP("Sketch editor"),          "project", HygViewTable::Sketch},
     {QT_TR_NOOP("Simulation and outputs"), "simulation"},
     {QT_TR_NOOP("External programs"),      "open"},
     {QT_TR_NOOP("Messages and questions"), "log"},

@@ -1,11 +1,12 @@
 #include "dialogs/HygRecoveryDialog.h"
 
+#include "HygFormat.h"
+
 #include <QBoxLayout>
 #include <QDir>
 #include <QFileInfo>
 #include <QHeaderView>
 #include <QLabel>
-#include <QLocale>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTreeWidget>
@@ -13,7 +14,7 @@
 namespace {
 
 QString shown(const QDateTime & date) {
-    return date.isValid() ? QLocale().toString(date.toLocalTime(), QStringLiteral("dd.MM.yyyy HH:mm:ss")) : QString();
+    return HygFormat::dateTime(date, true);
 }
 
 /// The path with "~" for the home directory.

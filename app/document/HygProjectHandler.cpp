@@ -1,5 +1,7 @@
 #include "document/HygProjectHandler.h"
 
+#include "HygCoreMessages.h"
+
 #include "document/HygBackground.h"
 #include "document/HygOldProject.h"
 #include "document/HygProjectLock.h"
@@ -182,7 +184,7 @@ void HygProjectHandler::countChanges() {
 
 void HygProjectHandler::fail(const KOR::Exception & story) {
     story.report();
-    emit failed(QString::fromUtf8(story.what()));
+    emit failed(HygCoreMessages::translated(QString::fromUtf8(story.what())));
 }
 
 // ---- opening and closing

@@ -1,9 +1,10 @@
 #include "document/HygProjectLock.h"
 
+#include "HygFormat.h"
+
 #include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
-#include <QLocale>
 #include <QLockFile>
 #include <QSysInfo>
 #include <QTimer>
@@ -70,9 +71,8 @@ bool HygProjectLock::acquire() {
         m_problem =
             tr("It is open in another editor: user '%1' on computer '%2', process %3, since %4.")
                 .arg(QFileInfo(m_path).owner(), host, QString::number(pid),
-                     QLocale().toString(QFileInfo(m_path).birthTime().isValid() ? QFileInfo(m_path).birthTime()
-                                                                                : QFileInfo(m_path).lastModified(),
-                                        QLocale::ShortFormat));
+                     HygFormat::dateTime(QFileInfo(m_path).birthTime().isValid() ? QFileInfo(m_path).birthTime()
+                                                                                 : QFileInfo(m_path).lastModified()));
     else
         m_problem = tr("It is open in another editor, which is just starting.");
     return false;

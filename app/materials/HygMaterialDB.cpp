@@ -22,7 +22,8 @@ constexpr unsigned int FIRST_USER_ID = 10'000;
 
 } // namespace
 
-HygMaterialDB::HygMaterialDB(const HygThreadMaterialDBUpdater::Places & places, QString language, QObject * parent)
+HygMaterialDB::HygMaterialDB(const HygThreadMaterialDBUpdater::Places & places, const QString & language,
+                             QObject * parent)
     : QObject(parent), m_places(places), m_updater(places, QCoreApplication::applicationVersion()) {
     m_model.setLanguage(language);
     m_changeTimer.setSingleShot(true);

@@ -13,7 +13,8 @@
 class HygMaterialDB : public QObject {
     Q_OBJECT
 public:
-    HygMaterialDB(const HygThreadMaterialDBUpdater::Places & places, QString language, QObject * parent = nullptr);
+    HygMaterialDB(const HygThreadMaterialDBUpdater::Places & places, const QString & language,
+                  QObject * parent = nullptr);
 
     /// The one of the settings in force; it lives as long as somebody holds it.
     static std::shared_ptr<HygMaterialDB> shared();

@@ -64,6 +64,8 @@ HygMaterialEditor::HygMaterialEditor(HygMaterialDB & database, MM::Material mate
     connect(&m_document, &HygMaterialDocument::changed, this, &HygMaterialEditor::updateTitle);
     connect(&m_document.undoStack(), &QUndoStack::cleanChanged, this, &HygMaterialEditor::updateTitle);
     connect(m_functions, &HygMaterialFunctionPage::refused, m_messages, &HygMessageBar::showMessage);
+    // What was wrong with an entry is history with the next one.
+    connect(&m_document, &HygMaterialDocument::changed, m_messages, &HygMessageBar::clear);
     connect(m_models, &HygMaterialModelPage::refused, m_messages, &HygMessageBar::showMessage);
     connect(m_measured, &HygMaterialMeasuredTable::refused, m_messages, &HygMessageBar::showMessage);
     connect(m_measuredTable, &HygMaterialTable::refused, m_messages, &HygMessageBar::showMessage);

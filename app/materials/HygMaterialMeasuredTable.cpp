@@ -2,6 +2,8 @@
 
 #include "materials/HygMaterialDocument.h"
 
+#include <SCI/Axis.h>
+
 #include <KOR/Exception.h>
 
 #include <QFont>
@@ -161,7 +163,9 @@ QVariant HygMaterialMeasuredTable::data(const QModelIndex & index, int role) con
             if (MM::KeywordList::KeywordExists(enumeration, parts.keyword.toStdString())) {
                 const auto unit = MM::KeywordList::Unit(
                     enumeration, MM::KeywordList::Enumeration(enumeration, parts.keyword.toStdString()));
-                return QString::fromUtf8(unit.data(), static_cast<int>(unit.size()));
+                const QString name = QString::fromUtf8(unit.data(), static_cast<int>(unit.size()));
+                const QString shown = SCI::printedUnit(name);
+                return shown.isEmpty() ? name : shown;
             }
     return {};
 }

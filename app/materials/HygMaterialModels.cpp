@@ -3,6 +3,8 @@
 #include <MM/Material.h>
 #include <MM/MrcGAUSS_dpC.h>
 
+#include <SCI/Axis.h>
+
 #include <KOR/Exception.h>
 #include <KOR/Numbers.h>
 
@@ -114,7 +116,8 @@ QString HygMaterialModels::title(const Parameter & parameter) {
 }
 
 QString HygMaterialModels::unit(const Parameter & parameter) {
-    return *parameter.unit == '\0' ? QStringLiteral("-") : text(parameter.unit);
+    const QString shown = SCI::printedUnit(text(parameter.unit));
+    return shown.isEmpty() ? QStringLiteral("-") : shown;
 }
 
 std::vector<Place> HygMaterialModels::places(const Material & material) {

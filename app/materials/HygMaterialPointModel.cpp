@@ -5,6 +5,8 @@
 
 #include <QtExt/Palette.h>
 
+#include <SCI/Axis.h>
+
 #include <KOR/Exception.h>
 #include <KOR/Numbers.h>
 
@@ -218,9 +220,10 @@ QVariant HygMaterialPointModel::headerData(int section, Qt::Orientation orientat
     if (orientation == Qt::Vertical)
         return section + 1;
     const HygMaterialFunctions::Row & row = HygMaterialFunctions::row(m_place.row);
-    return section == XColumn
-               ? QStringLiteral("%1 [%2]").arg(HygMaterialFunctions::xTitle(m_place), QLatin1String(row.xUnit))
-               : QStringLiteral("%1 [%2]").arg(HygMaterialFunctions::yTitle(m_place), QLatin1String(row.yUnit));
+    return section == XColumn ? QStringLiteral("%1 [%2]").arg(HygMaterialFunctions::xTitle(m_place),
+                                                              SCI::printedUnit(QLatin1String(row.xUnit)))
+                              : QStringLiteral("%1 [%2]").arg(HygMaterialFunctions::yTitle(m_place),
+                                                              SCI::printedUnit(QLatin1String(row.yUnit)));
 }
 
 Qt::ItemFlags HygMaterialPointModel::flags(const QModelIndex & index) const {

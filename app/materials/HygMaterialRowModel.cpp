@@ -2,10 +2,11 @@
 
 #include <KOR/Numbers.h>
 
+#include <QLocale>
 #include <QStringList>
 
 QString HygMaterialRowModel::shown(double value) {
-    return QString::fromStdString(KOR::toString(value));
+    return QString::fromStdString(KOR::toString(value)).replace(QLatin1Char('.'), QLocale().decimalPoint());
 }
 
 std::optional<double> HygMaterialRowModel::number(QString text) {

@@ -1,5 +1,7 @@
 #include "materials/HygMaterialTexts.h"
 
+#include "HygFormat.h"
+
 #include <MM/Material.h>
 
 #include <QtExt/LanguageHandler.h>
@@ -125,5 +127,5 @@ int HygMaterialTexts::numHatchings() {
 }
 
 QString HygMaterialTexts::number(double value) {
-    return std::isnan(value) ? QString() : QString::number(value, 'g', 6);
+    return std::isnan(value) ? QString() : HygFormat::number(value, 6);
 }

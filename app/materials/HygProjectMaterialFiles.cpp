@@ -41,6 +41,14 @@ HygProjectMaterialFiles::HygProjectMaterialFiles(HygProjectHandler & projects)
     update();
 }
 
+QString HygProjectMaterialFiles::absence(const QString & path) {
+    if (QFileInfo(path).isFile())
+        return {};
+    return path.startsWith(QStringLiteral("${"))
+               ? tr("The path '%1' begins with a placeholder that the project does not define.").arg(path)
+               : tr("The file '%1' does not exist.").arg(QDir::toNativeSeparators(path));
+}
+
 HygProjectMaterialFiles::File HygProjectMaterialFiles::file(std::size_t index) const {
     const HYGRION::Project & project = m_projects.project();
     if (index >= project.m_materials.size())
@@ -94,14 +102,11 @@ void HygProjectMaterialFiles::check(const QString & path) {
         if (!m_watcher.files().contains(watched) && !m_watcher.directories().contains(watched) &&
             QFileInfo::exists(watched))
             m_watcher.addPath(watched);
-    if (info.isFile()) {
+    const QString problem = absence(path);
+    if (problem.isEmpty()) {
         m_loader.load(path);
         return;
     }
-    const QString problem =
-        path.startsWith(QStringLiteral("${"))
-            ? tr("The path '%1' begins with a placeholder that the project does not define.").arg(path)
-            : tr("The file '%1' does not exist.").arg(QDir::toNativeSeparators(path));
     if (file.state == Missing && file.problem == problem)
         return;
     file.state = Missing;

@@ -32,6 +32,9 @@ public:
     /// The one of a project handler, which owns it.
     static HygProjectMaterialFiles & of(HygProjectHandler & projects);
 
+    /// Why there is no file of a material at a path; empty if there is one.
+    static QString absence(const QString & path);
+
     /// By the index of the material in the project.
     File file(std::size_t index) const;
     /// By the index of the material in the project: why its file cannot be used; empty if it can or is not read yet.

@@ -103,7 +103,8 @@ HygProjectMaterialsWidget::HygProjectMaterialsWidget(HygProjectHandler & project
     m_list->setUniformRowHeights(true);
     m_list->header()->setStretchLastSection(false);
     m_list->header()->setSectionResizeMode(NameColumn, QHeaderView::Stretch);
-    m_list->header()->setSectionResizeMode(StateColumn, QHeaderView::ResizeToContents);
+    m_list->header()->setSectionResizeMode(StateColumn, QHeaderView::Fixed);
+    m_list->viewport()->installEventFilter(this);
     m_list->header()->setSectionResizeMode(UsesColumn, QHeaderView::ResizeToContents);
     m_list->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(m_list, &QTreeWidget::customContextMenuRequested, this, [this](const QPoint & place) {
@@ -181,7 +182,22 @@ void HygProjectMaterialsWidget::update() {
     if (count > 0)
         m_list->setCurrentItem(m_list->topLevelItem(std::clamp(before, 0, count - 1)));
     m_empty->setVisible(count == 0);
+    fitColumns();
     updateActions();
+}
+
+void HygProjectMaterialsWidget::fitColumns() {
+    constexpr double LARGEST_SHARE = 0.35; // what does not fit stands in the tool tip
+    const int wanted = std::max(static_cast<const QAbstractItemView *>(m_list)->sizeHintForColumn(StateColumn),
+                                m_list->header()->sectionSizeHint(StateColumn));
+    m_list->header()->resizeSection(StateColumn,
+                                    std::min(wanted, static_cast<int>(LARGEST_SHARE * m_list->viewport()->width())));
+}
+
+bool HygProjectMaterialsWidget::eventFilter(QObject * watched, QEvent * event) {
+    if (watched == m_list->viewport() && event->type() == QEvent::Resize)
+        fitColumns();
+    return QWidget::eventFilter(watched, event);
 }
 
 void HygProjectMaterialsWidget::updateActions() {

@@ -36,8 +36,11 @@ signals:
 
 protected:
     void changeEvent(QEvent * event) override;
+    bool eventFilter(QObject * watched, QEvent * event) override;
 
 private:
+    /// The names have the most of the width.
+    void fitColumns();
     struct ActionRow;
     static const ActionRow ACTIONS[];
 

@@ -3,6 +3,7 @@
 #include "HygCoreMessages.h"
 #include "HygIconEngine.h"
 #include "document/HygProjectHandler.h"
+#include "materials/HygProjectMaterialFiles.h"
 
 #include <QtExt/Palette.h>
 
@@ -67,10 +68,9 @@ void checkMaterials(const Project & project, const std::atomic<bool> & isStopped
         const HYGRION::MaterialReference & reference = project.m_materials[index];
         const QString place = QStringLiteral("material '%1'").arg(QString::fromStdString(reference.m_name));
         const KOR::Path path = project.resolved(reference.m_filename);
-        if (path.placeholder() || !path.isFile()) {
-            findings.push_back({Finding::ERROR, place,
-                                HygSimulationChecks::tr("The material file '%1' does not exist.")
-                                    .arg(QString::fromStdString(path.str()))});
+        if (const QString absence = HygProjectMaterialFiles::absence(QString::fromStdString(path.str()));
+            !absence.isEmpty()) {
+            findings.push_back({Finding::ERROR, place, absence});
             continue;
         }
         try {

@@ -99,6 +99,19 @@ TEST_F(HygConstructionChecks, AMissingMaterialFileIsToldWhereItIsUsed) {
     EXPECT_EQ(hints()[0].kind, Hint::NoFile);
     EXPECT_THAT(hints()[0].ranges, ElementsAre(Range{.left = 2, .right = 5}));
     EXPECT_TRUE(find<HygHintBar>("hintBar").textOf(0).contains("'Brick'"));
+    EXPECT_TRUE(find<HygHintBar>("hintBar").textOf(0).contains("gone.m6' does not exist"));
+    // A file that is there and cannot be used is told in the same way, as soon as it has been read.
+    QFile::copy(m_directory.filePath("a.m6"), m_directory.filePath("gone.m6"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return scene().problemOf(1).isEmpty() && hints().empty(); }, 3000));
+    QFile broken(m_directory.filePath("gone.m6"));
+    ASSERT_TRUE(broken.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    broken.write("no material");
+    broken.close();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !hints().empty(); }, 3000));
+    EXPECT_EQ(hints()[0].kind, Hint::NoFile);
+    EXPECT_EQ(hints()[0].problem, scene().problemOf(1));
+    ASSERT_EQ(scene().marks.size(), 1u);
+    EXPECT_TRUE(scene().marks[0].text.contains(scene().problemOf(1)));
 }
 
 TEST_F(HygConstructionChecks, OutputsAreOfferedToWhoHasNone) {
@@ -195,6 +208,9 @@ TEST_F(HygConstructionChecks, SignsInTheDrawingOfferWhatMends) {
     QTimer::singleShot(0, &m_view, [&] {
         auto * menu = m_view.findChild<QMenu *>("hintMenu");
         ASSERT_NE(menu, nullptr);
+        const auto * title = menu->findChild<QLabel *>("hintTitle");
+        ASSERT_NE(title, nullptr);
+        EXPECT_GE(title->height(), title->heightForWidth(title->width())) << "nothing is cut";
         for (QAction * action : menu->actions()) {
             offers << action->text();
             if (action->text() == "Inside")

@@ -4,6 +4,8 @@
 #include "construction/HygGridRuler.h"
 #include "views/HygMessageBar.h"
 
+#include <HYGRION/CellClip.h>
+
 #include <QAbstractButton>
 #include <QApplication>
 #include <QClipboard>
@@ -321,15 +323,50 @@ TEST_F(HygConstructionGestures, CellsAreCutPastedAndCleared) {
     EXPECT_EQ(stack().count(), 4);
     stack().setIndex(0);
     EXPECT_EQ(project().m_assignments, detail().m_assignments);
-    // Of another project: what has no definition here does not empty the cells.
+    // What is known nowhere does not empty the cells.
     QString foreign = QGuiApplication::clipboard()->text();
-    QGuiApplication::clipboard()->setText(foreign.replace("Brick", "Granite"));
+    QGuiApplication::clipboard()->setText(foreign.replace(">Brick<", ">Granite<"));
     trigger("pasteCells");
     EXPECT_EQ(stack().index(), 0);
     EXPECT_TRUE(find<HygMessageBar>("messageBar").text().contains("Granite"));
     click(0, 0);
     trigger("clearCells");
     EXPECT_EQ(find<HygMessageBar>("messageBar").text(), "") << "gone with the next change";
+}
+
+TEST_F(HygConstructionGestures, CellsOfAnotherProjectBringTheirDefinitionsInOneStep) {
+    QDir().mkpath(m_directory.filePath("other"));
+    const QString stone = m_directory.filePath("other/stone.m6");
+    QFile::copy(m_directory.filePath("a.m6"), stone);
+    Project other = detail();
+    other.m_fileName = m_directory.filePath("other/other.h6p").toStdString();
+    for (HYGRION::MaterialReference & material : other.m_materials)
+        material.m_filename = KOR::Path("../a.m6");
+    other.m_materials[1] = {"Brick", {}, 3, KOR::Path("stone.m6")}; // another one of the same name
+    other.m_conditions.m_interfaces[0].m_name = "Street";
+    other.m_assignments.m_list[3].m_reference = "Street";
+    const auto copied = HYGRION::edit::CellClip::copy(other, {.left = 0, .right = 5, .top = 3});
+    QGuiApplication::clipboard()->setText(QString::fromStdString(copied.text()));
+    const Project before = project();
+    click(4, 2);
+    trigger("pasteCells");
+    EXPECT_EQ(stack().count(), 1);
+    EXPECT_EQ(project().m_materials.size(), 4u);
+    EXPECT_EQ(project().m_materials.back().m_name, "Brick (2)");
+    EXPECT_EQ(project().resolved(project().m_materials.back().m_filename).str(), stone.toStdString());
+    EXPECT_EQ(project().m_conditions.m_interfaces.back().m_name, "Street");
+    EXPECT_TRUE(project().danglingReferences().empty());
+    EXPECT_EQ(scene().cells.material(6, 2), 3);
+    EXPECT_THAT(selected(), ElementsAre(Range{4, 2, 0, 7, 3, 0})) << "what was pasted";
+    EXPECT_TRUE(find<HygMessageBar>("messageBar").text().contains("16 cells of the block")) << "of 24";
+    stack().undo();
+    EXPECT_EQ(project(), before);
+    EXPECT_THAT(selected(), ElementsAre(Range{4, 2, 0, 4, 2, 0}));
+    // A file that is gone cannot come along.
+    QFile::remove(stone);
+    trigger("pasteCells");
+    EXPECT_EQ(project(), before);
+    EXPECT_TRUE(find<HygMessageBar>("messageBar").text().contains("stone.m6' of 'Brick (2)' does not exist"));
 }
 
 TEST_F(HygConstructionGestures, CardsAndSwitchesFollowWhatIsThere) {

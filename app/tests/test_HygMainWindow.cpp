@@ -54,6 +54,7 @@ protected:
           m_languages(QStringLiteral(HYG_BINARY_DIR "/translations"), "hygrion") {
         m_settings.setDefaults();
         m_settings.setInstallationDirectory(m_directory.path());
+        m_settings.setDirectory("UserData", m_directory.filePath("user")); // nobody else's journals are offered
         makeFile("examples/Brick wall.h6p");
         makeFile("examples/Flat roof.h6p");
         makeFile("examples/notes.txt");

@@ -150,7 +150,7 @@ TEST_F(HygMaterialEditorTest, EveryFieldIsEditedUndoneAndSaved) {
         stack.undo();
     EXPECT_EQ(editor->document().material(), before);
     EXPECT_EQ(editor->findChild<QLineEdit *>("PRODUCER")->text(), "");
-    EXPECT_EQ(editor->findChild<QLineEdit *>("RHO")->text(), "1650 kg/m3");
+    EXPECT_EQ(editor->findChild<QLineEdit *>("RHO")->text(), "1650 kg/m³");
     while (stack.canRedo())
         stack.redo();
     EXPECT_EQ(editor->document().material(), edited);
@@ -173,8 +173,8 @@ TEST_F(HygMaterialEditorTest, UndoKeysWorkFromWithinTheFields) {
         const char * before;
         const char * text;
     } rows[] = {
-        {1, "LAMBDA",     "0.6 W/mK", "6"   },
-        {0, "PRODUCT_ID", "",         "B 12"},
+        {1, "LAMBDA",     "0.6 W/(m·K)", "6"   },
+        {0, "PRODUCT_ID", "",             "B 12"},
     };
     for (const auto & row : rows) {
         editor->findChild<QTabWidget *>()->setCurrentIndex(row.page);

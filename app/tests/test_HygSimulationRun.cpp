@@ -270,7 +270,7 @@ TEST_F(HygSimulationRunTest, ChecksNameWhatStopsTheRun) {
         {[](auto & p) { p.m_init.m_climateDataFilePath = KOR::Path("x.epw"); },                                      "E Init: The climate data file"                         },
         {[](auto & p) { p.m_init.m_interval.m_para.clear(); },                                                       "E Init: The simulation has no end"                     },
         {[](auto & p) { p.m_materials[1].m_filename = KOR::Path("x.m6"); },
-         "E material 'Solid clay brick': The material file"                                                                                                                  },
+         "E material 'Solid clay brick': The file '"                                                                                                                         },
         {[](auto & p) { p.m_assignments.m_list.erase(p.m_assignments.m_list.begin()); },
          "W Assignments: 9 of 49 cells"                                                                                                                                      },
         {[](auto & p) { p.m_outputs.m_outputFiles.clear(); },                                                        "W Outputs: No outputs are defined"                     },

@@ -270,7 +270,7 @@ TEST_F(Recovery, TheDialogNamesDatesAndChangesAndOffersWhatCanBeDone) {
     HygRecoveryDialog dialog({std::begin(entries), std::end(entries)}, nullptr);
     auto & list = *dialog.findChild<QTreeWidget *>("journals");
     EXPECT_EQ(list.topLevelItem(0)->text(0), "wall");
-    EXPECT_EQ(list.topLevelItem(0)->text(2), "01.11.2026 12:31:01");
+    EXPECT_EQ(list.topLevelItem(0)->text(2), "2026-11-01 12:31:01");
     EXPECT_EQ(list.topLevelItem(0)->text(3), "17");
     EXPECT_EQ(list.topLevelItem(1)->text(1), "missing");
     const auto isOffered = [&](const char * name) { return dialog.findChild<QPushButton *>(name)->isEnabled(); };

@@ -95,8 +95,7 @@ TEST_P(StartUpPrints, AndEndsBeforeAnyDirectoryIsMade) {
     EXPECT_FALSE(QFileInfo::exists(m_home.filePath(".local")));
 }
 INSTANTIATE_TEST_SUITE_P(Flags, StartUpPrints,
-                         testing::Values(Printing{"Help", "--help",
-                                                  "Syntax: Hygrion 6.1 [flags] [options] arg1 arg2 ..."},
+                         testing::Values(Printing{"Help", "--help", "The project to be opened"},
                                          Printing{"ManPage", "--man-page", ".SH SYNOPSIS\n"}),
                          [](const auto & row) { return std::string(row.param.name); });
 
@@ -148,7 +147,7 @@ TEST_F(StartUp, NamesAProjectThatIsMissingAndGoesOn) {
 
 TEST_F(StartUp, RunsWithAHomeThatCannotBeWritten) {
     m_environment.insert("HOME", "/dev/null"); // stops the system administrator too
-    EXPECT_EQ(runWindow({"--no-splash"}, "Translation required"), 0);
+    EXPECT_EQ(runWindow({"--no-splash"}, "Cannot open/create logfile"), 0);
     EXPECT_THAT(out(), HasSubstr("Cannot create the user data directory '/dev/null/.local/share/Hygrion6'."));
     EXPECT_THAT(out(), HasSubstr("Cannot open/create logfile '/dev/null/.local/share/Hygrion6/Hygrion6.log'."));
     EXPECT_THAT(out(), HasSubstr("Cannot write settings to '/dev/null/"));

@@ -1,5 +1,7 @@
 #include "HygLogModel.h"
 
+#include "HygCoreMessages.h"
+#include "HygFormat.h"
 #include "HygIconEngine.h"
 
 #include <QtExt/Palette.h>
@@ -73,7 +75,8 @@ QColor HygLogModel::colourOf(kind_t kind) {
 
 void HygLogModel::append(int type, const QString & text) {
     const bool isLong = text.size() > MAX_TEXT;
-    m_waiting.push_back({QDateTime::currentDateTime(), type, isLong ? text.left(MAX_TEXT) + QChar(0x2026) : text});
+    const QString kept = isLong ? text.left(MAX_TEXT) + QChar(0x2026) : text;
+    m_waiting.push_back({QDateTime::currentDateTime(), type, kept, HygCoreMessages::translated(kept)});
     if (m_waiting.size() > MAX_ROWS)
         m_waiting.pop_front();
     if (!m_timer.isActive())
@@ -119,14 +122,17 @@ void HygLogModel::clear() {
 QString HygLogModel::line(int row) const {
     const Entry & entry = m_entries.at(static_cast<std::size_t>(row));
     const std::string_view label = KOR::messageTypeLabel(entry.type);
-    return entry.time.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")) + QLatin1Char(' ') +
+    return HygFormat::dateTime(entry.time, true) + QLatin1Char(' ') +
            QString::fromLatin1(label.data(), static_cast<int>(label.size())) + entry.text;
 }
 
 void HygLogModel::retranslate() {
     emit headerDataChanged(Qt::Horizontal, 0, NUM_COLUMNS - 1);
+    for (auto * entries : {&m_entries, &m_waiting})
+        for (Entry & entry : *entries)
+            entry.text = HygCoreMessages::translated(entry.told);
     if (!m_entries.empty())
-        emit dataChanged(index(0, TypeColumn), index(rowCount() - 1, TypeColumn));
+        emit dataChanged(index(0, 0), index(rowCount() - 1, NUM_COLUMNS - 1));
 }
 
 int HygLogModel::rowCount(const QModelIndex & parent) const {

@@ -53,7 +53,8 @@ private:
     struct Entry {
         QDateTime time;
         int type;
-        QString text;
+        QString told; ///< as the program told it
+        QString text; ///< in the language of the user
     };
 
     std::deque<Entry> m_entries;

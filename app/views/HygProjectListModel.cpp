@@ -1,5 +1,7 @@
 #include "HygProjectListModel.h"
 
+#include "HygFormat.h"
+
 #include <QDir>
 #include <QFileInfo>
 
@@ -77,7 +79,7 @@ QVariant HygProjectListModel::data(const QModelIndex & index, int role) const {
     case FolderRole:
         return entry.folder;
     case ModifiedRole:
-        return entry.state == Usable ? entry.modified.date().toString(Qt::ISODate) : tr("missing");
+        return entry.state == Usable ? HygFormat::date(entry.modified.date()) : tr("missing");
     case IsMissingRole:
         return entry.state != Usable;
     default:

@@ -22,6 +22,7 @@ template <typename View> QWidget * make(HygProjectHandler * projects) {
 constexpr Row ROWS[] = {
     {Start,        "start",         QT_TRANSLATE_NOOP("HygMainWindow", "Start"),        "projects",      false, nullptr},
     {Construction, "construction",  QT_TRANSLATE_NOOP("HygMainWindow", "Construction"), "construction",  true,  make<HygConstructionView>},
+    {Sketch,       "sketch",        QT_TRANSLATE_NOOP("HygMainWindow", "Sketch"),       "construction",  true,  nullptr},
     {Conditions,   "conditions",    QT_TRANSLATE_NOOP("HygMainWindow", "Conditions"),   "conditions",    true,  nullptr},
     {Outputs,      "outputs",       QT_TRANSLATE_NOOP("HygMainWindow", "Outputs"),      "outputs",       true,  make<HygOutputsView>},
     {Materials,    "materials",     QT_TRANSLATE_NOOP("HygMainWindow", "Materials"),    "materials",     false, make<HygMaterialView>},
@@ -60,4 +61,10 @@ view_t HygViewTable::viewOfPlace(const QString & place) {
 
 std::span<const Row> HygViewTable::rows() {
     return ROWS;
+}
+
+bool HygViewTable::exists(view_t view) {
+    return std::any_of(std::begin(ROWS), std::end(ROWS), [view](const Row & row) {
+        return row.view == view && (row.create != nullptr || row.view == Start);
+    });
 }

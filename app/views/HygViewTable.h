@@ -13,7 +13,7 @@ class QWidget;
 /// What it adds to itself by addAction() stands in the menu of its name while it is in view, and in the command search.
 namespace HygViewTable {
 
-enum view_t { Start, Construction, Conditions, Outputs, Materials, Climate, Simulation, Results, Reports };
+enum view_t { Start, Construction, Sketch, Conditions, Outputs, Materials, Climate, Simulation, Results, Reports };
 
 struct Row {
     view_t view;       ///< order in the navigation bar
@@ -26,6 +26,9 @@ struct Row {
 };
 
 std::span<const Row> rows();
+
+/// Whether the program has this view.
+bool exists(view_t view);
 
 /// The view where a definition is edited. \param place its kind and name as checks give them, "interface 'Outside'", or a
 /// section of the project, "Outputs"

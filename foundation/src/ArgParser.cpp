@@ -145,6 +145,11 @@ void ArgParser::printHelp(std::ostream & out) const {
     for (const Definition & row : m_definitions)
         if (!row.isFlag)
             printRow(out, row, WIDTH);
+    if (!m_arguments.first.empty()) {
+        std::string name = "  " + m_arguments.first;
+        name.resize(std::max(WIDTH, name.size()), ' ');
+        out << "\nArguments:\n" << name << "  " << m_arguments.second << '\n';
+    }
 }
 
 void ArgParser::printManPage(std::ostream & out) const {

@@ -32,6 +32,49 @@ template <typename Value> std::string written(const Value & value) {
     return printer.Str();
 }
 
+TEST(Unit, IsShownAsEngineersWriteIt) {
+    const std::pair<const char *, const char *> names[] = {
+        {"kg/m2s05",  "kg/(m²·√s)"  },
+        {"kg/m2h05",  "kg/(m²·√h)"  },
+        {"J/kgK",     "J/(kg·K)"       },
+        {"m3/m3",     "m³/m³"         },
+        {"C",         "°C"             },
+        {"Deg",       "°"              },
+        {"---",       ""                },
+        {"undefined", ""                },
+        {"W/m2K",     "W/(m²·K)"      },
+        {"m3/m2hPa",  "m³/(m²·h·Pa)"},
+        {"kg/ms",     "kg/(m·s)"       },
+        {"ms",        "ms"              },
+        {"kWh/m2a",   "kWh/(m²·a)"    },
+        {"m2K/W",     "m²·K/W"        },
+        {"W/mm3",     "W/mm³"          },
+        {"mm/mK",     "mm/(m·K)"       },
+        {"log(g/m3)", "log(g/m³)"      },
+        {"sqrt(h)",   "√h"            },
+        {"µg/m2s",   "µg/(m²·s)"    },
+        {"Vol%/d",    "Vol%/d"          },
+        {"1/logcm",   "1/logcm"         },
+        {"Person/m2", "Person/m²"      },
+        {"hPa",       "hPa"             },
+        {"1/10",      "1/10"            },
+        {"s2/m2",     "s²/m²"         },
+        {"g/m3hK",    "g/(m³·h·K)"   },
+        {"m2s/kg",    "m²·s/kg"       },
+        {"W/dm2s",    "W/(dm²·s)"     },
+    };
+    for (const auto & [name, shown] : names)
+        EXPECT_EQ(Unit(std::string_view(name)).displayName(), shown);
+    // Two units of one kind never look alike, apart from those that stand for none.
+    std::map<std::pair<std::size_t, std::string>, std::string> seen;
+    const UnitList & list = UnitList::instance();
+    for (std::size_t i = 0; i < list.size(); ++i)
+        if (const std::string shown = Unit(i).displayName(); !shown.empty()) {
+            const auto place = seen.emplace(std::pair(list.retrieve(i).base, shown), list.retrieve(i).name);
+            EXPECT_TRUE(place.second) << list.retrieve(i).name << " looks like " << place.first->second;
+        }
+}
+
 } // namespace
 
 TEST(UnitList, HoldsTheBuiltInTable) {

@@ -12,7 +12,7 @@ class QMenu;
 namespace QtExt {
 
 /// A field for a value with its unit: accepts "12,5 mm", "0.0125 m" or a bare number in the unit shown, whatever the
-/// locale. While the text cannot be used the field says why in place: by colour, sign, tool tip and messageChanged().
+/// locale; shows the decimal mark of QLocale(). While the text cannot be used the field says why in place: by colour, sign, tool tip and messageChanged().
 ///
 /// Enter takes the text over and shows it in its own form; Enter on a text taken over goes to the dialog. Escape brings
 /// the value taken over last back; without a change it goes to the dialog. Leaving the field is as Enter.
@@ -88,8 +88,9 @@ private:
     std::optional<Limit> m_maximum;
     std::vector<KOR::Unit> m_units;
     bool m_hasOwnUnits = false;
-    QString m_shownText; ///< form of the value taken over last
-    QString m_toolTip;   ///< the one to return to
+    QString m_shownText;   ///< form of the value taken over last
+    int m_shownDigits = 0; ///< of it; 0: all
+    QString m_toolTip;     ///< the one to return to
     QString m_error;
     QAction * m_unitAction;
     QAction * m_errorAction;

@@ -32,6 +32,10 @@ public:
     /// The name that stands on the help page and the man page; "<application>" until it is set.
     void setAppName(std::string name) { m_appName = std::move(name); }
     const std::string & appName() const { return m_appName; }
+    /// What the positional arguments are, for the end of the help page. \param name such as "[file]"
+    void setArguments(std::string name, std::string description) {
+        m_arguments = {std::move(name), std::move(description)};
+    }
 
     /// \param shortName a letter, or 0 for none
     /// Throws "Option '%1' is already defined." and "Invalid option name '%1'." ("[ArgParser::addOption]").
@@ -78,6 +82,7 @@ private:
     void add(Definition definition);
 
     std::string m_appName = "<application>";
+    std::pair<std::string, std::string> m_arguments; ///< name and description
     std::vector<Definition> m_definitions;
     std::vector<std::string> m_args;
     std::vector<std::string> m_optionsLeft;

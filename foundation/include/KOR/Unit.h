@@ -29,6 +29,10 @@ public:
     std::size_t index() const { return m_index; }
     Unit base() const;
 
+    /// The name as engineers write it: "kg/(m²·√s)" for "kg/m2s05", "°C" for "C"; empty for numbers without a unit.
+    /// Files and input keep name().
+    std::string displayName() const;
+
     /// Reads the text of a "KOR:Unit" element; throws "Unit '%1' not found." with the line.
     void readXML(const TiXmlElement & element);
     /// Appends \<KOR:Unit name="elementName"\>unit\</KOR:Unit\>.
