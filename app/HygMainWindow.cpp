@@ -289,7 +289,12 @@ void HygMainWindow::addView(const HygViewTable::Row & row, QWidget * widget) {
         if (own->property("isForAllViews").toBool())
             addAction(own);
 
-    QAction * before = m_ui->menuView->actions().constFirst();
+    // In the order of the navigation, before all else.
+    const QList<QAction *> others = m_ui->menuView->actions();
+    QAction * before = *std::find_if(others.begin(), others.end(), [this](const QAction * entry) {
+        return std::none_of(m_views.begin(), m_views.end(),
+                            [&](const auto & view) { return view.second.action == entry; });
+    });
     int number = 0;
     for (const auto & [id, view] : m_views) {
         m_ui->menuView->insertAction(before, view.action);

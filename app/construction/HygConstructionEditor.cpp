@@ -385,13 +385,16 @@ void HygConstructionEditor::paste(const QString & text, const Range & at) {
     attempt([&] {
         edit::CellClip clip = edit::CellClip::fromText(text.toStdString());
         Project merged = project();
-        clip.addTo(merged);
         const auto room = [](std::size_t size, std::uint32_t start, std::uint32_t count) {
             return static_cast<std::uint32_t>(std::min<std::size_t>(size - std::min<std::size_t>(start, size), count));
         };
         const std::uint32_t nx = room(merged.m_disc.nx(), at.left, clip.block.nx);
         const std::uint32_t ny = room(merged.m_disc.ny(), at.bottom, clip.block.ny);
         const std::uint32_t nz = room(merged.m_disc.nz(), at.back, clip.block.nz);
+        const auto cells = [](std::uint32_t x, std::uint32_t y, std::uint32_t z) { return double{1} * x * y * z; };
+        const double lost = cells(clip.block.nx, clip.block.ny, clip.block.nz) - cells(nx, ny, nz);
+        clip.crop(nx, ny, nz);
+        clip.addTo(merged);
         edit::pasteBlock(merged, merged.m_assignments, clip.block, at.left, at.bottom, at.back);
         if (nx > 0 && ny > 0 && nz > 0) {
             HygGridMap map;
@@ -402,8 +405,7 @@ void HygConstructionEditor::paste(const QString & text, const Range & at) {
         addDefinitions(merged);
         stack().push(new HygUndoAssignments(tr("Paste cells"), std::move(merged.m_assignments)));
         stack().endMacro();
-        const auto cells = [](std::uint32_t x, std::uint32_t y, std::uint32_t z) { return double{1} * x * y * z; };
-        if (const double lost = cells(clip.block.nx, clip.block.ny, clip.block.nz) - cells(nx, ny, nz); lost > 0)
+        if (lost > 0)
             emit informed(tr("%n cells of the block lie beyond the edge of the construction and were left out.",
                              nullptr, static_cast<int>(std::min(lost, 1e9))));
     });

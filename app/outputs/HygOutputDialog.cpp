@@ -118,9 +118,14 @@ void HygOutputDialog::fillQuantities() {
 void HygOutputDialog::fillUnits() {
     const SOLVER::OutputQuantity * quantity = known(m_quantity->currentData().toString());
     const QString before =
-        m_unit->count() > 0 ? m_unit->currentText() : QString::fromStdString(m_file.m_outputUnit.name());
+        m_unit->count() > 0 ? m_unit->currentData().toString() : QString::fromStdString(m_file.m_outputUnit.name());
     const QSignalBlocker blocker(m_unit);
     m_unit->clear();
+    const auto addUnit = [this](KOR::Unit unit) {
+        const QString name = QString::fromStdString(unit.name());
+        const QString shown = QString::fromStdString(unit.displayName());
+        m_unit->addItem(shown.isEmpty() ? name : shown, name);
+    };
     if (quantity != nullptr) {
         OutputFile plain = file();
         plain.m_outputUnit = {};
@@ -128,11 +133,11 @@ void HygOutputDialog::fillUnits() {
         const KOR::UnitList & list = KOR::UnitList::instance();
         for (std::size_t i = 0; i < list.size(); ++i)
             if (list.retrieve(i).base == list.retrieve(units.base.name()).index)
-                m_unit->addItem(QString::fromStdString(list.retrieve(i).name));
-        const int same = m_unit->findText(before);
-        m_unit->setCurrentIndex(same >= 0 ? same : m_unit->findText(QString::fromStdString(units.written.name())));
+                addUnit(KOR::Unit(i));
+        const int same = m_unit->findData(before);
+        m_unit->setCurrentIndex(same >= 0 ? same : m_unit->findData(QString::fromStdString(units.written.name())));
     } else
-        m_unit->addItem(before);
+        m_unit->addItem(before, before);
     check();
 }
 
@@ -171,8 +176,8 @@ OutputFile HygOutputDialog::file() const {
     OutputFile file = m_file;
     file.m_name = m_name->text().trimmed().toStdString();
     file.m_quantity = m_quantity->currentData().toString().toStdString();
-    if (!m_unit->currentText().isEmpty())
-        file.m_outputUnit = KOR::Unit(m_unit->currentText().toStdString());
+    if (const QString unit = m_unit->currentData().toString(); !unit.isEmpty())
+        file.m_outputUnit = KOR::Unit(unit.toStdString());
     file.m_spaceType = static_cast<OutputFile::space_type_t>(m_space->currentIndex());
     file.m_timeType = static_cast<OutputFile::time_type_t>(m_time->currentIndex());
     file.m_outputGrid = m_schedule->currentData().toString().toStdString();

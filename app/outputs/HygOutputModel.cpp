@@ -49,10 +49,10 @@ QVariant HygOutputModel::data(const QModelIndex & index, int role) const {
         return HygOutputTexts::quantity(file.m_quantity);
     case UnitColumn:
         if (!file.m_outputUnit.name().empty())
-            return QString::fromStdString(file.m_outputUnit.name());
+            return QString::fromStdString(file.m_outputUnit.displayName());
         try {
             const std::string_view unit = SOLVER::outputQuantity(file.m_quantity).unit;
-            return QString::fromUtf8(unit.data(), static_cast<int>(unit.size()));
+            return QString::fromStdString(KOR::Unit(unit).displayName());
         } catch (const KOR::Exception &) {
             return QString(); // the checks name the quantity
         }

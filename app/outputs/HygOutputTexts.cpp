@@ -1,5 +1,7 @@
 #include "outputs/HygOutputTexts.h"
 
+#include "HygFormat.h"
+
 #include <KOR/UnitList.h>
 
 #include <QCoreApplication>
@@ -92,8 +94,7 @@ QString shown(const Interval & interval, Interval::para_t key) {
     const KOR::Parameter * given = interval.m_para.find(key);
     if (given == nullptr)
         return {};
-    return QStringLiteral("%1 %2").arg(QString::number(given->ioValue(), 'g', 6),
-                                       QString::fromStdString(given->ioUnit().name()));
+    return HygFormat::value(given->ioValue(), QString::fromStdString(given->ioUnit().name()), 6);
 }
 
 } // namespace

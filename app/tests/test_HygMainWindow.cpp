@@ -134,6 +134,17 @@ TEST_F(HygMainWindowTest, ListsRecentProjectsAndExamples) {
     EXPECT_FALSE(m_settings.m_recentProjects.contains(m_missing));
 }
 
+TEST_F(HygMainWindowTest, ViewsLeadTheirMenuInTheOrderOfTheNavigation) {
+    QStringList entries;
+    for (const QAction * entry : find<QMenu>("menuView").actions()) {
+        if (entry->isSeparator())
+            break;
+        entries << entry->text() + ' ' + entry->shortcut().toString();
+    }
+    EXPECT_EQ(entries, (QStringList{"Start Ctrl+1", "Construction Ctrl+2", "Outputs Ctrl+3", "Materials Ctrl+4",
+                                    "Simulation Ctrl+5", "Results Ctrl+6"}));
+}
+
 TEST_F(HygMainWindowTest, OpensProjectsFromTheListsAndMakesNewOnes) {
     auto & recent = find<QListView>("recentProjects");
     const auto clickRow = [&](int row) {

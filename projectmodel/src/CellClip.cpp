@@ -93,15 +93,32 @@ CellClip CellClip::copy(const Project & project, const Range & range) {
     kept.m_materials = project.m_materials;
     kept.m_conditions = project.m_conditions;
     kept.m_outputs = project.m_outputs;
-    kept.m_assignments = clip.block.assignments;
-    const Names needed = neededNames(kept);
-    forEachDefinitionList(kept, [&](definition_t kind, auto & list) {
-        std::erase_if(list, [&](const auto & item) { return !needed.contains({kind, item.m_name}); });
+    clip.dropUnused();
+    forEachDefinitionList(kept, [&](definition_t, auto & list) {
         for (auto & item : list)
             item = withWholePath(project, item);
     });
-    kept.m_assignments = {};
     return clip;
+}
+
+void CellClip::dropUnused() {
+    definitions.m_assignments = block.assignments;
+    const Names needed = neededNames(definitions);
+    definitions.m_assignments = {};
+    forEachDefinitionList(definitions, [&](definition_t kind, auto & list) {
+        std::erase_if(list, [&](const auto & item) { return !needed.contains({kind, item.m_name}); });
+    });
+}
+
+void CellClip::crop(std::uint32_t nx, std::uint32_t ny, std::uint32_t nz) {
+    if (nx >= block.nx && ny >= block.ny && nz >= block.nz)
+        return;
+    const auto last = [](std::uint32_t wanted, std::uint32_t there) {
+        return std::max<std::uint32_t>(std::min(wanted, there), 1) - 1;
+    };
+    const CellBlock whole = std::move(block);
+    block = copyBlock(whole.assignments, {0, 0, 0, last(nx, whole.nx), last(ny, whole.ny), last(nz, whole.nz)});
+    dropUnused();
 }
 
 std::string CellClip::text() const {

@@ -90,6 +90,12 @@ TEST_F(CellClips, BringAllThatTheyNeedAndNothingElse) {
               (m_folder / "one" / "rain.ccd").string());
     EXPECT_EQ(copied.block.assignments, project("one").m_assignments);
     EXPECT_TRUE(target.danglingReferences().empty());
+    // Of a part only what that needs.
+    CellClip part = CellClip::copy(project("one"), {.right = 1});
+    part.block.assignments.m_list[0].m_range = part.block.assignments.m_list[2].m_range = {.left = 1, .right = 1};
+    part.crop(1, 1, 1);
+    EXPECT_THAT(names(part.definitions), testing::UnorderedElementsAre("Outside", "Wet", "Rain", "Summer"));
+    EXPECT_EQ(part.block.nx, 1u);
     // Once more: all is there.
     CellClip again = clip();
     EXPECT_EQ(again.addTo(target), 0u);

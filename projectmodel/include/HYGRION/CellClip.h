@@ -12,6 +12,9 @@ struct CellClip {
 
     /// What is assigned to the cells of a range, which must be normalised.
     static CellClip copy(const Project & project, const Range & range);
+    /// Leaves the first cells of each direction, and of the definitions those that these need.
+    void crop(std::uint32_t nx, std::uint32_t ny, std::uint32_t nz);
+
     /// As XML, for the clipboard: a CellBlock with one element more.
     std::string text() const;
     /// Throws as CellBlock::fromText().
@@ -23,6 +26,9 @@ struct CellClip {
     /// Throws ("[CellClip::addTo]") "File '%1' of '%2' does not exist." and "'%1' is defined neither in this project nor
     /// among the copied cells."; the target may hold a part then.
     std::size_t addTo(Project & target);
+
+private:
+    void dropUnused();
 };
 
 } // namespace HYGRION::edit
