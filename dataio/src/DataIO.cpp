@@ -226,20 +226,26 @@ std::vector<double> DataIO::column(std::size_t column, std::vector<double> * tim
         return values;
     }
     if (recordSize > STREAMED_RECORD_SIZE) {
+        std::size_t asked = 0; // records up to this one are on their way
         const auto pick = [&](std::size_t t, std::size_t from) {
             double value = 0;
-            if (m_file.readAt(m_dataOffset + t * recordSize + from * sizeof(double),
-                              {reinterpret_cast<char *>(&value), sizeof(value)}) != sizeof(value))
+            const std::span<char> bytes{reinterpret_cast<char *>(&value), sizeof(value)};
+            const auto placeOf = [&](std::size_t record, std::size_t which) {
+                return m_dataOffset + record * recordSize + which * sizeof(double);
+            };
+            if (m_file.readCached(placeOf(t, from), bytes))
+                return value;
+            if (t >= asked) // a disk answers many questions in the time of one
+                for (asked = t; asked < std::min(t + PREFETCHED, m_timeCount); ++asked) {
+                    m_file.prefetch(placeOf(asked, column), sizeof(double));
+                    if (times != nullptr)
+                        m_file.prefetch(placeOf(asked, 0), sizeof(double));
+                }
+            if (m_file.readAt(placeOf(t, from), bytes) != bytes.size())
                 fail(t);
             return value;
         };
         for (std::size_t t = 0; t < m_timeCount; ++t) {
-            if (t % PREFETCHED == 0) // a disk answers many questions in the time of one
-                for (std::size_t next = t; next < std::min(t + PREFETCHED, m_timeCount); ++next) {
-                    m_file.prefetch(m_dataOffset + next * recordSize + column * sizeof(double), sizeof(double));
-                    if (times != nullptr)
-                        m_file.prefetch(m_dataOffset + next * recordSize, sizeof(double));
-                }
             values.push_back(pick(t, column));
             if (times != nullptr)
                 times->push_back(pick(t, 0));

@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/uio.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -53,6 +54,11 @@ std::size_t InputFile::readAt(std::uint64_t offset, std::span<char> buffer) cons
         done += static_cast<std::size_t>(got);
     }
     return done;
+}
+
+bool InputFile::readCached(std::uint64_t offset, std::span<char> buffer) const {
+    const iovec part{buffer.data(), buffer.size()};
+    return ::preadv2(m_fd, &part, 1, static_cast<off_t>(offset), RWF_NOWAIT) == static_cast<ssize_t>(buffer.size());
 }
 
 void InputFile::prefetch(std::uint64_t offset, std::uint64_t size) const {

@@ -25,7 +25,8 @@ public:
     std::uint64_t size() const;
     /// Reads from \p offset until the buffer is full or the file ends; \return the bytes read, on an error 0.
     std::size_t readAt(std::uint64_t offset, std::span<char> buffer) const;
-
+    /// Reads what needs not be waited for: false unless the whole buffer was in memory.
+    bool readCached(std::uint64_t offset, std::span<char> buffer) const;
     /// Has the system fetch a part while other parts are asked for or read: many places of a slow disk at once.
     void prefetch(std::uint64_t offset, std::uint64_t size) const;
 
