@@ -1647,6 +1647,10 @@ Doppelklick wählt eine andere Datei.</translation>
         <source>Choose a file</source>
         <translation>Datei auswählen</translation>
     </message>
+    <message>
+        <source>%1 The value before is in force.</source>
+        <translation>%1 Der vorige Wert gilt.</translation>
+    </message>
 </context>
 <context>
     <name>HygInitTexts</name>
@@ -5976,6 +5980,10 @@ Doppelklick wählt ein anderes Material.</translation>
         <source>The layout &apos;%1&apos; has been removed.</source>
         <translation>Die Ansicht „%1“ wurde entfernt.</translation>
     </message>
+    <message>
+        <source>&apos;%1&apos; is not a number; no line is drawn.</source>
+        <translation>„%1“ ist keine Zahl; es wird keine Linie gezeichnet.</translation>
+    </message>
 </context>
 <context>
     <name>HygRunList</name>
@@ -6080,6 +6088,10 @@ Doppelklick wählt ein anderes Material.</translation>
     <message>
         <source>Result files of the run that are shown as they grow, up to %1 at once</source>
         <translation>Ergebnisdateien des Laufs, die gezeigt werden, während sie wachsen, bis zu %1 zugleich</translation>
+    </message>
+    <message>
+        <source>The run has not written any results yet. It writes what the view Outputs defines.</source>
+        <translation>Der Lauf hat noch keine Ergebnisse geschrieben. Er schreibt, was die Ansicht Ausgaben festlegt.</translation>
     </message>
 </context>
 <context>
@@ -6558,6 +6570,32 @@ Doppelklick wählt ein anderes Material.</translation>
     <message>
         <source>Test simulation setup</source>
         <translation>Aufbau der Simulation testen</translation>
+    </message>
+    <message>
+        <source>Checking the project…</source>
+        <translation>Das Projekt wird geprüft…</translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>und ein weiterer</numerusform>
+            <numerusform>und %n weitere</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n error(s) would stop the run.</source>
+        <translation>
+            <numerusform>Ein Fehler würde den Lauf aufhalten.</numerusform>
+            <numerusform>%n Fehler würden den Lauf aufhalten.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Start all the same</source>
+        <translation>Trotzdem starten</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Zeigen</translation>
     </message>
 </context>
 <context>

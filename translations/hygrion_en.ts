@@ -184,4 +184,21 @@
         </translation>
     </message>
 </context>
+<context>
+    <name>HygSimulationView</name>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>and one more</numerusform>
+            <numerusform>and %n more</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n error(s) would stop the run.</source>
+        <translation>
+            <numerusform>One error would stop the run.</numerusform>
+            <numerusform>%n errors would stop the run.</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>

@@ -12,6 +12,7 @@
 #include <QLocale>
 #include <QMenu>
 #include <QPainter>
+#include <QRegularExpression>
 #include <QSignalBlocker>
 
 #include <algorithm>
@@ -202,6 +203,10 @@ void ValueEdit::setOfferedUnits(std::vector<KOR::Unit> units) {
     m_unitAction->setVisible(m_units.size() > 1);
 }
 
+void ValueEdit::restore() {
+    setText(m_shownText);
+}
+
 void ValueEdit::setUnit(KOR::Unit unit) {
     KOR::Parameter parameter = m_current;
     parameter.set_ioUnit(unit);
@@ -254,8 +259,32 @@ void ValueEdit::readText() {
     }
 }
 
+std::optional<ValueEdit::Reading> ValueEdit::readSum(const QString & text) const {
+    static const QString PART = QStringLiteral("\\s*(\\d+(?:[.,]\\d+)?)\\s*([a-zA-Z]+)");
+    static const QRegularExpression WHOLE(QStringLiteral("^(?:%1){2,}$").arg(PART)), EACH(PART);
+    if (!WHOLE.match(text).hasMatch())
+        return std::nullopt;
+    std::optional<Reading> sum;
+    for (auto parts = EACH.globalMatch(text); parts.hasNext();) {
+        const auto part = parts.next();
+        if (!sum && numberLength(text) > part.capturedEnd(1))
+            return std::nullopt; // 1e3m
+        const std::optional<double> value = KOR::parseDouble(part.captured(1).replace(',', '.').toStdString());
+        const KOR::Unit written = readUnit(part.captured(2));
+        if (!value || converted(written, written.base(), 0) != 0)
+            return std::nullopt; // degrees are not added
+        if (!sum)
+            sum = Reading{*value, written};
+        else
+            sum->value += converted(written, sum->unit, *value);
+    }
+    return sum;
+}
+
 ValueEdit::Reading ValueEdit::readValue(const QString & text) const {
     const QString whole = normalized(text);
+    if (const auto sum = readSum(whole))
+        return *sum;
     const int length = numberLength(whole);
     QString number = whole.left(length);
     const QString rest = whole.mid(length).trimmed();
@@ -376,7 +405,7 @@ bool ValueEdit::event(QEvent * event) {
 void ValueEdit::keyPressEvent(QKeyEvent * event) {
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (event->key() == Qt::Key_Escape && isEdited()) {
-        setText(m_shownText);
+        restore();
         selectAll();
     } else if (isEnter && (isEdited() || !isValid())) {
         commit();

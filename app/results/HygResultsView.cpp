@@ -370,6 +370,14 @@ void HygResultsView::takeOptions() {
     options.threshold = KOR::parseDouble(m_threshold->text().replace(',', '.').toStdString());
     for (std::size_t i = 0; i < m_flags.size(); ++i)
         options.*FLAGS[i].member = m_flags[i]->isChecked();
+    // What cannot be read draws no line, and says so.
+    const bool isWrong = !options.threshold && !m_threshold->text().trimmed().isEmpty();
+    QPalette colours;
+    if (isWrong)
+        colours.setColor(QPalette::Base, QtExt::Palette::color(QtExt::Palette::ERROR_BASE));
+    m_threshold->setPalette(colours);
+    m_threshold->setToolTip(isWrong ? tr("'%1' is not a number; no line is drawn.").arg(m_threshold->text())
+                                    : m_threshold->accessibleName());
     m_chart->setOptions(options);
     updateOffers();
 }

@@ -1,5 +1,6 @@
 #include "HygInitForm.h"
 
+#include "HygCoreMessages.h"
 #include "HygIconEngine.h"
 #include "HygInitTexts.h"
 #include "document/HygProjectHandler.h"
@@ -16,6 +17,7 @@
 #include <QComboBox>
 #include <QEvent>
 #include <QFileDialog>
+#include <QFocusEvent>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -23,6 +25,7 @@
 #include <QRegularExpression>
 #include <QSpinBox>
 #include <QToolButton>
+#include <QToolTip>
 #include <QUndoStack>
 
 using HYGRION::Init;
@@ -31,6 +34,8 @@ using HYGRION::KeywordList;
 using HYGRION::SolverSettings;
 
 namespace {
+
+constexpr int REFUSAL_MS = 8000; ///< how long it is told why a text was not taken
 
 constexpr auto INIT = [](auto & init) -> auto & {
     return init;
@@ -309,7 +314,7 @@ HygInitForm::Field HygInitForm::makeValueOf(const Row & row, Owner owner, Set se
         if (byDefault->max < HYGRION::UNLIMITED)
             edit->setMaximum(byDefault->max, unit);
     } else {
-        edit->setMinimum(0, unit);
+        edit->setMinimum(0, unit, keyword == KeywordList::Keyword(Interval::para_t::Duration));
     }
     Field field;
     field.editor = edit;
@@ -437,10 +442,15 @@ void HygInitForm::push(std::size_t index) {
     try {
         field.take(changed);
     } catch (const KOR::Exception & ex) {
+        const QString reason = HygCoreMessages::translated(QString::fromUtf8(ex.what()));
+        if (!field.editor->hasFocus()) {
+            load();
+            return tellRefusal(field.editor, reason);
+        }
         QPalette colours;
         colours.setColor(QPalette::Base, QtExt::Palette::color(QtExt::Palette::ERROR_BASE));
         field.editor->setPalette(colours);
-        field.editor->setToolTip(QString::fromUtf8(ex.what()));
+        field.editor->setToolTip(reason);
         return;
     }
     field.editor->setToolTip(toolTip(*field.row));
@@ -468,7 +478,22 @@ void HygInitForm::load() {
     m_isLoading = false;
 }
 
+/// What is in force and what is shown are the same again; the reason stands at the field.
+void HygInitForm::tellRefusal(QWidget * editor, const QString & reason) {
+    QToolTip::showText(editor->mapToGlobal(QPoint(0, editor->height())),
+                       tr("%1 The value before is in force.").arg(reason), editor, {}, REFUSAL_MS);
+}
+
 bool HygInitForm::eventFilter(QObject * watched, QEvent * event) {
+    if (auto * edit = qobject_cast<QtExt::ValueEdit *>(watched);
+        edit != nullptr && event->type() == QEvent::FocusOut && !edit->isValid()) {
+        const auto reason = static_cast<QFocusEvent *>(event)->reason();
+        if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason) {
+            const QString error = edit->errorText();
+            edit->restore();
+            tellRefusal(edit, error);
+        }
+    }
     if (event->type() == QEvent::Wheel && !static_cast<QWidget *>(watched)->hasFocus()) {
         event->ignore();
         return true;

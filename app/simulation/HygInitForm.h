@@ -81,6 +81,7 @@ private:
     Field makeText(const Row & row);
     QWidget * withBrowseButton(QWidget * editor, const Row & row);
     void push(std::size_t field);
+    void tellRefusal(QWidget * editor, const QString & reason);
     void load();
     void retranslate();
     static QString toolTip(const Row & row);

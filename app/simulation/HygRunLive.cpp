@@ -1,5 +1,6 @@
 #include "HygRunLive.h"
 
+#include "HygFormat.h"
 #include "results/HygResultChart.h"
 #include "simulation/HygOutputDirectory.h"
 
@@ -33,11 +34,15 @@ QString nameOf(const QString & path) {
 
 HygRunLive::HygRunLive(QWidget * parent)
     : QWidget(parent), m_label(new QLabel(this)), m_files(new QToolButton(this)), m_menu(new QMenu(m_files)),
-      m_overTime(new QCheckBox(this)), m_time(new QLabel(this)), m_grid(new QGridLayout), m_timer(new QTimer(this)) {
+      m_overTime(new QCheckBox(this)), m_time(new QLabel(this)), m_grid(new QGridLayout), m_empty(new QLabel(this)),
+      m_timer(new QTimer(this)) {
     m_files->setObjectName(QStringLiteral("liveFiles"));
     m_files->setMenu(m_menu);
     m_files->setPopupMode(QToolButton::InstantPopup);
     m_files->setFocusPolicy(Qt::StrongFocus);
+    m_empty->setObjectName(QStringLiteral("liveEmpty"));
+    m_empty->setAlignment(Qt::AlignCenter);
+    m_empty->setWordWrap(true);
     m_overTime->setObjectName(QStringLiteral("liveOverTime"));
     m_time->setObjectName(QStringLiteral("liveTime"));
     m_label->setBuddy(m_files);
@@ -51,6 +56,7 @@ HygRunLive::HygRunLive(QWidget * parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addLayout(top);
     layout->addLayout(m_grid, 1);
+    layout->addWidget(m_empty, 1);
     m_timer->setInterval(PERIOD_MS);
     connect(m_timer, &QTimer::timeout, this, &HygRunLive::refresh);
     connect(m_menu, &QMenu::aboutToShow, this, &HygRunLive::fillMenu);
@@ -176,6 +182,7 @@ void HygRunLive::openFiles() {
         names << nameOf(path);
     }
     m_overTime->setVisible(hasPlaces);
+    m_empty->setVisible(m_panes.empty());
     const QString all = names.join(QStringLiteral(", "));
     m_files->setText(all.isEmpty()               ? tr("no results yet")
                      : all.size() <= TEXT_LENGTH ? all
@@ -191,7 +198,7 @@ void HygRunLive::showNewest() {
         const double seconds = pane.chart->time(pane.chart->timeCount() - 1);
         pane.chart->setTime(seconds);
         if (text.isEmpty())
-            text = tr("at %1 d").arg(seconds / KOR::SECONDS_PER_DAY, 0, 'f', 2);
+            text = tr("at %1 d").arg(HygFormat::locale().toString(seconds / KOR::SECONDS_PER_DAY, 'f', 2));
     }
     m_time->setText(text);
 }
@@ -232,4 +239,5 @@ void HygRunLive::retranslate() {
     m_overTime->setToolTip(tr("The course of the first place instead of all places at the newest time"));
     if (m_panes.empty())
         m_files->setText(tr("no results yet"));
+    m_empty->setText(tr("The run has not written any results yet. It writes what the view Outputs defines."));
 }

@@ -66,5 +66,6 @@ private:
     QCheckBox * m_overTime;
     QLabel * m_time;
     QGridLayout * m_grid;
+    QLabel * m_empty; ///< what stands in place of charts
     QTimer * m_timer;
 };

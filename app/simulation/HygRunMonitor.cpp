@@ -1,6 +1,7 @@
 #include "HygRunMonitor.h"
 
 #include "HygCoreMessages.h"
+#include "HygFormat.h"
 #include "HygSolverProcess.h"
 
 #include <KOR/Numbers.h>
@@ -111,7 +112,7 @@ void HygRunMonitor::readEnd() {
         if (const QString story = summary.value(QLatin1String("error")).toString(); !story.isEmpty())
             m_problem = HygCoreMessages::told(
                 time.isDouble() ? tr("The solver ended with an error at %1 d.")
-                                      .arg(m_progress.time / KOR::SECONDS_PER_DAY, 0, 'f', 2)
+                                      .arg(HygFormat::locale().toString(m_progress.time / KOR::SECONDS_PER_DAY, 'f', 2))
                                 : tr("The solver could not begin: something in the project, its materials or its "
                                      "climate cannot be calculated."),
                 story);

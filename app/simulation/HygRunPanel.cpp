@@ -1,7 +1,10 @@
 #include "HygRunPanel.h"
 
+#include "HygFormat.h"
 #include "HygIconEngine.h"
 #include "HygRunList.h"
+
+#include <KOR/Time.h>
 
 #include <QBoxLayout>
 #include <QEvent>
@@ -153,7 +156,7 @@ void HygRunPanel::update() {
         story = run->problem();
     else if (run->state() == HygRunMonitor::Interrupted)
         story = tr("Stopped after %1 d; \"Start Simulation\" offers to continue it.")
-                    .arg(run->progress().time / 86400, 0, 'f', 2);
+                    .arg(HygFormat::locale().toString(run->progress().time / KOR::SECONDS_PER_DAY, 'f', 2));
     else if (run->state() == HygRunMonitor::Finished && run->run().isTest)
         story = tr("The solver has read and checked everything; the simulation can be started.");
     m_story->setText(story);

@@ -208,6 +208,11 @@ std::vector<Finding> HygSimulationChecks::check(const Project & project, const s
     return findings;
 }
 
+QString HygSimulationChecks::text(const Finding & finding) {
+    const QString message = HygCoreMessages::translated(finding.message);
+    return finding.place.isEmpty() ? message : HygCoreMessages::translatedPlace(finding.place) + ": " + message;
+}
+
 void HygSimulationChecks::showEvent(QShowEvent * event) {
     QWidget::showEvent(event);
     if (m_isStale)
@@ -249,10 +254,7 @@ void HygSimulationChecks::showFindings() {
             HygIconEngine::icon(QLatin1String(ICONS[found.severity]),
                                 QtExt::Palette::color(found.severity == Finding::ERROR ? QtExt::Palette::ERROR_TEXT
                                                                                        : QtExt::Palette::WARNING_TEXT)),
-            found.place.isEmpty()
-                ? HygCoreMessages::translated(found.message)
-                : HygCoreMessages::translatedPlace(found.place) + ": " + HygCoreMessages::translated(found.message),
-            m_list);
+            text(found), m_list);
         item->setData(PLACE, found.place);
         item->setData(SETTING, found.setting);
         item->setToolTip(item->text() + '\n' + tr("Click to go to the place."));

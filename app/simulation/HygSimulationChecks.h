@@ -33,6 +33,9 @@ public:
     /// Reads files; for any thread. \param isStopped ends it early when it becomes true
     static std::vector<Finding> check(const HYGRION::Project & project, const std::atomic<bool> & isStopped);
 
+    /// A finding in the user's language.
+    static QString text(const Finding & finding);
+
     const std::vector<Finding> & findings() const { return m_findings; }
     bool isBusy() const { return m_thread != nullptr; }
 

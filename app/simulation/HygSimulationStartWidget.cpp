@@ -234,7 +234,8 @@ bool HygSimulationStartWidget::prepareResults(mode_t & mode) {
 }
 
 bool HygSimulationStartWidget::start(mode_t mode) {
-    if (!m_projects.hasProject() || (m_saveProject && !m_saveProject()))
+    if (!m_projects.hasProject() || (mode != TestInit && m_confirm && !m_confirm()) ||
+        (m_saveProject && !m_saveProject()))
         return false;
     updateCommandLine();
     if (!QFileInfo(m_solverExecutable).isFile())

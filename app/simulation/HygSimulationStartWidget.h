@@ -31,6 +31,9 @@ public:
     /// What saves the project if it is modified or has no file; returns whether it is on the disk now.
     void setSaveProject(std::function<bool()> save) { m_saveProject = std::move(save); }
 
+    /// What is asked before anything is done for a run; returns whether to go on.
+    void setConfirm(std::function<bool()> confirm) { m_confirm = std::move(confirm); }
+
     const QString & solverExecutable() const { return m_solverExecutable; }
     const QStringList & commandLineOptions() const { return m_options; }
 
@@ -68,6 +71,7 @@ private:
     HygProjectHandler & m_projects;
     HygSettings & m_settings;
     std::function<bool()> m_saveProject;
+    std::function<bool()> m_confirm;
     HygRunOptions m_runOptions;
     QString m_solverExecutable;
     QStringList m_options;

@@ -10,12 +10,15 @@
 #include "HygSimulationOptions.h"
 #include "HygSimulationStartWidget.h"
 #include "HygSolverProcess.h"
+#include "document/HygBackground.h"
 #include "document/HygProjectHandler.h"
 
 #include <QAction>
 #include <QBoxLayout>
 #include <QEvent>
 #include <QFile>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QScrollArea>
 #include <QSplitter>
 #include <QTabWidget>
@@ -31,8 +34,9 @@ constexpr const char * TABS[] = {
     QT_TRANSLATE_NOOP("HygSimulationView", "Performance Options"),
 };
 constexpr QSize LOG_SIZE{900, 560};
-constexpr int START_WIDTH = 380; ///< [px], at least
-constexpr int MAX_WAITS = 50;    ///< of 20 ms, for a process that was ended
+constexpr int START_WIDTH = 380;      ///< [px], at least
+constexpr std::size_t MAX_ERRORS = 8; ///< in the question before the start
+constexpr int MAX_WAITS = 50;         ///< of 20 ms, for a process that was ended
 
 QString runsFile() {
     const QString folder = HygSettings::instance().directory(HygSettings::DIR_USER_DATA);
@@ -50,6 +54,7 @@ HygSimulationView::HygSimulationView(HygProjectHandler * projects)
     setObjectName(QStringLiteral("HygSimulationView"));
     m_tabs->setObjectName(QStringLiteral("simulationTabs"));
     m_start->setSaveProject([projects] { return projects->saveIfModified(); });
+    m_start->setConfirm([this] { return confirmErrors(); });
 
     auto * startArea = new QScrollArea(this);
     startArea->setWidget(m_start);
@@ -124,6 +129,37 @@ HygSimulationView::~HygSimulationView() {
     for (int i = 0; i < MAX_WAITS && HygSolverProcess::isAlive(m_testProcess); ++i)
         QThread::msleep(20);
     m_beforeTest->restore();
+}
+
+bool HygSimulationView::confirmErrors() {
+    using Finding = HygSimulationChecks::Finding;
+    const auto findings = std::make_shared<std::vector<Finding>>();
+    if (!HygBackground::runCancellable(tr("Checking the project…"), [findings, project = m_projects.project()] {
+            const std::atomic<bool> isStopped = false;
+            *findings = HygSimulationChecks::check(project, isStopped);
+        }))
+        return false;
+    std::erase_if(*findings, [](const Finding & finding) { return finding.severity != Finding::ERROR; });
+    if (findings->empty())
+        return true;
+    QStringList lines;
+    for (std::size_t i = 0; i < std::min(findings->size(), MAX_ERRORS); ++i)
+        lines << QStringLiteral("• ") + HygSimulationChecks::text((*findings)[i]);
+    if (findings->size() > MAX_ERRORS)
+        lines << tr("and %n more", nullptr, static_cast<int>(findings->size() - MAX_ERRORS));
+    QMessageBox box(QMessageBox::Warning, tr("Start Simulation"),
+                    tr("%n error(s) would stop the run.", nullptr, static_cast<int>(findings->size())),
+                    QMessageBox::Cancel, this);
+    box.setObjectName(QStringLiteral("errorsBeforeStart"));
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(lines.join('\n'));
+    const auto * start = box.addButton(tr("Start all the same"), QMessageBox::AcceptRole);
+    auto * show = box.addButton(tr("Show"), QMessageBox::ActionRole);
+    box.setDefaultButton(show);
+    box.exec();
+    if (box.clickedButton() == show)
+        goTo(findings->front().place, findings->front().setting);
+    return box.clickedButton() == start;
 }
 
 void HygSimulationView::selectRun(int row) {

@@ -43,6 +43,8 @@ protected:
 private:
     void retranslate();
     void goTo(const QString & place, const QString & setting);
+    /// Asks when the checks say that the run would be stopped; returns whether to start.
+    bool confirmErrors();
     void prepare(const QString & directory, int mode);
     void follow(const QString & directory, int mode, qint64 process, const QString & outputFile);
     void finish(HygRunMonitor * run);

@@ -1,8 +1,11 @@
 #include "HygSolverProcess.h"
 
+#include "HygFormat.h"
+
 #include <QDir>
 #include <QFile>
 #include <QProcess>
+#include <QProcessEnvironment>
 
 #include <sys/resource.h>
 
@@ -41,6 +44,9 @@ qint64 start(const QString & program, const QStringList & arguments, const QStri
     QProcess process;
     process.setProgram(program);
     process.setArguments(arguments);
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QLatin1String(LANGUAGE_VARIABLE), HygFormat::locale().name().left(2));
+    process.setProcessEnvironment(environment);
     process.setStandardInputFile(QProcess::nullDevice());
     process.setStandardOutputFile(outputFile.isEmpty() ? QProcess::nullDevice() : outputFile);
     process.setStandardErrorFile(QProcess::nullDevice());

@@ -5,6 +5,9 @@
 /// The solver as a process of its own, which goes on when the editor closes.
 namespace HygSolverProcess {
 
+/// Tells a solver with a window the language of the editor.
+constexpr const char * LANGUAGE_VARIABLE = "HYGRION_LANGUAGE";
+
 /// Starts a program with below-normal priority and does not wait for it. It keeps a log.
 /// \param outputFile takes what it writes on the screen, for the case that it cannot keep its log; may be empty
 /// \return its process number, 0 if it could not be started

@@ -54,6 +54,9 @@ constexpr CounterRow COUNTERS[] = {
 constexpr int LAST_STEP = std::size(COUNTERS);
 constexpr int LIMIT = LAST_STEP + 1;
 
+QString days(double seconds) {
+    return HygFormat::locale().toString(seconds / KOR::SECONDS_PER_DAY, 'f', 2);
+}
 QString duration(double seconds) {
     return HygFormat::duration(seconds);
 }
@@ -181,12 +184,10 @@ void HygSolverWindow::showState() {
     if (m_startShare < 0)
         m_startShare = share;
     m_progress->setValue(static_cast<int>(PER_MILLE * share));
-    m_progress->setFormat(QStringLiteral("%1 %").arg(100 * share, 0, 'f', 1));
+    m_progress->setFormat(HygFormat::locale().toString(100 * share, 'f', 1) + QStringLiteral(" %"));
     const double wall = 1e-3 * static_cast<double>(m_started.msecsTo(QDateTime::currentDateTime()));
     const double done = share - m_startShare;
-    QString text = tr("Simulated: %1 of %2 d")
-                       .arg(state.progress.time / KOR::SECONDS_PER_DAY, 0, 'f', 2)
-                       .arg(state.progress.endTime / KOR::SECONDS_PER_DAY, 0, 'f', 2);
+    QString text = tr("Simulated: %1 of %2 d").arg(days(state.progress.time), days(state.progress.endTime));
     if (done > 0 && isRunning()) {
         const double span = state.progress.endTime - state.progress.startTime;
         const double left = (1 - share) / done * wall;

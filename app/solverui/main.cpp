@@ -1,5 +1,6 @@
 #include "HygDebugApplication.h"
 #include "HygSettings.h"
+#include "simulation/HygSolverProcess.h"
 #include "solverui/HygSolverWindow.h"
 
 #include <QtExt/LanguageHandler.h>
@@ -46,6 +47,7 @@ int main(int argc, char * argv[]) {
     HygSettings settings{QStringLiteral("KOR"), QStringLiteral("Hygrion 6.1")};
     settings.setDefaults();
     settings.read();
+    settings.setLangIdOfRun(qEnvironmentVariable(HygSolverProcess::LANGUAGE_VARIABLE));
     settings.setInstallationDirectory(QCoreApplication::applicationDirPath());
     QtExt::Palette::apply(settings.m_theme);
     QtExt::LanguageHandler languages(settings.directory(HygSettings::DIR_INSTALLATION) + "/translations", "hygrion");

@@ -346,6 +346,12 @@ TEST_F(HygResultsTest, AThresholdBelongsToItsQuantity) {
     EXPECT_THAT(figures.text().toStdString(), HasSubstr("above 288.3 K in 70 % of the extent"));
     unit.setCurrentText("C");
     EXPECT_EQ(threshold.text(), "15.15");
+    threshold.setText("1e999");
+    EXPECT_FALSE(view.chart().options().threshold);
+    EXPECT_THAT(threshold.toolTip().toStdString(), HasSubstr("'1e999' is not a number"));
+    EXPECT_NE(threshold.palette().color(QPalette::Base), QPalette().color(QPalette::Base));
+    threshold.setText("15.15");
+    EXPECT_EQ(threshold.palette().color(QPalette::Base), QPalette().color(QPalette::Base));
     view.tree().choose({humidity});
     EXPECT_EQ(threshold.text(), "");
     EXPECT_FALSE(view.chart().options().threshold);

@@ -11,8 +11,9 @@ class QMenu;
 
 namespace QtExt {
 
-/// A field for a value with its unit: accepts "12,5 mm", "0.0125 m" or a bare number in the unit shown, whatever the
-/// locale; shows the decimal mark of QLocale(). While the text cannot be used the field says why in place: by colour, sign, tool tip and messageChanged().
+/// A field for a value with its unit: accepts "12,5 mm", "0.0125 m", "1 h 30 min" or a bare number in the unit shown,
+/// whatever the locale; shows the decimal mark of QLocale(). While the text cannot be used the field says why in place: by
+/// colour, sign, tool tip and messageChanged().
 ///
 /// Enter takes the text over and shows it in its own form; Enter on a text taken over goes to the dialog. Escape brings
 /// the value taken over last back; without a change it goes to the dialog. Leaving the field is as Enter.
@@ -34,6 +35,9 @@ public:
     void setEmptyAllowed(bool allowed);
     /// Units of the menu; by default all of the same kind.
     void setOfferedUnits(std::vector<KOR::Unit> units);
+
+    /// Brings the value taken over last back in place of what is typed.
+    void restore();
 
     /// Shows the value in another unit of the same kind.
     void setUnit(KOR::Unit unit);
@@ -70,6 +74,8 @@ private:
 
     void readText();
     Reading readValue(const QString & text) const;
+    /// The sum of several values with units, as "1 h 30 min", in the unit of the first.
+    std::optional<Reading> readSum(const QString & text) const;
     KOR::Unit readUnit(const QString & text) const;
     void checkRange(const KOR::Parameter & parameter) const;
     void setError(const QString & error);
