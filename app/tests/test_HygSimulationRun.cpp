@@ -340,6 +340,7 @@ TEST_F(HygSimulationRunTest, AClickOnACheckLeadsToTheFieldOfTheSetting) {
 }
 
 TEST_F(HygSimulationRunTest, FieldsThatAreLeftShowWhatIsInForce) {
+    QLocale::setDefault(QLocale::c());
     open();
     HygSimulationModelOptions model(m_projects);
     model.show();
