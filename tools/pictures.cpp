@@ -1,5 +1,5 @@
 // pictures DIRECTORY [PART]: draws the pictures of the documentation, each in English and German, light and dark; of the
-// part "materials", "project", "construction", "outputs" or "simulation" alone, if one is named.
+// part "start", "materials", "project", "construction", "outputs" or "simulation" alone, if one is named.
 #include "ConstructionPictures.h"
 #include "MaterialPictures.h"
 #include "OutputPictures.h"
@@ -116,11 +116,11 @@ void draw(const QString & target, const QString & part, const QString & home, la
     HygMainWindow window(settings, languages, messages);
     window.resize(WINDOW);
     window.show();
-    if (part.isEmpty())
+    if (isWanted("start"))
         save(window, target + QStringLiteral("/start") + suffix);
     if (isWanted("materials"))
         drawMaterialPictures(window, target, suffix);
-    if (part.isEmpty())
+    if (isWanted("start"))
         drawMessages(window, settings, languages, language, target, suffix);
     if (isWanted("project"))
         drawProjectPictures(window, projectPath(home, 0, language), target, suffix);

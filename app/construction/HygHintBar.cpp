@@ -225,6 +225,9 @@ void HygHintBar::fillMenu(QMenu & menu, std::size_t index) {
     title->setTextFormat(Qt::PlainText);
     title->setWordWrap(true);
     title->setContentsMargins(10, 6, 10, 6);
+    QPalette colours = title->palette(); // nothing to choose, but to be read
+    colours.setColor(QPalette::Disabled, QPalette::WindowText, colours.color(QPalette::Active, QPalette::WindowText));
+    title->setPalette(colours);
     title->setMinimumWidth(std::min(title->fontMetrics().horizontalAdvance(title->text()), TITLE_WIDTH) + 24);
     title->setMaximumWidth(TITLE_WIDTH + 24);
     auto * heading = new QWidgetAction(&menu);

@@ -1,8 +1,7 @@
 #include "materials/HygMaterialMeasuredTable.h"
 
 #include "materials/HygMaterialDocument.h"
-
-#include <SCI/Axis.h>
+#include "materials/HygMaterialTexts.h"
 
 #include <KOR/Exception.h>
 
@@ -163,9 +162,7 @@ QVariant HygMaterialMeasuredTable::data(const QModelIndex & index, int role) con
             if (MM::KeywordList::KeywordExists(enumeration, parts.keyword.toStdString())) {
                 const auto unit = MM::KeywordList::Unit(
                     enumeration, MM::KeywordList::Enumeration(enumeration, parts.keyword.toStdString()));
-                const QString name = QString::fromUtf8(unit.data(), static_cast<int>(unit.size()));
-                const QString shown = SCI::printedUnit(name);
-                return shown.isEmpty() ? name : shown;
+                return HygMaterialTexts::unit(QString::fromUtf8(unit.data(), static_cast<int>(unit.size())));
             }
     return {};
 }

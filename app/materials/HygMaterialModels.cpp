@@ -1,9 +1,9 @@
 #include "materials/HygMaterialModels.h"
 
+#include "materials/HygMaterialTexts.h"
+
 #include <MM/Material.h>
 #include <MM/MrcGAUSS_dpC.h>
-
-#include <SCI/Axis.h>
 
 #include <KOR/Exception.h>
 #include <KOR/Numbers.h>
@@ -116,8 +116,7 @@ QString HygMaterialModels::title(const Parameter & parameter) {
 }
 
 QString HygMaterialModels::unit(const Parameter & parameter) {
-    const QString shown = SCI::printedUnit(text(parameter.unit));
-    return shown.isEmpty() ? QStringLiteral("-") : shown;
+    return HygMaterialTexts::unit(text(parameter.unit));
 }
 
 std::vector<Place> HygMaterialModels::places(const Material & material) {

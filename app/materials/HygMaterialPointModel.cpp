@@ -2,10 +2,9 @@
 
 #include "document/HygBackground.h"
 #include "materials/HygMaterialDocument.h"
+#include "materials/HygMaterialTexts.h"
 
 #include <QtExt/Palette.h>
-
-#include <SCI/Axis.h>
 
 #include <KOR/Exception.h>
 #include <KOR/Numbers.h>
@@ -221,9 +220,9 @@ QVariant HygMaterialPointModel::headerData(int section, Qt::Orientation orientat
         return section + 1;
     const HygMaterialFunctions::Row & row = HygMaterialFunctions::row(m_place.row);
     return section == XColumn ? QStringLiteral("%1 [%2]").arg(HygMaterialFunctions::xTitle(m_place),
-                                                              SCI::printedUnit(QLatin1String(row.xUnit)))
+                                                              HygMaterialTexts::unit(QLatin1String(row.xUnit)))
                               : QStringLiteral("%1 [%2]").arg(HygMaterialFunctions::yTitle(m_place),
-                                                              SCI::printedUnit(QLatin1String(row.yUnit)));
+                                                              HygMaterialTexts::unit(QLatin1String(row.yUnit)));
 }
 
 Qt::ItemFlags HygMaterialPointModel::flags(const QModelIndex & index) const {

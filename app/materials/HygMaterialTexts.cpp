@@ -6,6 +6,7 @@
 
 #include <QtExt/LanguageHandler.h>
 #include <QtExt/Settings.h>
+#include <SCI/Axis.h>
 
 #include <QCoreApplication>
 
@@ -124,6 +125,11 @@ QString HygMaterialTexts::hatching(int index) {
 
 int HygMaterialTexts::numHatchings() {
     return static_cast<int>(std::size(HATCHINGS));
+}
+
+QString HygMaterialTexts::unit(const QString & name) {
+    const QString shown = SCI::printedUnit(name);
+    return shown.isEmpty() ? QStringLiteral("-") : shown;
 }
 
 QString HygMaterialTexts::number(double value) {

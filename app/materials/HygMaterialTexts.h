@@ -18,5 +18,7 @@ QString hatching(int index);
 int numHatchings();
 /// Six digits; empty for NaN.
 QString number(double value);
+/// A KOR unit for brackets: "m³/m³", "-" for none.
+QString unit(const QString & name);
 
 } // namespace HygMaterialTexts
