@@ -79,7 +79,8 @@ std::vector<Range> HygGridMap::mapped(const std::vector<Range> & blocks) const {
         return {*block};
     if (blocks.empty() || places.empty())
         return blocks;
-    const auto [firstEnd, lastEnd] = endsOf(dir);
+    const auto firstEnd = endsOf(dir).first;
+    const auto lastEnd = endsOf(dir).second;
     Range bounds = blocks.front();
     for (const Range & each : blocks)
         for (const unsigned int axis : {Disc::X, Disc::Y, Disc::Z}) {

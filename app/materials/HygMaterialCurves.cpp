@@ -143,8 +143,8 @@ std::vector<int> HygMaterialCurves::directions(curve_t curve, const Material & m
     return found;
 }
 
-std::shared_ptr<const SCI::PointModel> HygMaterialCurves::model(curve_t curve, std::shared_ptr<const Material> material,
-                                                                int direction) {
+std::shared_ptr<const SCI::PointModel>
+HygMaterialCurves::model(curve_t curve, const std::shared_ptr<const Material> & material, int direction) {
     const Row & row = ROWS[curve];
     const double from = row.from(*material);
     const double end = row.to(*material); // what holds no water has one value, drawn as a level line

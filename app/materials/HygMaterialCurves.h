@@ -56,7 +56,7 @@ SCI::Axis yAxis(curve_t curve);
 /// The directions (0, 1, 2) in which a material has a function of its own; empty if it has none.
 std::vector<int> directions(curve_t curve, const MM::Material & material);
 /// Evaluates the material, which the model keeps alive.
-std::shared_ptr<const SCI::PointModel> model(curve_t curve, std::shared_ptr<const MM::Material> material,
+std::shared_ptr<const SCI::PointModel> model(curve_t curve, const std::shared_ptr<const MM::Material> & material,
                                              int direction);
 
 } // namespace HygMaterialCurves

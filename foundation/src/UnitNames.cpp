@@ -88,7 +88,7 @@ std::string Unit::displayName() const {
     if (own != std::end(OWN_NAMES))
         return std::string(own->second);
     const std::size_t slash = whole.find('/');
-    const std::string above = joined(factors(whole.substr(0, slash), false));
+    std::string above = joined(factors(whole.substr(0, slash), false));
     if (slash == std::string_view::npos)
         return above;
     const std::vector<std::string> below = factors(whole.substr(slash + 1), true);
