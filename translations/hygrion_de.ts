@@ -5677,6 +5677,10 @@ Doppelklick wählt ein anderes Material.</translation>
             <numerusform>%n Zeitpunkte</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Shows</source>
+        <translation>Zeigt</translation>
+    </message>
 </context>
 <context>
     <name>HygResultsView</name>

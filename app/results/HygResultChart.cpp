@@ -217,11 +217,15 @@ void HygResultChart::showPlaceholder() {
 }
 
 QString HygResultChart::timeText(double seconds, int startYear) {
-    const KOR::Time time(startYear + static_cast<int>(seconds / KOR::SECONDS_PER_YEAR),
-                         std::fmod(seconds, KOR::SECONDS_PER_YEAR));
-    return QStringLiteral("%1 d (%2)")
+    constexpr int COMMON_YEAR = 2001; // years have no leap day
+    const double whole = std::round(seconds);
+    const int years = static_cast<int>(std::floor(whole / KOR::SECONDS_PER_YEAR));
+    const double ofYear = whole - years * static_cast<double>(KOR::SECONDS_PER_YEAR);
+    const QDate day = QDate(COMMON_YEAR, 1, 1).addDays(static_cast<int>(ofYear / KOR::SECONDS_PER_DAY));
+    const QTime time = QTime(0, 0).addSecs(static_cast<int>(std::fmod(ofYear, KOR::SECONDS_PER_DAY)));
+    return QStringLiteral("%1 d (%2 %3)")
         .arg(HygFormat::locale().toString(seconds / KOR::SECONDS_PER_DAY, 'f', 2),
-             QString::fromStdString(time.toString()).section(':', 0, 1));
+             HygFormat::date({startYear + years, day.month(), day.day()}), time.toString(QStringLiteral("HH:mm")));
 }
 
 void HygResultChart::changeEvent(QEvent * event) {

@@ -28,6 +28,7 @@ namespace {
 
 constexpr int PATH = Qt::UserRole;
 constexpr int MAX_FILES = 2000;
+constexpr int INDENTATION = 14; ///< [px]
 
 /// What is known of a file. A binary file is looked at again when it has changed, a text only while it is unreadable: its
 /// lines would all have to be counted.
@@ -84,24 +85,29 @@ QString kindText(HygResultFile::Format format) {
                                         : HygResultTree::tr("profile");
 }
 
-/// "Relative humidity [%], profile, 366 times"
-QString textOf(const Description & description) {
+/// "Relative humidity [%]"
+QString quantityOf(const Description & description) {
     if (description.isBroken())
         return HygResultTree::tr("cannot be read");
-    QString text = HygOutputTexts::quantity(description.quantity);
-    if (const QString unit = SCI::printedUnit(QString::fromStdString(description.unit)); !unit.isEmpty())
-        text += QStringLiteral(" [%1]").arg(unit);
-    QStringList parts(text);
-    if (description.format)
+    const QString unit = SCI::printedUnit(QString::fromStdString(description.unit));
+    const QString text = HygOutputTexts::quantity(description.quantity);
+    return unit.isEmpty() ? text : QStringLiteral("%1 [%2]").arg(text, unit);
+}
+
+/// "profile × 366", as far as it is known; \p isLong "profile, 366 times"
+QString kindOf(const Description & description, bool isLong = false) {
+    QStringList parts;
+    if (!description.isBroken() && description.format)
         parts << kindText(*description.format);
-    if (description.timeCount)
-        parts << HygResultTree::tr("%n time(s)", nullptr, static_cast<int>(*description.timeCount));
-    return parts.join(QStringLiteral(", "));
+    if (!description.isBroken() && description.timeCount)
+        parts << (isLong ? HygResultTree::tr("%n time(s)", nullptr, static_cast<int>(*description.timeCount))
+                         : QString::number(*description.timeCount));
+    return parts.join(isLong ? QStringLiteral(", ") : QStringLiteral(" × "));
 }
 
 QString tipOf(const Description & description) {
     return !description.isBroken()
-               ? textOf(description)
+               ? quantityOf(description) + '\n' + kindOf(description, true)
                : HygCoreMessages::told(HygResultTree::tr("This file cannot be read; it may be cut off, of another "
                                                          "version, or no result file at all."),
                                        description.cause);
@@ -111,7 +117,10 @@ QString tipOf(const Description & description) {
 
 HygResultTree::HygResultTree(QWidget * parent) : QTreeWidget(parent) {
     setObjectName(QStringLiteral("resultTree"));
-    setColumnCount(2);
+    setColumnCount(3);
+    setIndentation(INDENTATION);
+    header()->setStretchLastSection(false);
+    header()->setSectionResizeMode(2, QHeaderView::ResizeToContents);
     setUniformRowHeights(true);
     header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
     header()->setSectionResizeMode(1, QHeaderView::Stretch);
@@ -190,10 +199,11 @@ void HygResultTree::addRoot(const QString & directory, const QString & title) {
         const Description & description = describe(file);
         QString name = QDir(results).relativeFilePath(path);
         name.chop(file.suffix().size() + 1);
-        auto * item = new QTreeWidgetItem(root, {name, textOf(description)});
+        auto * item = new QTreeWidgetItem(root, {name, quantityOf(description), kindOf(description)});
         item->setData(0, PATH, path);
         item->setToolTip(0, QDir::toNativeSeparators(path));
-        item->setToolTip(1, tipOf(description));
+        for (const int column : {1, 2})
+            item->setToolTip(column, tipOf(description));
         if (description.isBroken()) {
             item->setIcon(
                 1, HygIconEngine::icon(QStringLiteral("error"), QtExt::Palette::color(QtExt::Palette::ERROR_TEXT)));
@@ -274,8 +284,9 @@ void HygResultTree::takeKinds(const QHash<QString, HygResultFile::Format> & form
             continue;
         Description & description = descriptions()[path];
         description.format = formats[path];
-        (*item)->setText(1, textOf(description));
-        (*item)->setToolTip(1, tipOf(description));
+        (*item)->setText(2, kindOf(description));
+        for (const int column : {1, 2})
+            (*item)->setToolTip(column, tipOf(description));
     }
     m_isFilling = false;
     findKinds(); // of those that came meanwhile
@@ -325,7 +336,7 @@ void HygResultTree::changeEvent(QEvent * event) {
 }
 
 void HygResultTree::retranslate() {
-    setHeaderLabels({tr("Results"), tr("Quantity")});
+    setHeaderLabels({tr("Results"), tr("Quantity"), tr("Shows")});
     setAccessibleName(tr("Result files"));
     setToolTip(tr("Choose a file to show it; tick several to show them in one chart."));
     refresh();

@@ -103,7 +103,7 @@ HygResultsView::HygResultsView(HygProjectHandler * projects)
     splitter->addWidget(right);
     splitter->setStretchFactor(1, 1);
     splitter->setChildrenCollapsible(false);
-    splitter->setSizes({440, 900});
+    splitter->setSizes({500, 860});
     auto * layout = new QVBoxLayout(this);
     layout->addWidget(splitter);
     m_timer->setInterval(FOLLOW_MS);

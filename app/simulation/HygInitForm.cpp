@@ -1,6 +1,7 @@
 #include "HygInitForm.h"
 
 #include "HygCoreMessages.h"
+#include "HygFormat.h"
 #include "HygIconEngine.h"
 #include "HygInitTexts.h"
 #include "document/HygProjectHandler.h"
@@ -85,8 +86,8 @@ std::string_view categoryOf(HygInitForm::kind_t kind) {
 
 /// "12.5 mm"; a unit that stands for none is left out.
 QString valueText(double value, std::string_view unit) {
-    const QString number = QString::fromStdString(KOR::toString(value));
-    return unit.empty() || unit == "---" ? number : number + ' ' + toQString(unit);
+    constexpr int DIGITS = 12;
+    return HygFormat::value(value, toQString(unit), DIGITS);
 }
 
 /// A text that stands for a part of the section. Reading throws what cannot be used.
@@ -528,9 +529,17 @@ void HygInitForm::retranslate() {
     }
     for (const auto & [row, group] : m_groups)
         group->setTitle(translated(row->label));
+    int widest = 0; // so that the fields of all groups begin at the same place
+    for (const Field & field : m_fields) {
+        if (field.label == nullptr)
+            continue;
+        field.label->setMinimumWidth(0);
+        field.label->setText(translated(field.row->label));
+        widest = std::max(widest, field.label->sizeHint().width());
+    }
     for (const Field & field : m_fields) {
         if (field.label != nullptr)
-            field.label->setText(translated(field.row->label));
+            field.label->setMinimumWidth(widest);
         else
             static_cast<QCheckBox *>(field.editor)->setText(translated(field.row->label));
         field.editor->setToolTip(toolTip(*field.row));

@@ -495,10 +495,12 @@ TEST_F(HygResultsTest, TheTreeTellsQuantityKindAndTimes) {
     HygResultsView view(&m_projects);
     const auto text = [&](const char * name) {
         const QTreeWidgetItem * row = view.tree().findItems(name, Qt::MatchRecursive).value(0);
-        return row == nullptr ? QString() : row->text(1);
+        return row == nullptr ? QString() : row->text(1) + ", " + row->text(2);
     };
-    EXPECT_TRUE(QTest::qWaitFor([&] { return text("Field") == "Temperature [°C], field, 10 time(s)"; }));
-    EXPECT_EQ(text("Humidity"), "Relative humidity [%], profile, 10 time(s)");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return text("Field") == "Temperature [°C], field × 10"; }));
+    EXPECT_EQ(text("Humidity"), "Relative humidity [%], profile × 10");
+    EXPECT_EQ(view.tree().findItems("Humidity", Qt::MatchRecursive)[0]->toolTip(2),
+              "Relative humidity [%]\nprofile, 10 time(s)");
 }
 
 TEST_F(HygResultsTest, ACutStandsBelowTheFieldWithItsLayers) {
