@@ -26,7 +26,8 @@ void defineConvert(CLI::App & app, Convert & arguments) {
 void convert(const Convert & arguments, Output & output) {
     double result = arguments.value;
     try {
-        KOR::UnitList::instance().convert(KOR::Unit(arguments.from), KOR::Unit(arguments.to), result);
+        const KOR::Unit from(arguments.from); // the first that is wrong is told first
+        KOR::UnitList::instance().convert(from, KOR::Unit(arguments.to), result);
         if (!std::isfinite(result))
             throw KOR::Exception("The result is too large for a number.", "[CMD::convert]");
     } catch (const KOR::Exception & ex) {

@@ -237,7 +237,8 @@ double MaterialTable::moisture(double suction) const {
     double low = 0;
     double high = 1;
     double s = wanted;
-    for (int k = 0; k < 60 && high - low > 1e-15; ++k) {
+    constexpr double ROUND_OFF = 1e-14;
+    for (int k = 0; k < 60; ++k) {
         const double slope0 = -a.inverseSlope / PC_STEP;
         const double slope1 = -b.inverseSlope / PC_STEP;
         const double error = hermite(s, length, 0, slope0, 1, slope1) - wanted;
@@ -245,8 +246,9 @@ double MaterialTable::moisture(double suction) const {
         const double slope = length * hermiteSlope(s, length, 0, slope0, 1, slope1);
         const double next = s - error / slope;
         const double previous = s;
-        s = next > low && next < high ? next : (low + high) / 2;
-        if (std::fabs(s - previous) < 1e-15)
+        // Round-off may lead out of a bracket that is closed: no reason to halve it for long.
+        s = next > low - ROUND_OFF && next < high + ROUND_OFF ? std::clamp(next, 0.0, 1.0) : (low + high) / 2;
+        if (std::fabs(s - previous) < ROUND_OFF)
             break;
     }
     return a.moisture - s * length;

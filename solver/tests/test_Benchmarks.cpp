@@ -394,4 +394,66 @@ TEST(Benchmarks, InsulatedRoofStaysInTheBandOfTheParticipants) {
     }
 }
 
+/// A wet ground freezes from its surface: Neumann's solution of Stefan's problem (Carslaw and Jaeger, Conduction of Heat in
+/// Solids, 2nd ed., sec. 11.2) for pores so alike and wide that all water freezes within hundredths of a kelvin.
+TEST(Benchmarks, FrostGoesAsDeepAsNeumannsSolution) {
+    constexpr double WATER = 300;
+    constexpr double LAMBDA = 1.5;
+    constexpr double START = 5; // all temperatures in degrees above freezing
+    constexpr double SURFACE = -10;
+    const MaterialFunctions ground{"ground",
+                                   1e6,
+                                   [](double pC) { return WATER / (1 + std::pow(std::pow(10, pC) / 1e4, 4)); },
+                                   nullptr,
+                                   [](double) { return 2e-12; },
+                                   [](double) { return LAMBDA; }};
+    const double frozen = 1e6 + WATER * C_ICE;
+    const double unfrozen = 1e6 + WATER * C_WATER;
+    const double ratio = std::sqrt(unfrozen / frozen); // of the depths that heat reaches
+    const auto surplus = [&](double eta) {
+        return std::exp(-eta * eta) / std::erf(eta) +
+               START / SURFACE * ratio * std::exp(-eta * eta * ratio * ratio) / std::erfc(eta * ratio) +
+               eta * H_FUSION * WATER * std::sqrt(M_PI) / (frozen * SURFACE);
+    };
+    double low = 0.01;
+    double high = 2;
+    for (int i = 0; i < 60; ++i)
+        (surplus((low + high) / 2) > 0 ? low : high) = (low + high) / 2;
+    const double eta = low;
+
+    std::vector<double> widths;
+    for (double width = 0.004, depth = 0; depth<4; depth += width, width *= depth> 0.3 ? 1.2 : 1)
+        widths.push_back(width);
+    ModelInput input = wall(
+        widths, {ground}, [](double) { return 0u; }, T_ZERO + START, [](std::uint32_t) { return 1.0; });
+    input.module = module_t::heat;
+    input.useIce = true;
+    input.climate = [](double, ModelInput::Loads loads) {
+        loads.surfaces[0].hasTemperature = true;
+        loads.surfaces[0].airTemperature = T_ZERO + SURFACE;
+    };
+    Model model(input);
+    CvodeIntegrator integrator(model, {}, 0, model.initialState());
+    std::vector<double> derivative(model.size());
+    for (const double days : {1.0, 4.0}) {
+        integrator.advance(days * 86400);
+        ASSERT_TRUE(model.rightHandSide(integrator.time(), integrator.state(), derivative));
+        const double reach = 2 * std::sqrt(LAMBDA / frozen * integrator.time());
+        double ice = 0;
+        double x = 0;
+        double largest = 0;
+        for (std::size_t c = 0; c < widths.size(); ++c) {
+            const Model::CellState & cell = model.cellStates()[c];
+            ice += cell.ice * widths[c];
+            const double s = (x + widths[c] / 2) / reach;
+            const double exact = s < eta ? SURFACE * (1 - std::erf(s) / std::erf(eta))
+                                         : START * (1 - std::erfc(s * ratio) / std::erfc(eta * ratio));
+            largest = std::max(largest, std::fabs(cell.temperature - T_ZERO - exact));
+            x += widths[c];
+        }
+        EXPECT_NEAR(ice, eta * reach * WATER, 0.005 * eta * reach * WATER) << days << " d";
+        EXPECT_LT(largest, 0.1) << days << " d";
+    }
+}
+
 } // namespace
