@@ -777,7 +777,7 @@ QString HygResultChart::statistics() const {
         const KOR::Unit unit = drawn.unit == m_leftUnit ? shown : drawn.unit;
         const auto value = [&](double v) { return HygFormat::value(converted(drawn.unit, unit, v), unitName(unit)); };
         QString line =
-            tr("%1: %2 to %3, mean %4").arg(drawn.file->name(), value(s.minimum), value(s.maximum), value(s.mean));
+            tr("%1: %2 to %3, mean %4").arg(label(*drawn.file), value(s.minimum), value(s.maximum), value(s.mean));
         if (threshold && s.weight > 0 && drawn.unit == m_leftUnit)
             line += (isOverTime() ? tr(", above %1 for %2 % of the time") : tr(", above %1 in %2 % of the extent"))
                         .arg(HygFormat::value(*m_options.threshold, unitName(shown)),

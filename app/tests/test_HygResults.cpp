@@ -321,7 +321,7 @@ TEST_F(HygResultsTest, ViewShowsProfilesCoursesAndTheirFigures) {
     view.findChild<QComboBox *>("chartMode")->setCurrentIndex(1);
     view.findChild<QSpinBox *>("place")->setValue(4);
     EXPECT_TRUE(view.chart().isComplete());
-    EXPECT_THAT(figures.text().toStdString(), HasSubstr("Temperature: 10.3 °C to 19.3 °C"));
+    EXPECT_THAT(figures.text().toStdString(), HasSubstr("Temperature, x = 80 mm, Wool: 10.3 °C to 19.3 °C"));
     EXPECT_EQ(view.findChild<QLabel *>("placeText")->text(), "x = 80 mm, Wool");
     KOR::writeFile(results("measured.csv").toStdString(), "Time [h];Sensor [K];Wind [m/s]\n0;283.15;1\n5;290.15;2\n");
     view.loadMeasured(results("measured.csv"));
