@@ -13,11 +13,13 @@
 #include <SCI/Axis.h>
 
 #include <KOR/Exception.h>
+#include <KOR/FileIO.h>
 #include <KOR/Numbers.h>
 #include <KOR/UnitList.h>
 
 #include <QAction>
 #include <QBoxLayout>
+#include <QBuffer>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QEvent>
@@ -500,7 +502,14 @@ bool HygResultsView::exportChart(const QString & path) {
     try {
         if (path.endsWith(QLatin1String(".csv"), Qt::CaseInsensitive))
             m_chart->chart().writeCsv(path);
-        else
+        else if (path.endsWith(QLatin1String(".png"), Qt::CaseInsensitive)) { // with the cut, if there is one
+            QBuffer content;
+            content.open(QIODevice::WriteOnly);
+            if (!m_chart->image(PICTURE_SIZE, 2).save(&content, "PNG"))
+                throw KOR::Exception("The picture cannot be made, probably out of memory.",
+                                     "[HygResultsView::exportChart]");
+            KOR::writeFile(path.toStdString(), content.data().toStdString());
+        } else
             m_chart->chart().writePicture(path, PICTURE_SIZE, 2);
         return true;
     } catch (const KOR::Exception & ex) {

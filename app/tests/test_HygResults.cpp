@@ -617,7 +617,15 @@ TEST_F(HygResultsTest, ExportsPicturesTablesAndAnimations) {
     view.tree().choose({field});
     view.timeBar().setIndex(4);
     EXPECT_TRUE(view.exportChart(m_directory.filePath("chart.png")));
-    EXPECT_FALSE(QImage(m_directory.filePath("chart.png")).isNull());
+    const QImage alone(m_directory.filePath("chart.png"));
+    EXPECT_FALSE(alone.isNull());
+    view.findChild<QComboBox *>("cut")->setCurrentIndex(HygResultChart::AlongX);
+    EXPECT_TRUE(view.exportChart(m_directory.filePath("chart.png")));
+    const QImage withCut(m_directory.filePath("chart.png"));
+    EXPECT_EQ(withCut.size(), alone.size());
+    const QRect lower(0, alone.height() * 7 / 10, alone.width(), alone.height() / 5);
+    EXPECT_NE(withCut.copy(lower), alone.copy(lower)); // where the cut stands
+    view.findChild<QComboBox *>("cut")->setCurrentIndex(HygResultChart::NoCut);
     EXPECT_TRUE(view.exportChart(m_directory.filePath("chart.csv")));
     for (const QString & format : HygAnimation::formats()) {
         HygAnimation animation(view.chart(), m_directory.filePath("run") + format.mid(1), {320, 200}, 4);
