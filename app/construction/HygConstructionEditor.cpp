@@ -396,13 +396,15 @@ void HygConstructionEditor::paste(const QString & text, const Range & at) {
         clip.crop(nx, ny, nz);
         clip.addTo(merged);
         edit::pasteBlock(merged, merged.m_assignments, clip.block, at.left, at.bottom, at.back);
+        auto commands = additions(merged); // all there before the first is pushed
         if (nx > 0 && ny > 0 && nz > 0) {
             HygGridMap map;
             map.block = Range{at.left, at.bottom, at.back, at.left + nx - 1, at.bottom + ny - 1, at.back + nz - 1};
             emit cellsToMove(map);
         }
         stack().beginMacro(tr("Paste cells"));
-        addDefinitions(merged);
+        for (auto & command : commands)
+            stack().push(command.release());
         stack().push(new HygUndoAssignments(tr("Paste cells"), std::move(merged.m_assignments)));
         stack().endMacro();
         if (lost > 0)
@@ -411,14 +413,12 @@ void HygConstructionEditor::paste(const QString & text, const Range & at) {
     });
 }
 
-void HygConstructionEditor::addDefinitions(const Project & merged) {
+std::vector<std::unique_ptr<QUndoCommand>> HygConstructionEditor::additions(const Project & merged) const {
     const QString text = tr("Paste cells");
-    const auto pushAll = [&](const auto & list, std::size_t known, const auto & command) {
-        for (std::size_t n = known; n < list.size(); ++n)
-            stack().push(command(list[n]));
-    };
+    std::vector<std::unique_ptr<QUndoCommand>> commands;
     const auto add = [&]<typename Command>(std::type_identity<Command>, const auto & list, std::size_t known) {
-        pushAll(list, known, [&](const auto & item) { return new Command(text, item); });
+        for (std::size_t n = known; n < list.size(); ++n)
+            commands.push_back(std::make_unique<Command>(text, list[n]));
     };
     // Before those that refer to them.
     const Conditions & now = project().m_conditions;
@@ -435,6 +435,7 @@ void HygConstructionEditor::addDefinitions(const Project & merged) {
         project().m_outputs.m_outputGrids.size());
     add(std::type_identity<HygUndoAddOutput>(), merged.m_outputs.m_outputFiles,
         project().m_outputs.m_outputFiles.size());
+    return commands;
 }
 
 void HygConstructionEditor::resolveOverlaps() {

@@ -15,6 +15,7 @@
 #include <vector>
 
 class HygProjectHandler;
+class QUndoCommand;
 class QUndoStack;
 
 /// What the construction view can do to the project: each call is one undo command, or one macro. What cannot be done is
@@ -105,8 +106,8 @@ private:
                     const QString & field = {});
     void changeList(const QString & text, const ListChange & change);
     void attempt(const std::function<void()> & action);
-    /// Adds what stands behind the ends of the project's own lists.
-    void addDefinitions(const HYGRION::Project & merged);
+    /// Commands that add what stands behind the ends of the project's own lists. Throws as they do.
+    std::vector<std::unique_ptr<QUndoCommand>> additions(const HYGRION::Project & merged) const;
     void tellGone(const std::vector<HYGRION::Assignment> & gone);
 
     bool hasMaterial(const std::string & name) const;

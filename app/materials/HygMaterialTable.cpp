@@ -117,7 +117,8 @@ bool HygMaterialTable::eventFilter(QObject * watched, QEvent * event) {
                                        ? key.key() == TOOLS[i].key && key.modifiers() == Qt::NoModifier
                                        : key.matches(TOOLS[i].standardKey);
             if (isPressed && m_tools[i]->isEnabled()) {
-                (this->*TOOLS[i].slot)();
+                const auto slot = TOOLS[i].slot; // by itself: the sanitizers' build takes the index for unset otherwise
+                (this->*slot)();
                 return true;
             }
         }
