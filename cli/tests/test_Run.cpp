@@ -173,7 +173,9 @@ TEST(SolverProgram, GoesOnAfterKillAsIfNothingHadHappened) {
                   "sleep " + std::to_string(share * wallTime) + "; kill -KILL $run; wait $run");
         }
         ASSERT_EQ(shell("HygrionSolver.exe --restart " + arguments).exitCode, 0);
-        for (const auto & path : summary(whole)["results"]) {
+        const auto results = summary(whole)["results"];
+        EXPECT_FALSE(results.empty());
+        for (const auto & path : results) {
             DATAIO::DataIO a, b;
             a.read(path.get<std::string>());
             b.read(cut + "/results/" + fs::path(path.get<std::string>()).filename().string());
