@@ -35,5 +35,7 @@ QString HygFormat::dateTime(const QDateTime & time, bool hasSeconds) {
 }
 
 QString HygFormat::duration(double seconds) {
-    return QString::fromStdString(KOR::formatDuration(seconds)).trimmed();
+    return QString::fromStdString(KOR::formatDuration(seconds))
+        .trimmed()
+        .replace(QLatin1Char('.'), locale().decimalPoint());
 }
