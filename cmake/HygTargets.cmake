@@ -43,6 +43,19 @@ endif()
 set(HYG_PCH <algorithm> <array> <cmath> <cstdint> <functional> <map> <memory> <optional> <span> <string> <string_view>
             <utility> <vector>)
 
+# hyg_precompile(<target> <header>...): headers that every source of a target sees, precompiled or, where that is switched
+# off, included as if they were.
+function(hyg_precompile target)
+  if(NOT CMAKE_DISABLE_PRECOMPILE_HEADERS)
+    target_precompile_headers(${target} PRIVATE ${ARGN})
+    return()
+  endif()
+  foreach(header ${ARGN})
+    string(REGEX REPLACE "[<>]" "" header ${header})
+    target_compile_options(${target} PRIVATE "SHELL:-include ${header}")
+  endforeach()
+endfunction()
+
 # hyg_tests(<name> DEPENDS <target>... [QT]): one test program out of tests/.
 # GoogleTest programs are split into their cases; a Qt program runs offscreen, one entry a source file.
 function(hyg_tests name)
@@ -56,7 +69,7 @@ function(hyg_tests name)
   target_link_libraries(test_${name} PRIVATE ${ARG_DEPENDS} hyg_options GTest::gmock)
   target_compile_definitions(test_${name} PRIVATE HYG_TEST_DATA="${CMAKE_CURRENT_SOURCE_DIR}/tests/data"
     HYG_SOURCE_DIR="${CMAKE_SOURCE_DIR}" HYG_BINARY_DIR="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
-  target_precompile_headers(test_${name} PRIVATE ${HYG_PCH} <gmock/gmock.h> <gtest/gtest.h>)
+  hyg_precompile(test_${name} ${HYG_PCH} <gmock/gmock.h> <gtest/gtest.h>)
   if(ARG_QT)
     find_package(Qt5 5.15 REQUIRED COMPONENTS Test)
     set_target_properties(test_${name} PROPERTIES AUTOMOC ON AUTOMOC_COMPILER_PREDEFINES OFF)
@@ -93,7 +106,7 @@ function(hyg_add_library name)
   target_include_directories(${name} PUBLIC include PRIVATE src)
   target_link_libraries(${name} PUBLIC ${ARG_DEPENDS} PRIVATE ${ARG_PRIVATE_DEPENDS} hyg_options)
   if(NOT ARG_NO_PCH)
-    target_precompile_headers(${name} PRIVATE ${HYG_PCH})
+    hyg_precompile(${name} ${HYG_PCH})
   endif()
   hyg_tidy(${name})
   set(qt "")

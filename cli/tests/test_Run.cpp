@@ -19,7 +19,7 @@ using testing::Not;
 using testing::StartsWith;
 
 std::string scratch(const std::string & name) {
-    const std::string path = testing::TempDir() + "hyg-run-" + std::to_string(::getpid()) + '-' + name;
+    std::string path = testing::TempDir() + "hyg-run-" + std::to_string(::getpid()) + '-' + name;
     fs::remove_all(path);
     return path;
 }

@@ -118,11 +118,14 @@ MaterialTable::MaterialTable(const MaterialFunctions & functions)
     if (functions.enthalpy) {
         m_enthalpy = Curve(functions.enthalpy, TEMPERATURES, "The enthalpy of material '" + m_name + "'");
         double slope = 0;
-        for (double T = TEMPERATURES.begin; T <= TEMPERATURES.end; T += TEMPERATURES.step)
+        const auto count = static_cast<int>((TEMPERATURES.end - TEMPERATURES.begin) / TEMPERATURES.step);
+        for (int i = 0; i <= count; ++i) {
+            const double T = TEMPERATURES.begin + i * TEMPERATURES.step;
             if (!(m_enthalpy.value(T + TEMPERATURES.step / 2, slope) > m_enthalpy.value(T - TEMPERATURES.step / 2)))
                 throw Exception(
                     text("The enthalpy of material '%1' does not grow at %2 K.", m_name, KOR::toString(T, 5)),
                     "[MaterialTable::MaterialTable]");
+        }
         m_enthalpy.value(T_REF, m_heatCapacity);
     }
     if (functions.conductivityByTemperature)
