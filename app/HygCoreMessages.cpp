@@ -51,6 +51,7 @@ constexpr const char * MESSAGES[] = {
     QT_TRANSLATE_NOOP("HygCoreMessages", "The outputs of the project are no longer those of the interrupted run."),
     QT_TRANSLATE_NOOP("HygCoreMessages", "The block-tridiagonal solver is for one-dimensional constructions; choose another one."),
     QT_TRANSLATE_NOOP("HygCoreMessages", "Out of memory."),
+    QT_TRANSLATE_NOOP("HygCoreMessages", "cell %1 (%2, at %3)"),
     // of files
     QT_TRANSLATE_NOOP("HygCoreMessages", "File '%1' doesn't exist."),
     QT_TRANSLATE_NOOP("HygCoreMessages", "Cannot write result file '%1': %2"),

@@ -1201,6 +1201,10 @@ Doppelklick wählt eine andere Datei.</translation>
         <source>&apos;%1&apos; is defined neither in this project nor among the copied cells.</source>
         <translation>„%1“ ist weder in diesem Projekt noch bei den kopierten Zellen festgelegt.</translation>
     </message>
+    <message>
+        <source>cell %1 (%2, at %3)</source>
+        <translation>Zelle %1 (%2, bei %3)</translation>
+    </message>
 </context>
 <context>
     <name>HygDiscretizationDialog</name>

@@ -74,7 +74,9 @@ HygMaterialEditor::HygMaterialEditor(HygMaterialDB & database, MM::Material mate
     resize(WIDTH, HEIGHT);
 }
 
-HygMaterialEditor::~HygMaterialEditor() = default;
+HygMaterialEditor::~HygMaterialEditor() {
+    hide(); // a field that loses the focus ends its editing, which needs the document
+}
 
 void HygMaterialEditor::setUp() {
     m_pages->setObjectName(QStringLiteral("materialPages"));

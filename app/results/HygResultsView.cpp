@@ -325,15 +325,16 @@ void HygResultsView::fillUnits() {
         const KOR::UnitList & list = KOR::UnitList::instance();
         for (std::size_t i = 0; i < list.size(); ++i)
             if (KOR::Unit(i).base() == own.base())
-                m_unit->addItem(QString::fromStdString(KOR::Unit(i).name()));
-        const int chosen = m_unit->findText(m_chart->options().unit);
-        m_unit->setCurrentIndex(chosen >= 0 ? chosen : m_unit->findText(QString::fromStdString(own.name())));
+                m_unit->addItem(QString::fromStdString(KOR::Unit(i).displayName()),
+                                QString::fromStdString(KOR::Unit(i).name()));
+        const int chosen = m_unit->findData(m_chart->options().unit);
+        m_unit->setCurrentIndex(chosen >= 0 ? chosen : m_unit->findData(QString::fromStdString(own.name())));
     }
     m_isShowing = false;
 }
 
 void HygResultsView::adaptThreshold() {
-    const QString unit = m_unit->currentText();
+    const QString unit = m_unit->currentData().toString();
     const auto value = KOR::parseDouble(m_threshold->text().replace(',', '.').toStdString());
     if (value && !m_thresholdUnit.isEmpty() && !unit.isEmpty() && unit != m_thresholdUnit) {
         const QSignalBlocker blocker(m_threshold);
@@ -363,7 +364,7 @@ void HygResultsView::takeOptions() {
     Options options = m_chart->options();
     options.isOverTime = m_mode->currentIndex() == 1;
     adaptThreshold();
-    options.unit = m_unit->currentText();
+    options.unit = m_unit->currentData().toString();
     options.place = static_cast<std::size_t>(std::max(1, m_place->value()) - 1);
     options.normal = m_normal->currentIndex();
     options.plane = static_cast<std::size_t>(m_plane->value());

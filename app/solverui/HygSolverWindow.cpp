@@ -202,7 +202,7 @@ void HygSolverWindow::showState() {
     for (int row = 0; row < LAST_STEP; ++row)
         m_statistics->item(row, 1)->setText(QString::number(state.statistics.*COUNTERS[row].counter));
     m_statistics->item(LAST_STEP, 1)->setText(duration(state.progress.step));
-    m_statistics->item(LIMIT, 1)->setText(QString::fromStdString(state.limit));
+    m_statistics->item(LIMIT, 1)->setText(HygCoreMessages::translated(QString::fromStdString(state.limit)));
     m_statistics->resizeRowToContents(LIMIT);
 }
 

@@ -305,7 +305,7 @@ TEST_F(HygResultsTest, ViewShowsProfilesCoursesAndTheirFigures) {
     EXPECT_THAT(figures.text().toStdString(), HasSubstr("15 °C to 15.3 °C, mean 15.2 °C"));
     view.findChild<QComboBox *>("unit")->setCurrentText("K");
     EXPECT_THAT(figures.text().toStdString(), HasSubstr("288.15 K to 288.45 K"));
-    view.findChild<QComboBox *>("unit")->setCurrentText("C");
+    view.findChild<QComboBox *>("unit")->setCurrentText("°C");
     view.findChild<QLineEdit *>("threshold")->setText("15,15");
     EXPECT_THAT(figures.text().toStdString(), HasSubstr("above 15.15 °C in 70 % of the extent"));
 
@@ -344,7 +344,7 @@ TEST_F(HygResultsTest, AThresholdBelongsToItsQuantity) {
     unit.setCurrentText("K");
     EXPECT_EQ(threshold.text(), "288.3");
     EXPECT_THAT(figures.text().toStdString(), HasSubstr("above 288.3 K in 70 % of the extent"));
-    unit.setCurrentText("C");
+    unit.setCurrentText("°C");
     EXPECT_EQ(threshold.text(), "15.15");
     threshold.setText("1e999");
     EXPECT_FALSE(view.chart().options().threshold);

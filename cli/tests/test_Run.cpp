@@ -89,7 +89,7 @@ TEST(SolverProgram, LeavesLogsResultsAndARestartFile) {
     EXPECT_THAT(content(directory + "/log/screenlog.txt"),
                 AllOf(HasSubstr("simulated    done"), HasSubstr("Balance of moisture: ")));
     EXPECT_THAT(content(directory + "/log/progress.txt"), HasSubstr("\n3600000\t"));
-    EXPECT_THAT(content(directory + "/log/steps.tsv"), HasSubstr("cell 0, 0, 0 (Benchmark 2"));
+    EXPECT_THAT(content(directory + "/log/steps.tsv"), HasSubstr("cell 1 (Benchmark 2"));
     const nlohmann::json all = summary(directory);
     EXPECT_EQ(all["status"], "finished");
     EXPECT_GT(all["integrator"]["steps"], 50);

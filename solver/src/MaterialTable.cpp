@@ -118,8 +118,8 @@ MaterialTable::MaterialTable(const MaterialFunctions & functions)
     if (functions.enthalpy) {
         m_enthalpy = Curve(functions.enthalpy, TEMPERATURES, "The enthalpy of material '" + m_name + "'");
         double slope = 0;
-        const auto count = static_cast<int>((TEMPERATURES.end - TEMPERATURES.begin) / TEMPERATURES.step);
-        for (int i = 0; i <= count; ++i) {
+        const auto intervals = static_cast<int>((TEMPERATURES.end - TEMPERATURES.begin) / TEMPERATURES.step);
+        for (int i = 0; i <= intervals; ++i) {
             const double T = TEMPERATURES.begin + i * TEMPERATURES.step;
             if (!(m_enthalpy.value(T + TEMPERATURES.step / 2, slope) > m_enthalpy.value(T - TEMPERATURES.step / 2)))
                 throw Exception(

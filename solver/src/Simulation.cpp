@@ -299,13 +299,19 @@ std::array<double, 2> Simulation::content(std::span<const double> state) const {
 std::string Simulation::placeOf(std::size_t cell) const {
     const Construction::CellPlace & place = m_construction.cellPlaces.at(cell);
     const DATAIO::GeoFile & geometry = m_construction.geometry;
-    std::string where = text("cell %1, %2, %3", place.index[0], place.index[1], place.index[2]);
-    where += place.material < geometry.m_materials.size() ? " (" + geometry.m_materials[place.material].name : " (";
-    constexpr const char * AXES[] = {", at x = %1 mm", ", y = %1 mm", ", z = %1 mm"};
+    const std::string material =
+        place.material < geometry.m_materials.size() ? geometry.m_materials[place.material].name : "?";
+    constexpr const char * AXES[] = {"x", "y", "z"};
+    std::string number;
+    std::string coordinates;
     for (int d = 0; d < 3; ++d)
-        if (const auto & centres = geometry.centres(d); d == 0 || centres.size() > 1)
-            where += text(AXES[d], KOR::toString(1000 * centres.at(place.index[static_cast<std::size_t>(d)]), 6));
-    return where + ")";
+        if (const auto & centres = geometry.centres(d); d == 0 || centres.size() > 1) {
+            const std::size_t i = place.index[static_cast<std::size_t>(d)];
+            number += text(d == 0 ? "%1" : ", %1", i + 1); // the first is 1, as in the editor
+            coordinates +=
+                text(d == 0 ? "%1 = %2 mm" : ", %1 = %2 mm", AXES[d], KOR::toString(1000 * centres.at(i), 6));
+        }
+    return text("cell %1 (%2, at %3)", number, material, coordinates);
 }
 
 std::string Simulation::lastLimit() const {

@@ -402,7 +402,7 @@ TEST(Simulation, SaysWhereAndWhyAStepFails) {
     construction.nextJump = nullptr;
     Simulation simulation(std::move(construction), Outputs().project, {});
     const std::string found = message([&] { simulation.run(1e9); });
-    EXPECT_THAT(found, HasSubstr("The simulation cannot go on at 1 h in cell 0, 0, 0 (Concrete, at x = 5 mm)."));
+    EXPECT_THAT(found, HasSubstr("The simulation cannot go on at 1 h in cell 1 (Concrete, at x = 5 mm)."));
     EXPECT_THAT(found, HasSubstr("What may help: "));
 }
 
