@@ -109,7 +109,10 @@ bool HygFileActions::openBoth(const HygJournal::Entry & entry) {
 QString HygFileActions::choose(const char * name, const QString & title, const QString & start, bool isForSaving,
                                const FileKind & kind) {
     const QString suffix = QLatin1String(kind.suffix);
-    QFileDialog dialog(&m_window, title, m_settings.m_lastFileOpenDirectory, tr(kind.name).arg(suffix));
+    const QString directory = m_settings.m_lastFileOpenDirectory.isEmpty() && !m_projects.projectFile().isEmpty()
+                                  ? QFileInfo(m_projects.projectFile()).absolutePath()
+                                  : m_settings.m_lastFileOpenDirectory;
+    QFileDialog dialog(&m_window, title, directory, tr(kind.name).arg(suffix));
     dialog.setObjectName(QLatin1String(name));
     dialog.setFileMode(isForSaving ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     dialog.setAcceptMode(isForSaving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
@@ -164,7 +167,14 @@ void HygFileActions::save() {
 }
 
 void HygFileActions::saveAs() {
-    const QString path = choose("saveProjectDialog", tr("Save project as"), m_projects.projectFile(), true, PROJECTS);
+    QString proposed = m_projects.projectFile();
+    if (m_projects.isReadOnly()) { // its own name cannot be taken
+        const QFileInfo file(proposed);
+        for (int n = 2; QFileInfo::exists(proposed); ++n)
+            proposed = QStringLiteral("%1/%2 (%3).%4")
+                           .arg(file.absolutePath(), file.completeBaseName(), QString::number(n), file.suffix());
+    }
+    const QString path = choose("saveProjectDialog", tr("Save project as"), proposed, true, PROJECTS);
     if (!path.isEmpty())
         m_projects.saveAs(path);
 }

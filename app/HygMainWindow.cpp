@@ -248,6 +248,7 @@ void HygMainWindow::setUpChoices() {
 void HygMainWindow::setUpUndo() {
     QUndoStack & stack = undoStack();
     connect(m_ui->actionUndo, &QAction::triggered, &stack, &QUndoStack::undo);
+    m_ui->actionRedo->setShortcuts({m_ui->actionRedo->shortcut(), QKeySequence(QStringLiteral("Ctrl+Shift+Z"))});
     connect(m_ui->actionRedo, &QAction::triggered, &stack, &QUndoStack::redo);
     connect(&stack, &QUndoStack::indexChanged, this, &HygMainWindow::updateUndo);
     connect(&stack, &QUndoStack::undoTextChanged, this, &HygMainWindow::updateUndo);

@@ -138,13 +138,18 @@ std::vector<HygHintBar::Offer> HygHintBar::offers(std::size_t index) const {
         break;
     case Hint::NoInterface:
     case Hint::OpenEdge: {
+        // What is missing on the other side comes first: two clicks at the same place are two different climates.
+        using Type = HYGRION::Interface::type_t;
         const auto & interfaces = m_editor.project().m_conditions.m_interfaces;
+        const bool hasOutdoor = !interfaces.empty() && interfaces.front().m_type != Type::EngineeringIndoor;
+        const Offer outdoor{QStringLiteral("outdoor"), tr("standard outdoor climate")};
+        const Offer indoor{QStringLiteral("indoor"), tr("standard indoor climate")};
+        if (interfaces.size() < 2)
+            list.push_back(hasOutdoor ? indoor : outdoor);
         for (std::size_t n = 0; n < interfaces.size() && n < MAX_OFFERS; ++n)
             list.push_back({QStringLiteral("assign.%1").arg(n), QString::fromStdString(interfaces[n].m_name)});
-        if (interfaces.size() < 2) {
-            list.push_back({QStringLiteral("outdoor"), tr("standard outdoor climate")});
-            list.push_back({QStringLiteral("indoor"), tr("standard indoor climate")});
-        }
+        if (interfaces.size() < 2)
+            list.push_back(hasOutdoor ? outdoor : indoor);
         break;
     }
     }

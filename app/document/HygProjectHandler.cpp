@@ -320,11 +320,14 @@ void HygProjectHandler::closeProject() {
 // ---- saving
 
 bool HygProjectHandler::write(const QString & path) {
+    const KOR::Path::Placeholders known = m_project->placeholders(); // those of the databases as well
     for (const std::string & name : m_project->undefinedPlaceholders())
-        KOR::message(KOR::text("Placeholder '%1' is being used in one or more referenced files, but not defined within "
-                               "the placeholder section",
-                               name),
-                     KOR::MSG_WARNING, "[HygProjectHandler::write]");
+        if (!known.contains(name))
+            KOR::message(
+                KOR::text("Placeholder '%1' is being used in one or more referenced files, but not defined within "
+                          "the placeholder section",
+                          name),
+                KOR::MSG_WARNING, "[HygProjectHandler::write]");
     try {
         // The GUI thread does not touch the project meanwhile.
         HygBackground::run(tr("Saving project '%1'…").arg(QFileInfo(path).fileName()),

@@ -54,5 +54,16 @@ QStringList HygRunOptions::arguments() const {
 
 QString HygRunOptions::commandLine(const QString & executable, const QStringList & arguments,
                                    const QString & projectFile) {
-    return '"' + executable + "\" " + arguments.join(' ') + " \"" + projectFile + '"';
+    const auto quoted = [](const QString & path) {
+        QString result;
+        for (const QChar c : path) {
+#ifndef Q_OS_WIN // what a shell would take for its own within double quotes
+            if (QStringLiteral("\"\\$`").contains(c))
+                result += '\\';
+#endif
+            result += c;
+        }
+        return '"' + result + '"';
+    };
+    return quoted(executable) + ' ' + arguments.join(' ') + ' ' + quoted(projectFile);
 }

@@ -227,6 +227,28 @@ TEST_F(HygConstructionChecks, SignsInTheDrawingOfferWhatMends) {
     EXPECT_TRUE(scene().marks.empty());
 }
 
+TEST_F(HygConstructionChecks, TheMissingClimateIsOfferedFirst) {
+    Project bare = wall();
+    std::erase_if(bare.m_assignments.m_list, [](const Assignment & a) { return a.m_reference == "Inside"; });
+    std::erase_if(bare.m_conditions.m_interfaces, [](const auto & i) { return i.m_name == "Inside"; });
+    open(bare);
+    ASSERT_EQ(hints().size(), 1u);
+    QStringList offers;
+    QTimer::singleShot(0, &m_view, [&] {
+        auto * menu = m_view.findChild<QMenu *>("hintMenu");
+        ASSERT_NE(menu, nullptr);
+        for (const QAction * action : menu->actions())
+            offers << action->text();
+        menu->close();
+    });
+    const auto badges = scene().badges(canvas().viewport()->rect());
+    ASSERT_EQ(badges.size(), 1u);
+    QTest::mouseClick(canvas().viewport(), Qt::LeftButton, {}, badges[0].middle.toPoint());
+    EXPECT_TRUE(offers.contains("Outside"));
+    EXPECT_LT(offers.indexOf("standard indoor climate"), offers.indexOf("Outside")) << "two alike are the exception";
+    EXPECT_GT(offers.indexOf("standard outdoor climate"), offers.indexOf("Outside"));
+}
+
 TEST_F(HygConstructionChecks, OverlapsAreCutSoThatNothingLooksDifferent) {
     // Blocks at random in three dimensions; the drawing is the same afterwards, and nothing covers anything.
     std::mt19937 random(3);

@@ -190,9 +190,8 @@ TEST_F(OutputsViewTest, EveryGestureIsOneStepThatCanBeTakenBack) {
 TEST_F(OutputsViewTest, WhatCannotBeIsRefusedWithTheReason) {
     open("Brick wall.h6p");
     const HYGRION::Outputs before = outputs();
-    std::vector<QString> told;
     const auto isRefused = [&](const char * widget, const char * message, const auto & fill) {
-        answer([&](QDialog & dialog) {
+        answer([widget, message, fill](QDialog & dialog) { // answers when the dialog opens
             fill(dialog);
             EXPECT_FALSE(dialog.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok)->isEnabled());
             EXPECT_EQ(in<QLabel>(dialog, widget).text().toStdString(), message);

@@ -1,6 +1,7 @@
 #include "HygSettings.h"
 #include "document/HygProjectHandler.h"
 #include "simulation/HygOutputDirectory.h"
+#include "simulation/HygRunOptions.h"
 #include "simulation/HygSimulationRunRequestDialog.h"
 #include "simulation/HygSimulationStartWidget.h"
 #include "simulation/HygSolverProcess.h"
@@ -171,6 +172,9 @@ TEST_F(HygSimulationStartTest, CommandLineNamesSolverOptionsAndProjectInOrder) {
                   m_directory.filePath("Süd wand.h6p") + '"');
     EXPECT_TRUE(m_settings.m_useModernSolver);
     EXPECT_EQ(m_settings.m_numParallelThreads, 4);
+    EXPECT_EQ(HygRunOptions::commandLine("/opt/s.exe", {"-o"}, "/m/Müller's \"Häuser\" & $1`/x.h6p"),
+              "\"/opt/s.exe\" -o \"/m/Müller's \\\"Häuser\\\" & \\$1\\`/x.h6p\"")
+        << "a shell takes it for one path";
 }
 
 TEST_F(HygSimulationStartTest, RunsWithLowPriorityAndWithoutWaiting) {
