@@ -385,7 +385,7 @@ void writeTable(DataIO & file, const std::vector<std::size_t> & records, const s
     const auto line = [&](double time, const auto & valueAt) {
         out << KOR::toString(time);
         for (std::size_t i = 0; i < values.size(); ++i)
-            out << ',' << KOR::toString(valueAt(i));
+            out << ',' << (std::isnan(valueAt(i)) ? "" : KOR::toString(valueAt(i)));
         out << '\n';
     };
     if (values.size() == 1 && records.size() == times.size()) { // one course needs no whole records

@@ -77,7 +77,10 @@ void printRun(const Json & summary, std::ostream & out) {
             out << std::left << std::setw(NAME_WIDTH) << shortened(layer.at("material").get<std::string>())
                 << std::right << std::fixed;
             for (const Column & column : columns)
-                out << std::setw(WIDTH) << std::setprecision(column.decimals) << layer.at(column.key).get<double>();
+                if (const Json & value = layer.at(column.key); value.is_number())
+                    out << std::setw(WIDTH) << std::setprecision(column.decimals) << value.get<double>();
+                else // what holds no water has no humidity
+                    out << std::setw(WIDTH) << '-';
             out << '\n';
         }
         out << std::defaultfloat;

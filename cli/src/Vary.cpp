@@ -67,7 +67,10 @@ void addSeries(Row & row, const std::string & path) {
     const DATAIO::DataHeader & header = file.header();
     if (header.valueCount() != 1 || file.timeCount() == 0)
         return;
-    const std::vector<double> values = file.dataVector(0);
+    std::vector<double> values = file.dataVector(0);
+    std::erase_if(values, [](double value) { return std::isnan(value); });
+    if (values.empty())
+        return;
     const auto [least, most] = std::minmax_element(values.begin(), values.end());
     double sum = 0;
     for (const double value : values)
@@ -99,7 +102,8 @@ Row keyResults(const Json & summary) {
     for (const Json & layer : summary.at("layers")) {
         ++number;
         for (const LayerColumn & column : LAYER_COLUMNS)
-            row.emplace_back(text("Layer %1, %2", number, column.heading), layer.at(column.key));
+            if (const Json & value = layer.at(column.key); !value.is_null()) // glass and metals have no humidity
+                row.emplace_back(text("Layer %1, %2", number, column.heading), value);
     }
     for (const Json & path : summary.at("results"))
         addSeries(row, path.get<std::string>());

@@ -9,6 +9,7 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <limits>
 #include <set>
 
 namespace DATAIO {
@@ -21,8 +22,9 @@ namespace {
 constexpr std::size_t CHUNK_SIZE = 1u << 20;
 /// Above this record size a column is picked value by value, below it the file is streamed.
 constexpr std::size_t STREAMED_RECORD_SIZE = 4096;
-constexpr std::size_t PREFETCHED = 512;    ///< values that are asked for before they are read
-constexpr std::size_t LONGEST_NUMBER = 64; ///< [bytes]
+constexpr std::size_t PREFETCHED = 512;      ///< values that are asked for before they are read
+constexpr std::size_t LONGEST_NUMBER = 64;   ///< [bytes]
+constexpr std::string_view NO_VALUE = "nan"; ///< where the quantity does not exist, humidity in metal for one
 constexpr std::string_view BLANKS = " \t\r\n";
 
 } // namespace
@@ -152,10 +154,13 @@ void DataIO::addValueLine(std::string_view line, std::vector<double> & values) c
         throw Exception(text("Error parsing time point from line '%1', using substr '%2'.", line.substr(0, 80), time),
                         "[DataIO::addValueLine]");
     values.reserve(1 + m_header.valueCount());
-    const std::size_t bad = KOR::parseDoubles(line, values);
-    if (bad != std::string_view::npos) {
-        const std::string_view rest = line.substr(bad);
-        KOR::throwNoValue(rest.substr(0, rest.find_first_of(BLANKS)));
+    for (std::size_t bad = 0; (bad = KOR::parseDoubles(line, values)) != std::string_view::npos;) {
+        line.remove_prefix(bad);
+        const std::string_view word = line.substr(0, line.find_first_of(BLANKS));
+        if (word != NO_VALUE)
+            KOR::throwNoValue(word);
+        values.push_back(std::numeric_limits<double>::quiet_NaN());
+        line.remove_prefix(word.size());
     }
 }
 

@@ -42,7 +42,7 @@ fs::path found(const DataIO & file) {
     std::error_code error;
     for (const fs::path & candidate : {folder / name, folder / name.filename(), folder / ".." / name.filename()})
         if (fs::is_regular_file(candidate, error))
-            if (const fs::path path = fs::canonical(candidate, error); !error)
+            if (fs::path path = fs::canonical(candidate, error); !error)
                 return path;
     return {};
 }

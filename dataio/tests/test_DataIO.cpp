@@ -210,7 +210,8 @@ struct HeaderFault {
     const char * outer;
 };
 
-std::string binaryFile(std::uint32_t offsetChange, std::uint32_t countChange, std::uint32_t kind, std::string body) {
+std::string binaryFile(std::uint32_t offsetChange, std::uint32_t countChange, std::uint32_t kind,
+                       const std::string & body) {
     std::ostringstream out;
     out << "H6OBRLZ!";
     KOR::write_binary(out, std::uint32_t(6 | 1 << 8));

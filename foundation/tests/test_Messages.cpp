@@ -124,6 +124,7 @@ TEST(Messages, LinesOfSeveralThreadsDoNotMix) {
     ASSERT_TRUE(handler.openLogFile(directory.file("log"), false, error));
     const std::string longText(300, 'x');
     std::vector<std::thread> threads;
+    threads.reserve(4);
     for (int i = 0; i < 4; ++i)
         threads.emplace_back([&] {
             for (int k = 0; k < 50; ++k)

@@ -67,14 +67,20 @@ TEST(CheckMaterial, EveryFaultIsFound) {
         const char * message;
         std::function<void(Material &)> spoil;
     };
-    const auto heat = [](Material & m, Heat f, KOR::LinearSpline s) { m.m_thermalTransport[0].setFunction(f, s); };
-    const auto moist = [](Material & m, Moist f, KOR::LinearSpline s) { m.m_moistureTransport[0].setFunction(f, s); };
-    const auto hold = [](Material & m, Retention f, KOR::LinearSpline s) { m.m_moistureStorage.setFunction(f, s); };
-    const auto kg = [](Material & m, KOR::LinearSpline s) {
+    const auto heat = [](Material & m, Heat f, const KOR::LinearSpline & s) {
+        m.m_thermalTransport[0].setFunction(f, s);
+    };
+    const auto moist = [](Material & m, Moist f, const KOR::LinearSpline & s) {
+        m.m_moistureTransport[0].setFunction(f, s);
+    };
+    const auto hold = [](Material & m, Retention f, const KOR::LinearSpline & s) {
+        m.m_moistureStorage.setFunction(f, s);
+    };
+    const auto kg = [](Material & m, const KOR::LinearSpline & s) {
         breathing(m);
         m.m_airTransport[0].setFunction(Air::Kg_Theta_l, s);
     };
-    const auto dl = [](Material & m, KOR::LinearSpline s) {
+    const auto dl = [](Material & m, const KOR::LinearSpline & s) {
         m.m_moistureTransport[0].setFunction(Moist::lgKl_Theta_l, {});
         m.clearParameter(Transport::KLEFF);
         m.setParameter(Transport::DLEFF, 1e-7);

@@ -186,7 +186,7 @@ TEST(MaterialFile, CategoriesAreSplitAtCommasOrBlanks) {
              {"BRICK BRICK 1x", "Couldn't parse 3rd category. 1x"                      },
              {"1 2 3 4",        "Expected at most three categories, got '1 2 3 4'."    },
     }) {
-        const auto chain = chainOf([&] { category.set(text); });
+        const auto chain = chainOf([&, line = text] { category.set(line); });
         ASSERT_FALSE(chain.empty()) << text;
         EXPECT_EQ(chain.back().message, message);
         EXPECT_EQ(chain.back().where, "[MaterialCategory::set]  ");
@@ -317,7 +317,7 @@ TEST(MaterialFile, BrokenFilesAreRefused) {
     Warnings log;
     for (const auto & [content, cause, above] : rows) {
         Material material = materialFrom(brickText());
-        const auto chain = chainOf([&] { material.readContent(content, "brick_123.m6"); });
+        const auto chain = chainOf([&, &file = content] { material.readContent(file, "brick_123.m6"); });
         ASSERT_FALSE(chain.empty()) << content;
         if (!cause.empty()) {
             EXPECT_EQ(chain.front().message, cause) << content;

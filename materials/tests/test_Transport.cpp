@@ -17,7 +17,7 @@ using Storage = Material::ParaStorage;
 using Transport = Material::ParaTransport;
 using Liquid = MoistureTransport::Functions;
 
-KOR::LinearSpline spline(std::vector<double> x, std::vector<double> y) {
+KOR::LinearSpline spline(const std::vector<double> & x, const std::vector<double> & y) {
     return {x, y};
 }
 

@@ -252,13 +252,13 @@ TEST(AssignmentGrid, RefusesBadRangesAndSizes) {
     ex = caught([&] { Discretization::updateDiscAssignmentGrid(2, 1, 1, list, grid); });
     EXPECT_EQ(ex.message(),
               "An index in the range '[0, 0, 0] - [2, 0, 0]' in assignment 'Material Brick' is out of grid range.");
-    for (const auto & [nx, ny, nz] : {
+    for (const std::array<std::size_t, 3> & n : {
              std::array<std::size_t, 3>{SIZE_MAX, 2,            1       },
              {1u << 20, 1u << 20,     1       },
              {1u << 14, 1u << 14,     1u << 14},
              {1,        SIZE_MAX / 2, 4       }
     }) {
-        ex = caught([&] { Discretization::updateBoundaryIDGrid(nx, ny, nz, list, boundary); });
+        ex = caught([&] { Discretization::updateBoundaryIDGrid(n[0], n[1], n[2], list, boundary); });
         EXPECT_EQ(ex.chain().front(),
                   (KOR::Exception::Entry{"The grid is too large (can't allocate continuous memory)! ",
                                          "[Discretization::updateBoundaryIDGrid]"}));
@@ -294,8 +294,8 @@ TEST(Assessment, ReadsWhatItWritesAndKnowsItsLimits) {
          {"<Assessment type='MoldGrowth' assignment='1DLayer'/>", "<Assessment name='a' assignment='1DLayer'/>",
           "<Assessment name='a' type='MoldGrowth' assignment='Everywhere'/>",
           "<Assessment name='a' type='MoldGrowth' assignment='1DLayer'><Layer>-1</Layer></Assessment>",
-          "<Assessment name='a' type='MoldGrowth' assignment='1DLayer'><Layer>1</Layer><Range>0 0 1 "
-          "1</Range></Assessment>",
+          "<Assessment name='a' type='MoldGrowth' assignment='1DLayer'><Layer>1</Layer>"
+          "<Range>0 0 1 1</Range></Assessment>",
           "<Assessment name='a' type='MoldGrowth' assignment='1DLayer'><Limits/></Assessment>"}) {
         const KOR::Exception ex = caught([&] { read<Assessment>(content); });
         EXPECT_TRUE(ex.cause().starts_with("Error in XML file, line 1: ")) << ex.cause();

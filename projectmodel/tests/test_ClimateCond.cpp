@@ -167,7 +167,7 @@ TEST(ClimateCond, WhatIsCalculatedIsNoPartOfTheDefinition) {
 }
 
 TEST(ClimateCond, UnusableDataAreRefused) {
-    const auto set = [](CCM::CCDFile file, bool isCyclic) {
+    const auto set = [](const CCM::CCDFile & file, bool isCyclic) {
         ClimateCond one = condition(Kind::TabulatedData, {});
         one.m_flag.set(Flag::Cyclic, isCyclic);
         return [one, file]() mutable { one.setData(file); };

@@ -37,6 +37,7 @@ Interface outdoor(Interface::climateTypeOutdoor_t type) {
 
 std::vector<std::string> names(const auto & conditions) {
     std::vector<std::string> result;
+    result.reserve(conditions.size());
     for (const auto & condition : conditions)
         result.push_back(condition.m_name);
     return result;

@@ -143,7 +143,7 @@ double AdiIntegrator::Work::splittingError(double h) {
 }
 
 AdiIntegrator::AdiIntegrator(Model & model, const IntegratorSettings & settings, double startTime,
-                             std::vector<double> state)
+                             const std::vector<double> & state)
     : m_work(std::make_unique<Work>(model, settings, startTime, state)) {
     m_work->before.assign(m_work->values().begin(), m_work->values().end());
     m_work->timeBefore = startTime;

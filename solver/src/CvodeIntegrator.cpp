@@ -70,7 +70,7 @@ struct CvodeIntegrator::Work {
 };
 
 CvodeIntegrator::CvodeIntegrator(Model & model, const IntegratorSettings & settings, double startTime,
-                                 std::vector<double> state)
+                                 const std::vector<double> & state)
     : m_work(std::make_unique<Work>(model, settings, startTime, state)) {
     constexpr const char * WHERE = "[CvodeIntegrator::CvodeIntegrator]";
     Work & work = *m_work;

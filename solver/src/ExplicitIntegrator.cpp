@@ -69,7 +69,7 @@ struct ExplicitIntegrator::Work {
 };
 
 ExplicitIntegrator::ExplicitIntegrator(Model & model, const IntegratorSettings & settings, double startTime,
-                                       std::vector<double> state)
+                                       const std::vector<double> & state)
     : m_work(std::make_unique<Work>(model, settings, startTime, state)) {
     constexpr const char * WHERE = "[ExplicitIntegrator::ExplicitIntegrator]";
     Work & work = *m_work;

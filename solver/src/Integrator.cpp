@@ -12,17 +12,17 @@ void Integrator::advance(double end) {
 }
 
 std::unique_ptr<Integrator> makeIntegrator(Model & model, const IntegratorSettings & settings, double startTime,
-                                           std::vector<double> state) {
+                                           const std::vector<double> & state) {
     switch (settings.integrator) {
     case integrator_t::automatic:
     case integrator_t::cvode:
     case integrator_t::implicitEuler: // the method of order one
-        return std::make_unique<CvodeIntegrator>(model, settings, startTime, std::move(state));
+        return std::make_unique<CvodeIntegrator>(model, settings, startTime, state);
     case integrator_t::explicitEuler:
     case integrator_t::rungeKutta:
-        return std::make_unique<ExplicitIntegrator>(model, settings, startTime, std::move(state));
+        return std::make_unique<ExplicitIntegrator>(model, settings, startTime, state);
     case integrator_t::adi:
-        return std::make_unique<AdiIntegrator>(model, settings, startTime, std::move(state));
+        return std::make_unique<AdiIntegrator>(model, settings, startTime, state);
     }
     throw KOR::Exception("Unknown integrator.", "[SOLVER::makeIntegrator]");
 }

@@ -60,6 +60,7 @@ MaterialTable::MaterialTable(const MaterialFunctions & functions)
                                      KOR::toString(pC[i], 4)),
                                 "[MaterialTable::MaterialTable]");
         m_conductsLiquid = m_conductsLiquid || liquid[i] > 0;
+        m_isTight = m_isTight && !(moisture[i] > 0 || liquid[i] > 0 || vapor[i] > 0);
     }
     // A content that does not fall has no inverse; the smallest fall that a sum of double contents still shows.
     const double smallestFall = 1e-9 * std::max(m_saturation, 1e-3) / static_cast<double>(count);

@@ -8,7 +8,6 @@ namespace SOLVER {
 
 using HYGRION::Assignment;
 using HYGRION::FieldCond;
-using HYGRION::KeywordList;
 using HYGRION::Range;
 using KOR::text;
 

@@ -6,6 +6,7 @@
 #include <KOR/Strings.h>
 
 #include <algorithm>
+#include <limits>
 #include <numeric>
 #include <vector>
 
@@ -35,6 +36,16 @@ template <double Model::FaceFlux::*Member> double face(const Snapshot & s, std::
 template <double Model::SideState::*Member> double side(const Snapshot & s, std::size_t f, bool isSeenFromB) {
     return s.model.sideState(f, isSeenFromB).*Member;
 }
+/// The same of pores: what is tight has none, and what the integration leaves there is noise.
+constexpr double NO_VALUE = std::numeric_limits<double>::quiet_NaN();
+template <double Model::CellState::*Member> double pores(const Snapshot & s, std::size_t c) {
+    return materialOf(s, c).isTight() ? NO_VALUE : cell<Member>(s, c);
+}
+template <double Model::SideState::*Member> double poresAtSide(const Snapshot & s, std::size_t f, bool isSeenFromB) {
+    const ModelInput::Face & face = s.model.input().faces[f];
+    return materialOf(s, face.a).isTight() && materialOf(s, face.b).isTight() ? NO_VALUE
+                                                                              : side<Member>(s, f, isSeenFromB);
+}
 template <double SurfaceState::*Member> double surface(const Snapshot & s, std::size_t i) {
     return s.model.surfaceStates()[i].*Member;
 }
@@ -62,7 +73,7 @@ double iceVolume(const Snapshot & s, std::size_t c) {
     return s.model.cellStates()[c].ice / RHO_ICE;
 }
 double saturationShare(const Snapshot & s, std::size_t c) {
-    return liquidMoisture(s, c) / materialOf(s, c).saturation();
+    return materialOf(s, c).isTight() ? NO_VALUE : liquidMoisture(s, c) / materialOf(s, c).saturation();
 }
 double energyDensity(const Snapshot & s, std::size_t c) {
     return s.model.input().module == module_t::moisture ? 0 : s.state[s.model.unknowns() * c];
@@ -162,16 +173,17 @@ using P = Model::SideState;
 using S = SurfaceState;
 using L = SurfaceLoad;
 constexpr auto temperature = cell<&C::temperature>;
-constexpr auto humidity = cell<&C::humidity>;
-constexpr auto vaporPressure = cell<&C::vaporPressure>;
+constexpr auto humidity = pores<&C::humidity>;
+constexpr auto vaporPressure = pores<&C::vaporPressure>;
+constexpr auto suction = pores<&C::suction>;
 
 // clang-format off
 //   keyword                       description                                                        unit      integral kind   amount cell                          face                      surface                      heat   moisture
 constexpr OutputQuantity QUANTITIES[] = {
     {"Temperature",                "Temperature; of the surface at sides",                            "C",      "---",   FIELD, false, temperature,                  side<&P::temperature>,    surface<&S::temperature>,    true,  false},
-    {"RelativeHumidity",           "Relative humidity of the pore air; at the surface at sides",      "%",      "m3",    FIELD, false, humidity,                     side<&P::humidity>,       surfaceHumidity,             false, true },
-    {"VaporPressure",              "Partial pressure of water vapour; at the surface at sides",       "Pa",     "---",   FIELD, false, vaporPressure,                side<&P::vaporPressure>,  surface<&S::vaporPressure>,  false, true },
-    {"CapillaryPressure",          "Capillary pressure, positive as suction; at the surface at sides", "Pa",    "---",   FIELD, false, cell<&C::suction>,            side<&P::suction>,        surface<&S::suction>,      false, true },
+    {"RelativeHumidity",           "Relative humidity of the pore air; at the surface at sides",      "%",      "m3",    FIELD, false, humidity,                     poresAtSide<&P::humidity>, surfaceHumidity,             false, true },
+    {"VaporPressure",              "Partial pressure of water vapour; at the surface at sides",       "Pa",     "---",   FIELD, false, vaporPressure,                poresAtSide<&P::vaporPressure>, surface<&S::vaporPressure>,  false, true },
+    {"CapillaryPressure",          "Capillary pressure, positive as suction; at the surface at sides", "Pa",    "---",   FIELD, false, suction,                      poresAtSide<&P::suction>, surface<&S::suction>,      false, true },
     {"MoistureContent",            "Volume of water by volume of material",                           "m3/m3",  "m3",    FIELD, false, moistureContent,              nullptr,                  nullptr,                     false, true },
     {"MoistureMassDensity",        "Mass of water by volume of material",                             "kg/m3",  "kg",    FIELD, false, cell<&C::moisture>,           nullptr,                  nullptr,                     false, true },
     {"MoistureMass",               "Mass of water in a cell",                                         "kg",     "kg",    FIELD, true,  moistureMass,                 nullptr,                  nullptr,                     false, true },

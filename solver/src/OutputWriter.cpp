@@ -11,6 +11,7 @@
 #include <cmath>
 #include <ctime>
 #include <iostream>
+#include <limits>
 #include <numeric>
 #include <set>
 
@@ -481,16 +482,14 @@ void OutputWriter::evaluate(const File & file, const Snapshot & snapshot) {
         double value = 0;
         switch (target.kind) {
         case Target::CELL:
-            value = quantity.ofCell(snapshot, target.index);
+        case Target::CLOSED: // no flux passes there
+            value = quantity.ofCell != nullptr ? quantity.ofCell(snapshot, target.index) : 0;
             break;
         case Target::FACE:
             value = target.sign * quantity.ofFace(snapshot, target.index, target.isSeenFromB);
             break;
         case Target::SURFACE:
             value = surfaceValue(quantity, target, snapshot);
-            break;
-        case Target::CLOSED:
-            value = quantity.ofCell != nullptr ? quantity.ofCell(snapshot, target.index) : 0;
             break;
         }
         if (isSingle) {
@@ -501,20 +500,26 @@ void OutputWriter::evaluate(const File & file, const Snapshot & snapshot) {
             m_values[target.block] += value;
             continue;
         }
+        if (std::isnan(value)) // nothing is there that the others could be compared with
+            continue;
         double & sum = m_values[0];
         switch (space) {
         case SpaceType::Min:
-            sum = i == 0 ? value : std::min(sum, value);
+            sum = total == 0 ? value : std::min(sum, value);
             break;
         case SpaceType::Max:
-            sum = i == 0 ? value : std::max(sum, value);
+            sum = total == 0 ? value : std::max(sum, value);
             break;
         default:
             sum += target.weight * value;
-            total += target.weight;
         }
+        total += target.weight;
     }
-    if (!isState && space == SpaceType::Mean)
+    if (isSingle || isState)
+        return;
+    if (total == 0)
+        m_values[0] = std::numeric_limits<double>::quiet_NaN();
+    else if (space == SpaceType::Mean)
         m_values[0] /= total;
 }
 

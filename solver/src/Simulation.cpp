@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <limits>
 #include <numeric>
 #include <sstream>
 
@@ -28,6 +29,7 @@ constexpr std::size_t MAX_LIMITS = 5;
 constexpr long LONGEST_WAY = 500, SHORTEST_WAY = 100;
 
 /// What is kept of a layer; the order in restart files.
+constexpr double NO_HUMIDITY = std::numeric_limits<double>::quiet_NaN(); ///< of layers that hold no water
 enum layerValue_t { MIN_T, MAX_T, MIN_PHI, MAX_PHI, START_MASS, MAX_MASS, NUM_LAYER_VALUES };
 
 std::int64_t nanoseconds() {
@@ -93,8 +95,8 @@ void Simulation::start() {
     const Snapshot first = evaluate(m_construction.startTime, state);
     for (Layer & layer : m_layers) {
         const auto & cells = m_model->cellStates();
-        const auto & [T, phi] = std::pair(cells[layer.cells.front()].temperature, cells[layer.cells.front()].humidity);
-        layer.statistics = {T, T, phi, phi, 0, 0};
+        const double T = cells[layer.cells.front()].temperature;
+        layer.statistics = {T, T, NO_HUMIDITY, NO_HUMIDITY, 0, 0};
         for (const std::uint32_t c : layer.cells)
             layer.statistics[START_MASS] += cells[c].moisture * m_model->input().cells[c].volume;
     }
@@ -164,7 +166,7 @@ bool Simulation::step(double limit) {
     if (m_construction.nextJump && m_nextJump <= from)
         m_nextJump = m_construction.nextJump(from);
     const bool hasJump = m_construction.nextJump && m_nextJump <= limit;
-    double to = from;
+    double to;
     try {
         to = m_integrator->step(hasJump ? m_nextJump : limit);
     } catch (const Exception & ex) {
@@ -278,8 +280,10 @@ void Simulation::observeLayers() {
         for (const std::uint32_t c : layer.cells) {
             s[MIN_T] = std::min(s[MIN_T], cells[c].temperature);
             s[MAX_T] = std::max(s[MAX_T], cells[c].temperature);
-            s[MIN_PHI] = std::min(s[MIN_PHI], cells[c].humidity);
-            s[MAX_PHI] = std::max(s[MAX_PHI], cells[c].humidity);
+            if (const auto & input = m_model->input(); !input.materials[input.cells[c].material].isTight()) {
+                s[MIN_PHI] = std::fmin(s[MIN_PHI], cells[c].humidity);
+                s[MAX_PHI] = std::fmax(s[MAX_PHI], cells[c].humidity);
+            }
             mass += cells[c].moisture * m_model->input().cells[c].volume;
         }
         s[MAX_MASS] = std::max(s[MAX_MASS], mass);

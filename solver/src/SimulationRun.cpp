@@ -240,7 +240,7 @@ std::string runDirectory(const SolverOptions & options) {
         return options.outputDirectory;
     if (!KOR::Path(options.project).isFile())
         throw Exception(text("There is no project file '%1'.", options.project), HERE);
-    const std::string path = KOR::Path(options.project).withoutExtension().str();
+    std::string path = KOR::Path(options.project).withoutExtension().str();
     if (path == options.project)
         throw Exception(text("Project file '%1' needs an extension, its name without it is the directory of the "
                              "results.",

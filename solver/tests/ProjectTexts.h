@@ -11,7 +11,7 @@ namespace texts {
 
 /// A climate condition that never changes; it is named like its quantity.
 inline std::string constant(const std::string & quantity, const std::string & value, const std::string & unit,
-                            std::string name = {}) {
+                            const std::string & name = {}) {
     return "<ClimateCondition name='" + (name.empty() ? quantity : name) + "' type='" + quantity +
            "' kind='Constant'><KOR:Parameter name='ConstantValue' unit='" + unit + "'>" + value +
            "</KOR:Parameter></ClimateCondition>";

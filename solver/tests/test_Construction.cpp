@@ -94,7 +94,7 @@ TEST(Construction, RingsAroundAnAxisHaveTheirVolumes) {
 
 /// Steady heat through the wall of a tube: the logarithm of its radii, of second order in the cells.
 TEST(Construction, TubesConductByTheLogarithmOfTheirRadii) {
-    double error[2];
+    double error[2] = {};
     for (const int refinement : {0, 1}) {
         const int cells = 10 << refinement;
         Parts parts;

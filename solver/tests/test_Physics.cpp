@@ -173,7 +173,7 @@ TEST(Anisotropy, FollowsTheDirectionOfTheCells) {
             input.cells.push_back({
                 1e-4,
                 0,
-                280.0 + 3 * (c % 2) + 5 * (c / 2),
+                280.0 + 3 * (c % 2) + (c < 2 ? 0 : 5),
                 suctionAt(0.5 + 0.05 * c),
                 {alongX, static_cast<std::uint8_t>(1 - alongX), 0}
             });
@@ -413,6 +413,7 @@ class CondensationOn : public testing::TestWithParam<Condensation> {};
 /// Vapour that condenses for two months on a surface that cannot take it: water runs off, the steps stay long.
 TEST_P(CondensationOn, ASurfaceThatCannotTakeItRunsOff) {
     std::vector<double> widths;
+    widths.reserve(40);
     for (int i = 0; i < 40; ++i)
         widths.push_back(1e-3 * std::pow(1.1, i));
     for (const double excess : {1.02, 1.2, 2.0}) {

@@ -31,17 +31,17 @@ constexpr double HOUR = 3600;
 constexpr double SWITCH = 2.3 * HOUR; ///< when the outside of the test wall changes
 
 std::string scratch(const std::string & name) {
-    const std::string path = testing::TempDir() + "hyg-simulation-" + std::to_string(::getpid()) + '-' + name;
+    std::string path = testing::TempDir() + "hyg-simulation-" + std::to_string(::getpid()) + '-' + name;
     fs::remove_all(path);
     return path;
 }
 
 /// A wall of two layers, the left surface heated from SWITCH on, both in contact with humid air.
-Construction wall(double tolerance = 1e-5) {
+Construction wall(double tolerance = 1e-5, const MaterialFunctions & inside = reference::insulation()) {
     Construction c;
     const std::vector<double> widths{0.01, 0.02, 0.03, 0.02, 0.02};
     const auto materialAt = [](double x) { return x < 0.06 ? 0U : 1U; };
-    c.input = reference::wall(widths, {reference::loadBearing(), reference::insulation()}, materialAt, 293.15,
+    c.input = reference::wall(widths, {reference::loadBearing(), inside}, materialAt, 293.15,
                               [](std::uint32_t) { return reference::suctionAt(0.6); });
     c.input.climate = [](double time, ModelInput::Loads loads) {
         loads.surfaces[0].heatFlux = time < SWITCH ? 0 : 50;
@@ -233,6 +233,56 @@ TEST(Simulation, WritesEveryKindOfMeanAsItFollowsFromTheOthers) {
     EXPECT_NEAR(geometry.m_sides[sides[0]].x, 0.08, 1e-12); // between the layers
 }
 
+/// What neither holds water nor lets it through has no humidity: no noise is written, and the others are as without it.
+TEST(Simulation, TightMaterialsHaveNoHumidity) {
+    for (const bool isBinary : {true, false}) {
+        const std::string directory = scratch("tight");
+        Outputs outputs;
+        outputs.project.m_outputs.m_flag.set(HYGRION::Outputs::flag_t::BinaryFormat, isBinary);
+        const HYGRION::Range all = range(0, 4), tight = range(3, 4);
+        outputs.add("field", "RelativeHumidity", Space::Single, Time::None, Location::Element, all)
+            .add("means", "RelativeHumidity", Space::Single, Time::Mean, Location::Element, all)
+            .add("pressure", "VaporPressure", Space::Single, Time::Max, Location::Element, all)
+            .add("mean", "RelativeHumidity", Space::Mean, Time::None, Location::Element, all)
+            .add("mean of concrete", "RelativeHumidity", Space::Mean, Time::None, Location::Element, range(0, 2))
+            .add("lowest", "CapillaryPressure", Space::Min, Time::None, Location::Element, all)
+            .add("of metal", "RelativeHumidity", Space::Mean, Time::None, Location::Element, tight)
+            .add("highest of metal", "LiquidSaturation", Space::Max, Time::None, Location::Element, tight)
+            .add("between", "RelativeHumidity", Space::Single, Time::None, Location::Left, tight)
+            .add("within", "RelativeHumidity", Space::Single, Time::None, Location::Right, range(3, 3))
+            .add("surface", "RelativeHumidity", Space::Single, Time::None, Location::Right, tight)
+            .add("T", "Temperature", Space::Single, Time::None, Location::Element, all)
+            .add("water", "MoistureMass", Space::Single, Time::None, Location::Element, tight);
+        const MaterialFunctions metal{"metal", 3e6,     [](double) { return 0.0; },
+                                      nullptr, nullptr, [](double) { return 200.0; }};
+        Construction construction = wall(1e-5, metal);
+        construction.endTime = 2 * HOUR;
+        Simulation simulation(std::move(construction), outputs.project, directory);
+        simulation.run(1e9);
+        const auto last = [&](const std::string & name) {
+            DATAIO::DataIO file;
+            file.read(directory + '/' + name + (isBinary ? ".h6b" : ".h6o"));
+            return file.data(2);
+        };
+        for (const char * name : {"field", "means", "pressure"}) {
+            const std::vector<double> values = last(name);
+            for (std::size_t c = 0; c < 5; ++c)
+                EXPECT_EQ(std::isnan(values[c]), c >= 3) << name << ' ' << c;
+        }
+        EXPECT_DOUBLE_EQ(last("mean")[0], last("mean of concrete")[0]);
+        EXPECT_GT(last("lowest")[0], 1e6);
+        for (const char * name : {"of metal", "highest of metal", "within"})
+            EXPECT_TRUE(std::isnan(last(name)[0])) << name;
+        EXPECT_NEAR(last("between")[0], 60, 10) << "the concrete's";
+        EXPECT_NEAR(last("surface")[0], 1000 / 23.4, 3) << "of the air before it";
+        EXPECT_NEAR(last("T")[4], 20, 1);
+        EXPECT_LT(last("water")[0], 1e-9);
+        const RunSummary summary = simulation.summary();
+        EXPECT_NEAR(summary.layers[0].minHumidity, 0.6, 0.1);
+        EXPECT_TRUE(std::isnan(summary.layers[1].maxHumidity));
+    }
+}
+
 TEST(Simulation, WritesOnGridsOfSeveralIntervals) {
     const std::string directory = scratch("grids");
     Outputs outputs({
@@ -265,7 +315,7 @@ TEST(Simulation, RefusesOutputsThatMakeNoSense) {
                             const char * unit) {
         Outputs outputs;
         outputs.add("the output", quantity, space, time, location, where, unit);
-        const std::string found = message([&] { Simulation(wall(), outputs.project, {}); });
+        std::string found = message([&] { Simulation(wall(), outputs.project, {}); });
         EXPECT_THAT(found, HasSubstr("Error in output 'the output'."));
         return found;
     };
@@ -352,7 +402,7 @@ TEST(Simulation, GoesOnFromACheckpointToTheSameBits) {
              Choice{integrator_t::automatic, 1e-6},
              Choice{integrator_t::adi,       1e-4}
     }) {
-        const auto construction = [integrator, tolerance] {
+        const auto construction = [integrator = integrator, tolerance = tolerance] {
             Construction c = wall(tolerance);
             c.integrator.integrator = integrator;
             c.input.climate = [ofAll = c.input.climate](double time, ModelInput::Loads loads) {

@@ -34,7 +34,7 @@ struct Version {
     /// Reads the last three characters of each field; false (and unchanged) if they are no numbers.
     bool parse(std::string_view text);
 
-    friend auto operator<=>(const Version &, const Version &) = default;
+    friend auto operator<=>(const Version &, const Version &) = default; // NOLINT(modernize-use-nullptr)
 };
 
 inline constexpr Version FILE_VERSION{6, 1};             ///< of the files this program writes

@@ -11,7 +11,8 @@ namespace SOLVER {
 class AdiIntegrator : public Integrator {
 public:
     /// Throws ("[AdiIntegrator::AdiIntegrator]") when the state does not fit the model or memory runs out.
-    AdiIntegrator(Model & model, const IntegratorSettings & settings, double startTime, std::vector<double> state);
+    AdiIntegrator(Model & model, const IntegratorSettings & settings, double startTime,
+                  const std::vector<double> & state);
     ~AdiIntegrator() override;
     AdiIntegrator(const AdiIntegrator &) = delete;
     AdiIntegrator & operator=(const AdiIntegrator &) = delete;

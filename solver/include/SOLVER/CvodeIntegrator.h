@@ -9,7 +9,8 @@ namespace SOLVER {
 class CvodeIntegrator : public Integrator {
 public:
     /// Throws ("[CvodeIntegrator::CvodeIntegrator]") when the integrator cannot be set up.
-    CvodeIntegrator(Model & model, const IntegratorSettings & settings, double startTime, std::vector<double> state);
+    CvodeIntegrator(Model & model, const IntegratorSettings & settings, double startTime,
+                    const std::vector<double> & state);
     ~CvodeIntegrator() override;
     CvodeIntegrator(const CvodeIntegrator &) = delete;
     CvodeIntegrator & operator=(const CvodeIntegrator &) = delete;

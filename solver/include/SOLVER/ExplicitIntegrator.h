@@ -9,7 +9,8 @@ namespace SOLVER {
 class ExplicitIntegrator : public Integrator {
 public:
     /// Throws ("[ExplicitIntegrator::ExplicitIntegrator]") when the integrator cannot be set up.
-    ExplicitIntegrator(Model & model, const IntegratorSettings & settings, double startTime, std::vector<double> state);
+    ExplicitIntegrator(Model & model, const IntegratorSettings & settings, double startTime,
+                       const std::vector<double> & state);
     ~ExplicitIntegrator() override;
     ExplicitIntegrator(const ExplicitIntegrator &) = delete;
     ExplicitIntegrator & operator=(const ExplicitIntegrator &) = delete;

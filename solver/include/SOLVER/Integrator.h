@@ -67,6 +67,6 @@ public:
 
 /// The integrator that the settings ask for. \param startTime [s] \param state size() of the model
 std::unique_ptr<Integrator> makeIntegrator(Model & model, const IntegratorSettings & settings, double startTime,
-                                           std::vector<double> state);
+                                           const std::vector<double> & state);
 
 } // namespace SOLVER

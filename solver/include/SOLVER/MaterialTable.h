@@ -97,6 +97,8 @@ public:
     const Curve & lambdaByIce() const { return m_lambdaByIce; }
     double saturation() const { return m_saturation; }
     bool conductsLiquid() const { return m_conductsLiquid; }
+    /// Neither holds water nor lets any through, so that no humidity is defined in it.
+    bool isTight() const { return m_isTight; }
 
 private:
     struct Node {
@@ -123,7 +125,7 @@ private:
     double m_wetSlope = 0;     ///< dsuction / dmoisture of the linear extension, negative
     double m_wetConductivity = 0;
     double m_wetHumidity = 0; ///< relative humidity of the first node at T_REF
-    bool m_conductsLiquid = false;
+    bool m_conductsLiquid = false, m_isTight = true;
     std::vector<Node> m_nodes;
     std::vector<IntegralNode> m_integralNodes;
     std::array<std::shared_ptr<const MaterialTable>, 2> m_others; ///< along v and w; null where it is as along u

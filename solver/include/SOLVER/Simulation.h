@@ -19,7 +19,7 @@ struct RunSummary {
         std::string material;
         double volume = 0;                                          ///< [m3]
         double minTemperature = 0, maxTemperature = 0;              ///< [K]
-        double minHumidity = 0, maxHumidity = 0;                    ///< [-]
+        double minHumidity = 0, maxHumidity = 0;                    ///< [-], NaN if it holds no water
         double startMoisture = 0, endMoisture = 0, maxMoisture = 0; ///< [kg]
     };
     /// A balance: content gained against what came in.
