@@ -12,7 +12,7 @@ using nlohmann::json;
 
 /// A scratch directory in the variable $D of the shell.
 std::string scratch() {
-    const std::string directory = testing::TempDir() + "hyg-cli-climate-" + std::to_string(::getpid());
+    std::string directory = testing::TempDir() + "hyg-cli-climate-" + std::to_string(::getpid());
     std::filesystem::create_directories(directory);
     return directory;
 }

@@ -12,7 +12,7 @@ using testing::HasSubstr;
 
 /// A directory in the variable $D of the shell: an old material, a broken one and a sound one.
 std::string scratch() {
-    const std::string directory = testing::TempDir() + "hyg-cli-material-" + std::to_string(::getpid());
+    std::string directory = testing::TempDir() + "hyg-cli-material-" + std::to_string(::getpid());
     std::filesystem::create_directories(directory);
     KOR::writeFile(directory + "/old_3.mat", "[MATERIAL]\nNAME = Old\nCET = 850 J/kgK\n");
     KOR::writeFile(directory + "/broken_4.m6", "H6MARLZ! 006.001\n[STORAGE_BASE_PARAMETERS]\nRHO = heavy\n");

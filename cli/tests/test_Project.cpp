@@ -33,7 +33,7 @@ void replace(std::string & text, std::string_view from, std::string_view to) {
 
 /// A directory in the variable $D: an example with four faults, and a variant of it with an unused material.
 std::string scratch() {
-    const std::string directory = testing::TempDir() + "hyg-cli-project-" + std::to_string(::getpid());
+    std::string directory = testing::TempDir() + "hyg-cli-project-" + std::to_string(::getpid());
     fs::create_directories(directory);
     const std::string roof = KOR::readFile(EXAMPLES + "/Flat roof.h6p", 1 << 20);
     std::string faulty = roof;

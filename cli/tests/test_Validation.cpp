@@ -119,7 +119,7 @@ protected:
 
 #define REFERENCE(variable, name)                                                                                      \
     const Json variable = reference(name);                                                                             \
-    if (variable.is_null())                                                                                            \
+    if ((variable).is_null())                                                                                          \
     GTEST_SKIP() << "NOT VALIDATED: the published values of " name " do not lie beside the repository"
 
 TEST_F(Validation, UptakeInAHalfSpace) {

@@ -61,8 +61,18 @@ void BlockMatrix::multiply(std::span<const double> x, std::span<double> y) const
 }
 
 void BlockMatrix::setShifted(const BlockMatrix & jacobian, double gamma) {
-    for (std::size_t i = 0; i < m_values.size(); ++i)
-        m_values[i] = -gamma * jacobian.m_values[i];
+    const std::size_t size = m_blockSize * m_blockSize;
+    const double * given = jacobian.m_values.data();
+    double * value = m_values.data();
+    for (std::size_t r = 0; r < rows(); ++r) {
+        std::uint32_t from = jacobian.m_rowStart[r];
+        for (std::uint32_t e = m_rowStart[r]; e < m_rowStart[r + 1]; ++e) {
+            const bool isGiven = from < jacobian.m_rowStart[r + 1] && jacobian.m_column[from] == m_column[e];
+            for (std::size_t i = 0; i < size; ++i)
+                *value++ = isGiven ? -gamma * *given++ : 0;
+            from += isGiven ? 1 : 0;
+        }
+    }
     for (const std::uint32_t d : m_diagonal)
         for (std::size_t i = 0; i < m_blockSize; ++i)
             block(d)[i * (m_blockSize + 1)] += 1;

@@ -137,12 +137,9 @@ void ModelBuilder::warnOfSettings(const Init & init) {
     if (init.isEnabled(Init::flag_t::UseBouyancyGas))
         warn("Flag 'UseBouyancyGas' has no effect: the flow of air is not calculated.");
     using Para = SolverSettings::para_t;
-    for (const Para key : {Para::LESBandWidth, Para::PreILUWidth})
-        if (init.m_solverSettings.m_para.contains(key))
-            warn(
-                text("Parameter '%1' has no effect: band matrices are as wide as the grid asks for, and the incomplete "
-                     "factorisation keeps to the entries of the matrix.",
-                     KeywordList::Keyword(key)));
+    if (init.m_solverSettings.m_para.contains(Para::LESBandWidth))
+        warn(text("Parameter '%1' has no effect: band matrices are as wide as the grid asks for.",
+                  KeywordList::Keyword(Para::LESBandWidth)));
 }
 
 void ModelBuilder::readSettings() {
@@ -193,6 +190,7 @@ void ModelBuilder::readIntegratorSettings() {
     settings.nonlinearCoefficient = number(Para::NonlinSolverConvCoeff);
     if (given.m_para.contains(Para::PreBandWidth))
         settings.preconditionerBandWidth = count(Para::PreBandWidth);
+    settings.preconditionerFill = count(Para::PreILUWidth);
     settings.maxKrylovDimension = count(Para::MaxKrylovDim);
     settings.iterativeCoefficient = number(Para::IterativeSolverConvCoeff);
     settings.useStabilityLimitDetection = given.isEnabled(SolverSettings::flag_t::UseStabilityLimitDetection);

@@ -25,18 +25,18 @@ template <std::size_t B> inline void product(const double * a, const double * b,
 }
 
 /// x -= a y
-template <std::size_t B> inline void subtractTimes(double * x, const double * a, const double * y) {
+template <std::size_t B, typename Number> inline void subtractTimes(double * x, const Number * a, const double * y) {
     for (std::size_t i = 0; i < B; ++i)
         for (std::size_t j = 0; j < B; ++j)
-            x[i] -= a[i * B + j] * y[j];
+            x[i] -= static_cast<double>(a[i * B + j]) * y[j];
 }
 
 /// x = a x
-template <std::size_t B> inline void apply(const double * a, double * x) {
+template <std::size_t B, typename Number> inline void apply(const Number * a, double * x) {
     double result[B] = {};
     for (std::size_t i = 0; i < B; ++i)
         for (std::size_t j = 0; j < B; ++j)
-            result[i] += a[i * B + j] * x[j];
+            result[i] += static_cast<double>(a[i * B + j]) * x[j];
     for (std::size_t i = 0; i < B; ++i)
         x[i] = result[i];
 }

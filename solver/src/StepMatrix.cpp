@@ -67,12 +67,13 @@ std::unique_ptr<Preconditioner> StepMatrix::makePreconditioner(const IntegratorS
     default:
         break;
     }
-    // Heat goes for steady states, with long steps that incomplete factors alone know little about.
-    if (settings.preconditioner == preconditioner_t::ilu || m_model.input().module != module_t::heat)
-        return std::make_unique<BlockIlu>(m_jacobian);
     std::vector<double> volumes;
+    volumes.reserve(m_model.cellCount());
     for (const ModelInput::Cell & cell : m_model.input().cells)
         volumes.push_back(cell.volume);
+    // Heat goes for steady states, with long steps that incomplete factors alone know little about.
+    if (settings.preconditioner == preconditioner_t::ilu || m_model.input().module != module_t::heat)
+        return std::make_unique<BlockIlu>(m_model, std::move(volumes), settings.preconditionerFill);
     auto multilevel = std::make_unique<Multilevel>(std::move(volumes));
     m_multilevel = multilevel.get();
     return multilevel;
@@ -103,7 +104,7 @@ double StepMatrix::residualShare(double gamma) const {
     constexpr double LEAST = 1e-3;
     if (m_model.input().module == module_t::heat) // long steps to steady states, bridges of metal
         return LEAST;
-    constexpr double HARMLESS = 200; // gamma times rate up to which incomplete factors are good (measured)
+    constexpr double HARMLESS = 1000; // gamma times rate up to which incomplete factors are good (measured)
     return std::clamp(HARMLESS / std::max(std::fabs(gamma) * m_cellRate, HARMLESS), LEAST, 1.0);
 }
 

@@ -279,6 +279,26 @@ TEST(LinearSolvers, ReachTheSteadyStateOfABridge) {
     }
 }
 
+/// More fill-in, fewer iterations, down to those of an exact factorisation; too much of it is refused.
+TEST(LinearSolvers, IncompleteFactorsFollowTheirFill) {
+    IntegratorSettings settings;
+    settings.linearSolver = L::gmres;
+    settings.preconditioner = P::ilu;
+    long before = std::numeric_limits<long>::max();
+    for (const int fill : {0, 1, 3, 1000}) {
+        settings.preconditionerFill = fill;
+        Model model(block({20, 22, 1}));
+        CvodeIntegrator integrator(model, settings, 0, model.initialState());
+        integrator.advance(7200);
+        const IntegratorStatistics s = integrator.statistics();
+        EXPECT_LT(s.linearIterations, before) << fill;
+        before = s.linearIterations;
+        EXPECT_LT(2 * s.linearIterations, (fill == 1000 ? 3 : 20) * s.nonlinearIterations) << fill;
+    }
+    Model large(block({54, 56, 1}));
+    EXPECT_THROW(CvodeIntegrator(large, settings, 0, large.initialState()), KOR::Exception);
+}
+
 /// A ring of cells, as coupled surfaces make one, is no line: all of it is solved for.
 TEST(LinearSolvers, CloseRings) {
     std::vector<double> found;

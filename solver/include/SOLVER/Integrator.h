@@ -29,6 +29,7 @@ struct IntegratorSettings {
     linearSolver_t linearSolver = linearSolver_t::automatic;
     preconditioner_t preconditioner = preconditioner_t::automatic;
     int preconditionerBandWidth = 20; ///< to either side of the diagonal, of the band preconditioner
+    int preconditionerFill = 1;       ///< levels of fill-in of the incomplete factors
     int maxKrylovDimension = 30;
     double iterativeCoefficient = 0.01; ///< of the linear residual, relative to the nonlinear tolerance
     bool useStabilityLimitDetection = false;
