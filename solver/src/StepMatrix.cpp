@@ -98,7 +98,7 @@ bool StepMatrix::build(double time, std::span<const double> state, std::span<con
 }
 
 double StepMatrix::residualShare(double gamma) const {
-    constexpr double OF_LEVELS = 0.1; // the residual behind several levels is the error
+    constexpr double OF_LEVELS = 0.3; // the residual behind several levels is the error
     if (m_multilevel != nullptr)
         return OF_LEVELS;
     constexpr double LEAST = 1e-3;
