@@ -5553,10 +5553,6 @@ Doppelklick wählt ein anderes Material.</translation>
         <translation>%1 wird nicht gezeigt: Ein Diagramm fasst ein Feld und die Pfeile eines Stroms.</translation>
     </message>
     <message>
-        <source>Cut</source>
-        <translation>Schnitt</translation>
-    </message>
-    <message>
         <source>%1 (measured)</source>
         <translation>%1 (gemessen)</translation>
     </message>
@@ -5595,6 +5591,34 @@ Doppelklick wählt ein anderes Material.</translation>
     <message>
         <source>The file holds no values that could be drawn.</source>
         <translation>Die Datei enthält keine Werte, die gezeichnet werden könnten.</translation>
+    </message>
+    <message>
+        <source>%1: no value</source>
+        <translation>%1: kein Wert</translation>
+    </message>
+    <message>
+        <source>, no value for %1 % of the time</source>
+        <translation>, kein Wert während %1 % der Zeit</translation>
+    </message>
+    <message>
+        <source>, no value in %1 % of the extent</source>
+        <translation>, kein Wert in %1 % der Ausdehnung</translation>
+    </message>
+    <message>
+        <source>The limit %1 lies far from the values and is not drawn.</source>
+        <translation>Die Grenze %1 liegt weit von den Werten entfernt und wird nicht gezeichnet.</translation>
+    </message>
+    <message>
+        <source>No dew point: none of the files beside it holds the relative humidity of the same places.</source>
+        <translation>Kein Taupunkt: Keine der Dateien daneben enthält die relative Feuchte derselben Orte.</translation>
+    </message>
+    <message>
+        <source>No dew point: it belongs to temperatures, and none is shown.</source>
+        <translation>Kein Taupunkt: Er gehört zu Temperaturen, und keine wird gezeigt.</translation>
+    </message>
+    <message>
+        <source>No line at 80 %: it belongs to relative humidities, and none is shown.</source>
+        <translation>Keine Linie bei 80 %: Sie gehört zu relativen Feuchten, und keine wird gezeigt.</translation>
     </message>
 </context>
 <context>
@@ -5913,10 +5937,6 @@ Doppelklick wählt ein anderes Material.</translation>
         <translation>Wo der Schnitt liegt</translation>
     </message>
     <message>
-        <source>A value in the unit shown; a line is drawn there and the share above it is told</source>
-        <translation>Ein Wert in der gezeigten Einheit; dort wird eine Linie gezogen und der Anteil darüber genannt</translation>
-    </message>
-    <message>
         <source>%1 cannot be read.</source>
         <translation>%1 kann nicht gelesen werden.</translation>
     </message>
@@ -5953,18 +5973,6 @@ Doppelklick wählt ein anderes Material.</translation>
         <translation>Es gibt noch keine Ergebnisse: Die Ansicht Simulation berechnet sie.</translation>
     </message>
     <message>
-        <source>Threshold:</source>
-        <translation>Schwelle:</translation>
-    </message>
-    <message>
-        <source>Threshold [%1]:</source>
-        <translation>Schwelle [%1]:</translation>
-    </message>
-    <message>
-        <source>none</source>
-        <translation>keine</translation>
-    </message>
-    <message>
         <source>There is a layout &apos;%1&apos; already. Replace it?</source>
         <translation>Es gibt schon eine Diagrammansicht „%1“. Ersetzen?</translation>
     </message>
@@ -5987,10 +5995,6 @@ Doppelklick wählt ein anderes Material.</translation>
     <message>
         <source>The layout &apos;%1&apos; has been removed.</source>
         <translation>Die Ansicht „%1“ wurde entfernt.</translation>
-    </message>
-    <message>
-        <source>&apos;%1&apos; is not a number; no line is drawn.</source>
-        <translation>„%1“ ist keine Zahl; es wird keine Linie gezeichnet.</translation>
     </message>
 </context>
 <context>
@@ -6825,6 +6829,29 @@ Doppelklick wählt ein anderes Material.</translation>
     <message>
         <source>No example projects are installed.</source>
         <translation>Es sind keine Beispielprojekte installiert.</translation>
+    </message>
+</context>
+<context>
+    <name>HygThresholdField</name>
+    <message>
+        <source>&apos;%1&apos; is not a number; no line is drawn.</source>
+        <translation>„%1“ ist keine Zahl; es wird keine Linie gezeichnet.</translation>
+    </message>
+    <message>
+        <source>Threshold:</source>
+        <translation>Schwelle:</translation>
+    </message>
+    <message>
+        <source>Threshold [%1]:</source>
+        <translation>Schwelle [%1]:</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>keine</translation>
+    </message>
+    <message>
+        <source>A value in the unit shown; a line is drawn there and the share above it is told</source>
+        <translation>Ein Wert in der gezeigten Einheit; dort wird eine Linie gezogen und der Anteil darüber genannt</translation>
     </message>
 </context>
 <context>
@@ -7763,6 +7790,10 @@ Doppelklick wählt ein anderes Material.</translation>
     <message>
         <source>Time</source>
         <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>no value</source>
+        <translation>kein Wert</translation>
     </message>
 </context>
 </TS>

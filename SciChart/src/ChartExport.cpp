@@ -10,11 +10,13 @@
 #include <QBuffer>
 #include <QClipboard>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QImage>
 #include <QMimeData>
 #include <QPageSize>
 #include <QPainter>
 #include <QPdfWriter>
+#include <QScreen>
 #include <QSvgGenerator>
 
 #include <cmath>
@@ -204,24 +206,38 @@ std::string Chart::csv(char separator) const {
 }
 
 QByteArray Chart::picture(format_t format, const QSize & size, double scale) const {
+    return picture(format, size, scale, title(),
+                   [this](QPainter & painter, const QRectF & rectangle) { render(painter, rectangle); });
+}
+
+QByteArray Chart::picture(format_t format, const QSize & size, double scale, const QString & title,
+                          const Drawing & draw) {
     checkSize(size, format == PNG ? scale : 1);
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
     switch (format) {
-    case PNG:
-        if (!image(size, scale).save(&buffer, "PNG"))
+    case PNG: {
+        QImage image(size * scale, QImage::Format_ARGB32_Premultiplied);
+        const int dots = qRound(QGuiApplication::primaryScreen()->logicalDotsPerInchX() * scale / 0.0254);
+        image.setDotsPerMeterX(dots);
+        image.setDotsPerMeterY(dots);
+        QPainter painter(&image);
+        draw(painter, QRectF(QPointF(0, 0), QSizeF(image.size())));
+        painter.end();
+        if (!image.save(&buffer, "PNG"))
             throw KOR::Exception("The picture cannot be made, probably out of memory.", "[Chart::picture]");
         break;
+    }
     case SVG: {
         QSvgGenerator generator;
         generator.setOutputDevice(&buffer);
         generator.setResolution(DOTS_PER_INCH);
         generator.setSize(size);
         generator.setViewBox(QRect(QPoint(0, 0), size));
-        generator.setTitle(title());
+        generator.setTitle(title);
         QPainter painter(&generator);
-        render(painter, QRectF(QPointF(0, 0), QSizeF(size)));
+        draw(painter, QRectF(QPointF(0, 0), QSizeF(size)));
         break;
     }
     case PDF: {
@@ -230,9 +246,9 @@ QByteArray Chart::picture(format_t format, const QSize & size, double scale) con
         writer.setPageSize(QPageSize(inches, QPageSize::Inch, QString(), QPageSize::ExactMatch));
         writer.setPageMargins(QMarginsF());
         writer.setResolution(PDF_RESOLUTION);
-        writer.setTitle(title());
+        writer.setTitle(title);
         QPainter painter(&writer);
-        render(painter, QRectF(QPointF(0, 0), inches * PDF_RESOLUTION));
+        draw(painter, QRectF(QPointF(0, 0), inches * PDF_RESOLUTION));
         break;
     }
     }
@@ -240,6 +256,12 @@ QByteArray Chart::picture(format_t format, const QSize & size, double scale) con
 }
 
 void Chart::writePicture(const QString & path, const QSize & size, double scale) const {
+    writePicture(path, size, scale, title(),
+                 [this](QPainter & painter, const QRectF & rectangle) { render(painter, rectangle); });
+}
+
+void Chart::writePicture(const QString & path, const QSize & size, double scale, const QString & title,
+                         const Drawing & draw) {
     constexpr std::pair<const char *, format_t> FORMATS[] = {
         {"png", PNG},
         {"svg", SVG},
@@ -248,7 +270,7 @@ void Chart::writePicture(const QString & path, const QSize & size, double scale)
     const QString suffix = QFileInfo(path).suffix().toLower();
     for (const auto & [name, format] : FORMATS)
         if (suffix == QLatin1String(name))
-            return save(path, picture(format, size, scale).toStdString(), "[Chart::writePicture]");
+            return save(path, picture(format, size, scale, title, draw).toStdString(), "[Chart::writePicture]");
     throw KOR::Exception(
         KOR::text("Cannot write a picture to '%1', expected a name that ends in png, svg or pdf.", path.toStdString()),
         "[Chart::writePicture]");

@@ -27,6 +27,7 @@ constexpr Pair TEXT = {0x1d2430, 0xe6e9ee};
 constexpr Pair GRID = {0xdde2e8, 0x363c45};
 constexpr Pair MUTED = {0x5a6572, 0xa3acb8};
 constexpr Pair THRESHOLD = {0xb3261e, 0xff9c94};
+constexpr Pair HATCHING = {0xd3d7dc, 0x3f4650};
 constexpr Pair BAND = {0xe69f00, 0xf0c74a};
 constexpr int BAND_ALPHA = 56;
 
@@ -41,6 +42,7 @@ Theme Theme::of(bool isDark) {
     theme.grid = pick(GRID);
     theme.mutedText = pick(MUTED);
     theme.threshold = pick(THRESHOLD);
+    theme.hatching = pick(HATCHING);
     theme.band = pick(BAND);
     theme.band.setAlpha(BAND_ALPHA);
     return theme;

@@ -13,7 +13,8 @@ struct Theme {
     QColor grid;
     QColor mutedText;
     QColor threshold;
-    QColor band; ///< see-through
+    QColor hatching; ///< ground below the lines that hatch
+    QColor band;     ///< see-through
 
     static Theme of(bool isDark);
     /// Light or dark as the palette is.

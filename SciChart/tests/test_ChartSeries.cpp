@@ -120,6 +120,46 @@ QSize extent(const QImage & image, QRgb color, int rightEdge) {
     return box.size();
 }
 
+/// A cell that has no value is hatched, exactly where it is; where there is no cell the ground stays.
+TEST(ColorGrid, CellsWithoutAValueAreHatchedAndSaySo) {
+    struct Holes : SmallGrid {
+        double value(std::size_t i, std::size_t j) const override {
+            return i == 0 && j == 1 ? NONE : SmallGrid::value(i, j);
+        }
+        bool isWithoutValue(std::size_t i, std::size_t j) const override { return i == 0 && j == 1; }
+    };
+    int sizes[2];
+    for (const bool isSmooth : {false, true}) {
+        Chart chart;
+        chart.setDark(false);
+        chart.setAxis(SCI::X_BOTTOM, {"x", "m", "mm"});
+        chart.setAxis(SCI::Y_LEFT, {"y", "m", "mm"});
+        chart.setAxis(SCI::Y_RIGHT, {"Temperature", "K", "C"});
+        SCI::GridStyle style;
+        style.isSmooth = isSmooth;
+        style.hasIsolines = true;
+        style.isolines = {273.15 + 15};
+        const auto id = chart.addGrid(std::make_shared<Holes>(), style);
+        EXPECT_EQ(chart.range(SCI::Y_RIGHT).from, 0);
+        EXPECT_EQ(chart.range(SCI::Y_RIGHT).to, 40);
+        EXPECT_EQ(chart.valuesAt(5, 30), QStringList({"x: 5 mm", "y: 30 mm", "Temperature: no value"}));
+        EXPECT_EQ(chart.valuesAt(25, 30), QStringList({"x: 25 mm", "y: 30 mm"})) << "no cell";
+        EXPECT_EQ(chart.valuesAt(25, 10).value(2), "Temperature: 20 °C");
+        const QImage image = chart.image(QSize(600, 400)).copy(0, 0, 600, 250); // without the legend
+        const QRgb grey = 0xFFD3D7DC;
+        const QSize hole = extent(image, grey, BAR);
+        const QImage full = gridChart({})->image(QSize(600, 400)).copy(0, 0, 600, 250);
+        EXPECT_NEAR(hole.width(), extent(full, ColorMap().rgb(0.6), 2 * BAR).width(), 3);
+        EXPECT_GT(hole.height(), 120);
+        sizes[isSmooth] = patch(image, grey, BAR).count;
+        EXPECT_GT(sizes[isSmooth], 5000);
+        chart.remove(id);
+        chart.addGrid(std::make_shared<SmallGrid>(), style);
+        EXPECT_EQ(patch(chart.image(QSize(600, 400)), grey).count, 0) << "not in the legend either";
+    }
+    EXPECT_NEAR(sizes[0], sizes[1], 0.02 * sizes[0]) << "smooth colours leave the hole its shape";
+}
+
 TEST(ColorGrid, EqualScalesShowCellsInTheirShape) {
     SCI::GridStyle style;
     const auto chart = gridChart(style);

@@ -2,9 +2,9 @@
 
 #include "HygCoreMessages.h"
 #include "HygFormat.h"
+#include "HygResultHumidity.h"
 #include "HygResultStatistics.h"
-
-#include <CCM/ReferenceYear.h>
+#include "outputs/HygOutputTexts.h"
 
 #include <KOR/Exception.h>
 #include <KOR/Time.h>
@@ -21,6 +21,8 @@
 #include <cmath>
 #include <set>
 
+using HygResultHumidity::isHumidity;
+using HygResultHumidity::isTemperature;
 using HygResultModels::Arrows;
 using HygResultModels::Field;
 using HygResultModels::Plane;
@@ -31,7 +33,6 @@ constexpr quint64 READ_AT_ONCE = 1 << 20; ///< [bytes] smaller files are read wi
 constexpr quint64 LOOK_FIRST = 32 << 20;  ///< [bytes] of larger ones a quick look is shown first
 constexpr QSize MIN_CHART(200, 100);
 constexpr int SHARE_DIGITS = 4;
-constexpr double LIMIT_MARGIN = 1.03; ///< room for a limit that nothing comes near to
 
 double converted(KOR::Unit from, KOR::Unit to, double value) {
     KOR::UnitList::instance().convert(from, to, value);
@@ -43,12 +44,6 @@ void convertAll(KOR::Unit from, KOR::Unit to, std::vector<double> & values) {
 }
 QString unitName(KOR::Unit unit) {
     return QString::fromStdString(unit.name());
-}
-bool isTemperature(const HygResultFile & file) {
-    return file.header().quantityKeyword == "Temperature";
-}
-bool isHumidity(const HygResultFile & file) {
-    return file.header().quantityKeyword == "RelativeHumidity";
 }
 /// Direction along which a profile lies.
 int directionOf(const HygResultFile & file) {
@@ -77,9 +72,10 @@ HygResultChart::HygResultChart(QWidget * parent)
     layout->addWidget(m_splitter);
     for (const SCI::Chart * chart : {m_chart, m_cutChart})
         connect(chart, &SCI::Chart::refreshed, this, &HygResultChart::alignCut);
+    connect(m_chart, &SCI::Chart::refreshed, this, &HygResultChart::keepScale);
     connect(m_scale, &HygResultScale::scanned, this, [this] {
         applyRanges();
-        showLimit();
+        showLimits();
         emit shown();
     });
 }
@@ -93,6 +89,7 @@ void HygResultChart::setFiles(Files files) {
         files.resize(MAX_FILES);
     m_files = std::move(files);
     m_scale->clear();
+    m_humidities.clear();
     m_timeIndex = 0;
     m_isNewView = true;
     rebuild();
@@ -103,7 +100,10 @@ void HygResultChart::setOptions(const Options & options) {
         return;
     // Other axes are another view, and a limit that comes or goes needs another range.
     m_isNewView = m_isNewView || options.isOverTime != m_options.isOverTime;
-    m_hasValueRange = m_hasValueRange && options.hasMouldLimit == m_options.hasMouldLimit;
+    const auto unitOf = [this](const Options & o) { return o.unit.isEmpty() ? unitName(m_leftUnit) : o.unit; };
+    m_hasValueRange = m_hasValueRange && options.hasMouldLimit == m_options.hasMouldLimit &&
+                      (options.threshold == m_options.threshold || unitOf(options) != unitOf(m_options));
+    releaseLimits();
     m_options = options;
     rebuild();
 }
@@ -156,7 +156,7 @@ void HygResultChart::rebuild() {
     m_arrows.reset();
     m_arrowFile.reset();
     m_cutLine.reset();
-    m_limit.reset();
+    m_limits.clear();
     m_problems.clear();
     m_rightUnit = KOR::Unit();
     m_cutChart->hide();
@@ -193,9 +193,9 @@ void HygResultChart::rebuild() {
     } catch (const KOR::Exception & ex) {
         complain(HygCoreMessages::told(tr("Not everything can be shown."), QString::fromUtf8(ex.what())));
     }
-    if (!m_hasValueRange)
+    if (!m_hasValueRange || (m_cutLine && m_cutChart->isAutoRange(SCI::Y_LEFT)))
         applyRanges();
-    showLimit();
+    showLimits();
     showPlaceholder();
     emit shown();
 }
@@ -234,26 +234,12 @@ void HygResultChart::changeEvent(QEvent * event) {
     }
 }
 
-void HygResultChart::showLimit() {
-    // A limit that nothing comes near to is to be seen all the same.
-    if (std::exchange(m_hasLimitRange, false))
-        for (const SCI::axis_t axis : {SCI::Y_LEFT, SCI::Y_RIGHT})
-            m_chart->setAutoRange(axis);
-    if (!m_limit || !m_chart->isAutoRange(m_limit->first))
-        return;
-    const SCI::Range range = m_chart->range(m_limit->first);
-    if (range.to >= LIMIT_MARGIN * m_limit->second)
-        return;
-    m_chart->setRange(m_limit->first, {range.from, LIMIT_MARGIN * m_limit->second});
-    m_hasLimitRange = true;
-}
-
 std::optional<SCI::axis_t> HygResultChart::axisFor(const HygResultFile & file) {
     if (file.valueUnit().base() == m_leftUnit.base())
         return SCI::Y_LEFT;
     if (m_rightUnit == KOR::Unit()) {
         m_rightUnit = file.valueUnit();
-        m_chart->setAxis(SCI::Y_RIGHT, {QString::fromStdString(file.header().quantity), unitName(m_rightUnit), {}});
+        m_chart->setAxis(SCI::Y_RIGHT, valueAxis(file, m_rightUnit, m_rightUnit));
     }
     if (file.valueUnit().base() == m_rightUnit.base())
         return SCI::Y_RIGHT;
@@ -296,25 +282,18 @@ QString HygResultChart::placeText(const HygResultFile & file) const {
     return file.placeText(std::min(m_options.place, std::max<std::size_t>(1, file.valueCount()) - 1));
 }
 
-std::shared_ptr<HygResultFile> HygResultChart::humidityOf(const HygResultFile & temperature) const {
-    const auto fits = [&temperature](const HygResultFile & file) {
-        return isHumidity(file) && file.header().indices == temperature.header().indices &&
-               file.header().spaceType == temperature.header().spaceType &&
-               file.header().type == temperature.header().type && file.timeCount() == temperature.timeCount();
-    };
-    for (const auto & file : m_files)
-        if (fits(*file))
-            return file;
-    const QDir folder = QFileInfo(temperature.path()).dir();
-    for (const QString & name : folder.entryList({QStringLiteral("*.h6b"), QStringLiteral("*.h6o")}, QDir::Files)) {
-        try {
-            auto file = std::make_shared<HygResultFile>(folder.filePath(name));
-            if (fits(*file))
-                return file;
-        } catch (const KOR::Exception &) { // one that cannot be read is no companion
-        }
-    }
-    return nullptr;
+SCI::Axis HygResultChart::valueAxis(const HygResultFile & file, KOR::Unit own, KOR::Unit shown) const {
+    const QString title = HygOutputTexts::quantity(file.header().quantityKeyword);
+    return {title.isEmpty() ? QString::fromStdString(file.header().quantity) : title, unitName(own), unitName(shown)};
+}
+
+void HygResultChart::addDewPoint(const std::shared_ptr<HygResultFile> & temperature, SCI::axis_t axis) {
+    if (!m_options.hasDewPoint || !isTemperature(*temperature))
+        return;
+    if (humidityOf(*temperature) != nullptr)
+        addLine(temperature, axis, true);
+    else
+        complain(tr("%1: no humidity of the same places, so the dew point is unknown.").arg(temperature->name()));
 }
 
 void HygResultChart::setTimeAxis() {
@@ -331,8 +310,7 @@ void HygResultChart::setTimeAxis() {
 
 void HygResultChart::buildCourses() {
     setTimeAxis();
-    m_chart->setAxis(SCI::Y_LEFT, {QString::fromStdString(m_files[0]->header().quantity), unitName(m_leftUnit),
-                                   unitName(shownUnit())});
+    m_chart->setAxis(SCI::Y_LEFT, valueAxis(*m_files[0], m_leftUnit, shownUnit()));
     // What is common to all stands above; each line tells its own place in the legend.
     std::set<QString> places;
     for (const auto & file : m_files)
@@ -342,12 +320,7 @@ void HygResultChart::buildCourses() {
     for (const auto & file : m_files)
         if (const auto axis = axisFor(*file)) {
             addLine(file, *axis, false);
-            if (m_options.hasDewPoint && isTemperature(*file)) {
-                if (humidityOf(*file) != nullptr)
-                    addLine(file, *axis, true);
-                else
-                    complain(tr("%1: no humidity of the same places, so the dew point is unknown.").arg(file->name()));
-            }
+            addDewPoint(file, *axis);
         }
     for (std::size_t i = 0; i < m_drawn.size(); ++i)
         requestCourse(i);
@@ -361,33 +334,28 @@ void HygResultChart::requestCourse(std::size_t index) {
     const quint64 size = static_cast<quint64>(QFileInfo(path).size());
     if (size <= READ_AT_ONCE) {
         ++m_pending;
-        return takeCourse(*m_generation, index, true, HygResultFile::readSeries(path, value, false),
-                          humidity.isEmpty() ? HygResultFile::Series()
-                                             : HygResultFile::readSeries(humidity, value, false));
+        return takeCourse(*m_generation, index, true, HygResultFile::readSeries(path, value, false, {}, humidity));
     }
     ++m_pending;
     const QPointer<HygResultChart> self(this);
-    QThreadPool::globalInstance()->start([self, current = m_generation, generation = m_generation->load(), index, path,
-                                          humidity, value, size] {
-        const auto isStopped = [&current, generation] { return *current != generation; };
-        const auto read = [&](bool sample) {
-            const auto series = HygResultFile::readSeries(path, value, sample, isStopped);
-            const auto second = humidity.isEmpty() ? HygResultFile::Series()
-                                                   : HygResultFile::readSeries(humidity, value, sample, isStopped);
-            QMetaObject::invokeMethod(QCoreApplication::instance(), [self, generation, index, sample, series, second] {
-                if (self != nullptr)
-                    self->takeCourse(generation, index, !sample, series, second);
-            });
-        };
-        if (size > LOOK_FIRST)
-            read(true);
-        if (!isStopped())
-            read(false);
-    });
+    QThreadPool::globalInstance()->start(
+        [self, current = m_generation, generation = m_generation->load(), index, path, humidity, value, size] {
+            const auto isStopped = [&current, generation] { return *current != generation; };
+            const auto read = [&](bool sample) {
+                const auto series = HygResultFile::readSeries(path, value, sample, isStopped, humidity);
+                QMetaObject::invokeMethod(QCoreApplication::instance(), [self, generation, index, sample, series] {
+                    if (self != nullptr)
+                        self->takeCourse(generation, index, !sample, series);
+                });
+            };
+            if (size > LOOK_FIRST)
+                read(true);
+            if (!isStopped())
+                read(false);
+        });
 }
 
-void HygResultChart::takeCourse(int generation, std::size_t index, bool isLast, const HygResultFile::Series & series,
-                                const HygResultFile::Series & humidity) {
+void HygResultChart::takeCourse(int generation, std::size_t index, bool isLast, const HygResultFile::Series & series) {
     if (generation != *m_generation)
         return;
     if (isLast)
@@ -398,23 +366,12 @@ void HygResultChart::takeCourse(int generation, std::size_t index, bool isLast, 
     drawn.line->xs = series.times;
     drawn.line->ys = series.values;
     try {
-        if (drawn.isDewPoint) {
-            const KOR::Unit celsius("C"), part("%");
-            std::vector<double> phi = humidity.values;
-            convertAll(drawn.humidity->valueUnit(), part, phi);
-            convertAll(drawn.file->valueUnit(), celsius, drawn.line->ys);
-            drawn.line->ys.resize(std::min(phi.size(), drawn.line->ys.size()));
-            for (std::size_t i = 0; i < drawn.line->ys.size(); ++i)
-                drawn.line->ys[i] = CCM::dewPoint(drawn.line->ys[i], phi[i]);
-            convertAll(celsius, drawn.unit, drawn.line->ys);
-        } else {
-            convertAll(drawn.file->valueUnit(), drawn.unit, drawn.line->ys);
-        }
+        convertAll(drawn.isDewPoint ? KOR::Unit("C") : drawn.file->valueUnit(), drawn.unit, drawn.line->ys);
     } catch (const KOR::Exception & ex) {
         complain(HygCoreMessages::told(tr("Not everything can be shown."), QString::fromUtf8(ex.what())));
     }
     m_chart->dataChanged(drawn.id);
-    showLimit();
+    showLimits();
     showPlaceholder();
     emit shown();
 }
@@ -423,8 +380,7 @@ void HygResultChart::buildProfiles() {
     const int direction = directionOf(*m_files[0]);
     constexpr const char * NAMES[] = {"x", "y", "z"};
     m_chart->setAxis(SCI::X_BOTTOM, {QLatin1String(NAMES[direction]), QStringLiteral("m"), QStringLiteral("mm")});
-    m_chart->setAxis(SCI::Y_LEFT, {QString::fromStdString(m_files[0]->header().quantity), unitName(m_leftUnit),
-                                   unitName(shownUnit())});
+    m_chart->setAxis(SCI::Y_LEFT, valueAxis(*m_files[0], m_leftUnit, shownUnit()));
     addLayers(*m_chart, direction, m_files[0]->cell(0));
     for (const auto & file : m_files) {
         if (file->format() != m_files[0]->format()) {
@@ -435,12 +391,7 @@ void HygResultChart::buildProfiles() {
         if (!axis)
             continue;
         addLine(file, *axis, false);
-        if (m_options.hasDewPoint && isTemperature(*file)) {
-            if (humidityOf(*file) != nullptr)
-                addLine(file, *axis, true);
-            else
-                complain(tr("%1: no humidity of the same places, so the dew point is unknown.").arg(file->name()));
-        }
+        addDewPoint(file, *axis);
     }
     for (const Drawn & drawn : m_drawn) {
         drawn.line->xs.clear();
@@ -485,8 +436,7 @@ void HygResultChart::buildField() {
                      {QLatin1String(NAMES[m_field->plane.horizontal]), QStringLiteral("m"), QStringLiteral("mm")});
     m_chart->setAxis(SCI::Y_LEFT,
                      {QLatin1String(NAMES[m_field->plane.vertical]), QStringLiteral("m"), QStringLiteral("mm")});
-    m_chart->setAxis(SCI::Y_RIGHT,
-                     {QString::fromStdString(file->header().quantity), unitName(m_leftUnit), unitName(shownUnit())});
+    m_chart->setAxis(SCI::Y_RIGHT, valueAxis(*file, m_leftUnit, shownUnit()));
     m_field->setValues(file->values(0));
     SCI::GridStyle style;
     style.column = label(*file);
@@ -522,26 +472,6 @@ void HygResultChart::buildField() {
     findRange();
 }
 
-void HygResultChart::addLimits() {
-    const KOR::Unit shown = shownUnit();
-    if (m_options.threshold && !isField())
-        m_chart->addThreshold(SCI::Y_LEFT, converted(shown, m_leftUnit, *m_options.threshold),
-                              HygFormat::value(*m_options.threshold, unitName(shown)));
-    if (!m_options.hasMouldLimit || isField())
-        return;
-    for (const auto & file : m_files) {
-        if (!isHumidity(*file))
-            continue;
-        const bool isLeft = file->valueUnit().base() == m_leftUnit.base();
-        const SCI::axis_t axis = isLeft ? SCI::Y_LEFT : SCI::Y_RIGHT;
-        const KOR::Unit part("---");
-        m_chart->addThreshold(axis, converted(part, isLeft ? m_leftUnit : m_rightUnit, MOULD_LIMIT),
-                              QStringLiteral("80 %"));
-        m_limit = {axis, converted(part, isLeft ? shown : m_rightUnit, MOULD_LIMIT)};
-        break;
-    }
-}
-
 void HygResultChart::addMeasured() {
     for (const HygMeasuredData::Column & column : m_measured.columns) {
         auto line = std::make_shared<Line>();
@@ -572,39 +502,6 @@ void HygResultChart::addMeasured() {
 void HygResultChart::complain(const QString & problem) {
     if (!m_problems.contains(problem))
         m_problems << problem;
-}
-
-void HygResultChart::findRange() {
-    const bool isAmount = m_field && m_field->plane.ofCell.empty();
-    m_scale->sample(*m_files[0], isAmount);
-    for (const Drawn & drawn : m_drawn) {
-        if (m_field && (drawn.file != m_files[0] || isAmount))
-            continue; // of arrows their amounts count, which the samples tell well enough
-        m_scale->scan(*drawn.file, drawn.humidity ? drawn.humidity->path() : QString(), drawn.unit,
-                      drawn.unit != m_leftUnit);
-    }
-}
-
-void HygResultChart::applyRanges() {
-    if (isOverTime())
-        return;
-    for (const bool isRight : {false, true}) {
-        const SCI::Range & seen = m_scale->seen(isRight);
-        if (!(seen.from < seen.to))
-            continue;
-        const KOR::Unit own = isRight ? m_rightUnit : m_leftUnit;
-        const KOR::Unit shown = isRight ? m_rightUnit : shownUnit();
-        const double margin = m_field ? 0 : 0.04 * (seen.to - seen.from);
-        const double from = converted(own, shown, seen.from - margin);
-        const double to = converted(own, shown, seen.to + margin);
-        SCI::Range range{std::min(from, to), std::max(from, to)};
-        if (m_limit && !m_field && m_limit->first == (isRight ? SCI::Y_RIGHT : SCI::Y_LEFT))
-            range.to = std::max(range.to, LIMIT_MARGIN * m_limit->second);
-        m_chart->setRange(isRight || m_field ? SCI::Y_RIGHT : SCI::Y_LEFT, range);
-        m_hasValueRange = true;
-        if (m_cutLine)
-            m_cutChart->setRange(SCI::Y_LEFT, range);
-    }
 }
 
 void HygResultChart::setTime(double seconds) {
@@ -645,7 +542,7 @@ void HygResultChart::showTime() {
                 convertAll(drawn.humidity->valueUnit(), part, phi);
                 convertAll(drawn.file->valueUnit(), celsius, drawn.line->ys);
                 for (std::size_t i = 0; i < drawn.line->ys.size(); ++i)
-                    drawn.line->ys[i] = CCM::dewPoint(drawn.line->ys[i], phi[i]);
+                    drawn.line->ys[i] = HygResultHumidity::dewPoint(drawn.line->ys[i], phi[i]);
                 convertAll(celsius, drawn.unit, drawn.line->ys);
             } else {
                 convertAll(drawn.file->valueUnit(), drawn.unit, drawn.line->ys);
@@ -667,6 +564,9 @@ bool HygResultChart::refresh() {
     try {
         for (const auto & file : m_files)
             isMore = file->update() || isMore;
+        for (const Drawn & drawn : m_drawn)
+            if (drawn.humidity != nullptr)
+                drawn.humidity->update();
     } catch (const KOR::Exception & ex) {
         complain(HygCoreMessages::told(tr("Not everything can be shown."), QString::fromUtf8(ex.what())));
     }
@@ -709,11 +609,18 @@ QString HygResultChart::statistics() const {
                 for (std::size_t i = 0; i < values.size(); ++i)
                     weights.push_back(widths[drawn.file->cell(i)[direction]]);
             }
+            if (m_field) // what is no cell is no missing value
+                for (std::size_t i = 0; i < weights.size(); ++i)
+                    weights[i] = m_field->plane.covers(i) ? weights[i] : 0;
             s = HygResultStatistics::ofPlaces(values, weights, m_field ? std::vector<double>() : drawn.line->xs,
                                               threshold);
         }
-        if (s.count == 0)
+        if (s.count == 0 && s.missing == 0)
             continue;
+        if (s.count == 0) {
+            lines << tr("%1: no value").arg(label(*drawn.file));
+            continue;
+        }
         const KOR::Unit unit = drawn.unit == m_leftUnit ? shown : drawn.unit;
         const auto value = [&](double v) { return HygFormat::value(converted(drawn.unit, unit, v), unitName(unit)); };
         QString line =
@@ -722,6 +629,9 @@ QString HygResultChart::statistics() const {
             line += (isOverTime() ? tr(", above %1 for %2 % of the time") : tr(", above %1 in %2 % of the extent"))
                         .arg(HygFormat::value(*m_options.threshold, unitName(shown)),
                              HygFormat::number(100 * s.above / s.weight, SHARE_DIGITS));
+        if (const double all = s.weight + s.missing; s.missing > 0 && all > 0)
+            line += (isOverTime() ? tr(", no value for %1 % of the time") : tr(", no value in %1 % of the extent"))
+                        .arg(HygFormat::number(100 * s.missing / all, SHARE_DIGITS));
         lines << line;
     }
     return lines.join('\n');

@@ -7,9 +7,11 @@
 
 #include <SCI/Chart.h>
 
+#include <QDateTime>
 #include <QWidget>
 
 #include <atomic>
+#include <map>
 #include <optional>
 
 class QSplitter;
@@ -77,8 +79,19 @@ public:
     QString problems() const { return m_problems.join('\n'); }
     SCI::Chart & chart() { return *m_chart; }
     SCI::Chart & cutChart() { return *m_cutChart; }
+    /// Why the files have no dew point, or no line at 80 %; empty if they have.
+    QString dewPointObstacle();
+    QString mouldLimitObstacle() const;
+
+    /// Where the cut lies: "y = 245 mm"; empty without one.
+    QString cutText() const;
     /// The chart and, if there is one, the cut below it.
+    void render(QPainter & painter, const QRectF & rectangle) const;
     QImage image(const QSize & size, double scale = 1) const;
+    /// The tables of both. Throws as SCI::Chart::csv.
+    std::string csv(char separator = ',') const;
+    void copyPicture() const;
+    void copyTable() const;
 
 protected:
     void changeEvent(QEvent * event) override;
@@ -113,7 +126,12 @@ private:
     /// A file in the legend and in tables: its name, as far as needed its project, and of a course its place.
     QString label(const HygResultFile & file) const;
     void addLimits();
-    void showLimit();
+    void addLimit(SCI::axis_t axis, KOR::Unit unit, double value, const QString & text);
+    /// Axes that show what there is reach up to the limits, and back when these have gone.
+    void showLimits();
+    void releaseLimits();
+    /// A range in which the limits of the axis lie as well; one that is far away is told instead.
+    SCI::Range withLimits(SCI::axis_t axis, const SCI::Range & range);
     /// Shades and names what the cells of a line through the grid are made of.
     void addLayers(SCI::Chart & chart, int along, const std::array<std::uint32_t, 3> & start);
     void addMeasured();
@@ -122,14 +140,18 @@ private:
     std::optional<SCI::axis_t> axisFor(const HygResultFile & file);
     Drawn & addLine(const std::shared_ptr<HygResultFile> & file, SCI::axis_t axis, bool isDewPoint);
     void requestCourse(std::size_t drawn);
-    void takeCourse(int generation, std::size_t drawn, bool isLast, const HygResultFile::Series & series,
-                    const HygResultFile::Series & humidity);
+    void takeCourse(int generation, std::size_t drawn, bool isLast, const HygResultFile::Series & series);
     void showTime();
     void showCut();
-    std::shared_ptr<HygResultFile> humidityOf(const HygResultFile & temperature) const;
+    std::shared_ptr<HygResultFile> humidityOf(HygResultFile & temperature);
+    void addDewPoint(const std::shared_ptr<HygResultFile> & temperature, SCI::axis_t axis);
+    /// "Temperature [C]" of the values, in the language of the program.
+    SCI::Axis valueAxis(const HygResultFile & file, KOR::Unit own, KOR::Unit shown) const;
     void complain(const QString & problem);
     void findRange();
     void applyRanges();
+    /// "Show all" shows the range of all times, not that of the moment.
+    void keepScale();
     KOR::Unit shownUnit() const;
 
     SCI::Chart * m_chart;
@@ -145,7 +167,19 @@ private:
     std::shared_ptr<HygResultModels::Arrows> m_arrows;
     std::shared_ptr<HygResultFile> m_arrowFile;
     std::shared_ptr<Line> m_cutLine;
-    std::optional<std::pair<SCI::axis_t, double>> m_limit; ///< the line at 80 %, in the unit shown
+    struct Limit {
+        SCI::axis_t axis;
+        double value; ///< in the unit of the axis
+        QString text;
+    };
+    std::vector<Limit> m_limits;                     ///< lines that are to be seen
+    std::map<SCI::axis_t, SCI::Range> m_limitRanges; ///< that were chosen to show them
+    struct Humidity {
+        QDateTime looked; ///< the directory's, when it was looked through
+        std::shared_ptr<HygResultFile> file;
+    };
+    std::map<QString, Humidity> m_humidities; ///< by the paths of temperatures
+    cut_t m_shownCut = NoCut;                 ///< whose view the lower chart has
     KOR::Unit m_leftUnit, m_rightUnit;
     std::size_t m_timeIndex = 0;
     std::optional<double> m_wantedTime; ///< [s]
@@ -154,8 +188,8 @@ private:
     std::shared_ptr<std::atomic<int>> m_generation = std::make_shared<std::atomic<int>>(0);
     int m_pending = 0;
     bool m_isAligning = false;
+    bool m_isScaling = false;
     bool m_isNewView = true;      ///< other files: all is shown; otherwise the user's view stays
-    bool m_hasLimitRange = false; ///< the range was widened for the limit
     bool m_hasValueRange = false; ///< the range of all times has been set
     QStringList m_problems;
 };

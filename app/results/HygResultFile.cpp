@@ -1,8 +1,7 @@
 #include "HygResultFile.h"
 
 #include "HygFormat.h"
-
-#include <CCM/ReferenceYear.h>
+#include "HygResultHumidity.h"
 
 #include <KOR/Exception.h>
 #include <KOR/UnitList.h>
@@ -12,6 +11,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numeric>
+#include <set>
 
 namespace {
 
@@ -180,22 +180,35 @@ QString HygResultFile::placeText(std::size_t valueIndex) const {
 }
 
 HygResultFile::Series HygResultFile::readSeries(const QString & path, std::size_t valueIndex, bool sample,
-                                                const std::function<bool()> & isStopped) {
+                                                const std::function<bool()> & isStopped, const QString & humidity) {
     Series series;
     try {
-        DATAIO::DataIO data;
+        DATAIO::DataIO data, second;
         data.openAndReadHeader(path.toStdString());
-        const std::size_t count = data.timeCount();
+        const bool isDewPoint = !humidity.isEmpty();
+        if (isDewPoint)
+            second.openAndReadHeader(humidity.toStdString());
+        const std::size_t count = isDewPoint ? std::min(data.timeCount(), second.timeCount()) : data.timeCount();
         const std::size_t width = 1 + data.header().valueCount();
+        const KOR::Unit own(data.header().valueUnit), celsius("C"), part("%");
+        const KOR::Unit phiUnit(isDewPoint ? second.header().valueUnit : "%");
+        const auto dewPoint = [&](double value, double phi) {
+            return HygResultHumidity::dewPoint(converted(own, celsius, value), converted(phiUnit, part, phi));
+        };
         const double seconds = secondsPer(data.header().timeUnit);
         if (valueIndex + 1 >= width)
             throw KOR::Exception(KOR::text("There is no value %1.", valueIndex), WHERE);
         series.isReduced = count > MAX_POINTS;
         const auto pick = [&](const std::vector<std::size_t> & timeIndices) {
-            const DATAIO::DataIO::Course part = data.course(valueIndex, timeIndices);
-            for (const double time : part.times)
+            DATAIO::DataIO::Course course = data.course(valueIndex, timeIndices);
+            if (isDewPoint) {
+                const std::vector<double> phi = second.course(valueIndex, timeIndices).values;
+                std::transform(course.values.begin(), course.values.end(), phi.begin(), course.values.begin(),
+                               dewPoint);
+            }
+            for (const double time : course.times)
                 series.times.push_back(time * seconds);
-            series.values.insert(series.values.end(), part.values.begin(), part.values.end());
+            series.values.insert(series.values.end(), course.values.begin(), course.values.end());
         };
         std::vector<std::size_t> timeIndices;
         if (sample && count > SAMPLES) {
@@ -220,24 +233,30 @@ HygResultFile::Series HygResultFile::readSeries(const QString & path, std::size_
         for (std::size_t first = 0; first < count; first += perChunk) {
             if (isStopped && isStopped())
                 break;
-            const std::vector<double> chunk = data.records(first, perChunk);
+            const std::vector<double> chunk = data.records(first, std::min(perChunk, count - first));
+            const std::vector<double> phi =
+                isDewPoint ? second.records(first, std::min(perChunk, count - first)) : std::vector<double>();
             const std::size_t records = chunk.size() / width;
+            std::vector<double> values(records);
+            for (std::size_t r = 0; r < records; ++r) {
+                const std::size_t at = r * width + 1 + valueIndex;
+                values[r] = isDewPoint ? dewPoint(chunk[at], phi.at(at)) : chunk[at];
+            }
             for (std::size_t p = 0; p < records; p += piece) {
-                std::size_t low = p, high = p;
+                std::size_t low = p, high = p, gap = p;
                 for (std::size_t r = p; r < std::min(records, p + piece); ++r) {
-                    const double value = chunk[r * width + 1 + valueIndex];
-                    if (value < chunk[low * width + 1 + valueIndex])
+                    if (std::isnan(values[r])) {
+                        gap = r;
+                        continue;
+                    }
+                    if (!(values[r] >= values[low])) // also when the lowest so far is no number
                         low = r;
-                    if (value > chunk[high * width + 1 + valueIndex])
+                    if (!(values[r] <= values[high]))
                         high = r;
                 }
-                for (const std::size_t r : {std::min(low, high), std::max(low, high)}) {
-                    if (piece == 1 && r != p)
-                        continue;
+                for (const std::size_t r : std::set<std::size_t>{low, high, std::isnan(values[gap]) ? gap : low}) {
                     series.times.push_back(chunk[r * width] * seconds);
-                    series.values.push_back(chunk[r * width + 1 + valueIndex]);
-                    if (low == high)
-                        break;
+                    series.values.push_back(values[r]);
                 }
             }
         }
@@ -274,7 +293,8 @@ SCI::Range HygResultFile::readRange(const QString & path, const QString & humidi
                 if (humidity.isEmpty())
                     take(chunk[i]);
                 else
-                    take(CCM::dewPoint(converted(own, celsius, chunk[i]), converted(phiUnit, part, phi[i])));
+                    take(HygResultHumidity::dewPoint(converted(own, celsius, chunk[i]),
+                                                     converted(phiUnit, part, phi[i])));
             }
         }
         if (range.from <= range.to) {

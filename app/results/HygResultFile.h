@@ -52,6 +52,7 @@ public:
     std::size_t indexAt(double time);
     /// The values of a record, in valueUnit(). Throws KOR::Exception.
     const std::vector<double> & values(std::size_t timeIndex);
+    DATAIO::DataIO & data() { return m_data; }
 
     /// Place of a value: the centre of its cell or side [m]; zeros without geometry.
     std::array<double, 3> place(std::size_t valueIndex) const;
@@ -74,8 +75,9 @@ public:
     /// Reads a series; for any thread, opens the file anew.
     /// \param sample a quick look only: few records, evenly taken
     /// \param isStopped asked now and then
+    /// \param humidity of the same places: the dew points are meant, in C
     static Series readSeries(const QString & path, std::size_t valueIndex, bool sample,
-                             const std::function<bool()> & isStopped = {});
+                             const std::function<bool()> & isStopped = {}, const QString & humidity = {});
 
     /// Of a range of values nothing is known yet.
     static constexpr SCI::Range NOTHING_SEEN{std::numeric_limits<double>::infinity(),

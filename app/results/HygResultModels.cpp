@@ -10,12 +10,12 @@ namespace {
 constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
 enum face_t { X_LOWER, X_UPPER, Y_LOWER, Y_UPPER };
 
-/// Mean of the values at two faces; of one if the other is not there.
+/// Mean of the values at two faces; of one if the other is not there or has no value.
 double between(const std::vector<double> & record, std::size_t lower, std::size_t upper) {
     double sum = 0;
     int count = 0;
     for (const std::size_t face : {lower, upper})
-        if (face < record.size()) {
+        if (face < record.size() && !std::isnan(record[face])) {
             sum += record[face];
             ++count;
         }
@@ -76,6 +76,18 @@ Plane::Plane(const HygResultFile & file, int normal, std::size_t plane) {
                 ofFace[Y_UPPER][place - columns()] = i;
         }
     }
+}
+
+bool Plane::covers(std::size_t place) const {
+    if (!ofCell.empty())
+        return ofCell[place] != NOTHING;
+    return std::any_of(std::begin(ofFace), std::end(ofFace),
+                       [place](const auto & faces) { return faces[place] != NOTHING; });
+}
+
+bool Field::isWithoutValue(std::size_t column, std::size_t row) const {
+    const std::size_t cell = row * columns() + column;
+    return !std::isfinite(values[cell]) && plane.covers(cell);
 }
 
 void Field::setValues(const std::vector<double> & record) {

@@ -36,6 +36,8 @@ struct Plane {
     std::vector<std::size_t> ofCell;
     /// Sides of fluxes, the same: at the lower and upper face in both directions of the plane.
     std::vector<std::size_t> ofFace[4];
+    /// Whether the file has a value for a cell, or for one of its faces.
+    bool covers(std::size_t place) const;
 };
 
 /// A field at a time.
@@ -49,6 +51,7 @@ struct Field : SCI::GridModel {
     double xEdge(std::size_t i) const override { return plane.xEdges[i]; }
     double yEdge(std::size_t j) const override { return plane.yEdges[j]; }
     double value(std::size_t column, std::size_t row) const override { return values[row * columns() + column]; }
+    bool isWithoutValue(std::size_t column, std::size_t row) const override;
 
     Plane plane;
     std::vector<double> values; ///< rows x columns, columns fastest; NaN where there is none

@@ -12,6 +12,7 @@ constexpr double INFINITE = std::numeric_limits<double>::infinity();
 struct Sums {
     HygResultStatistics result;
     double first = 0, second = 0; ///< weighted sums of values and squares
+    double plain = 0;             ///< sum of the values
 
     Sums() {
         result.minimum = INFINITE;
@@ -19,6 +20,7 @@ struct Sums {
     }
     void see(double value, double place) {
         ++result.count;
+        plain += value;
         if (value < result.minimum) {
             result.minimum = value;
             result.atMinimum = place;
@@ -28,10 +30,13 @@ struct Sums {
             result.atMaximum = place;
         }
     }
-    HygResultStatistics finish(double fallback) {
-        if (result.count == 0)
-            return {};
-        result.mean = result.weight > 0 ? first / result.weight : fallback;
+    HygResultStatistics finish() {
+        if (result.count == 0) {
+            HygResultStatistics none;
+            none.missing = result.missing;
+            return none;
+        }
+        result.mean = result.weight > 0 ? first / result.weight : plain / static_cast<double>(result.count);
         const double variance = result.weight > 0 ? second / result.weight - result.mean * result.mean : 0;
         result.deviation = std::sqrt(std::max(0.0, variance));
         return result;
@@ -44,9 +49,11 @@ HygResultStatistics HygResultStatistics::ofPlaces(std::span<const double> values
                                                   std::span<const double> places, std::optional<double> threshold) {
     Sums sums;
     for (std::size_t i = 0; i < values.size(); ++i) {
-        if (std::isnan(values[i]))
-            continue;
         const double weight = i < weights.size() ? weights[i] : 1;
+        if (std::isnan(values[i])) {
+            sums.result.missing += weight;
+            continue;
+        }
         sums.see(values[i], i < places.size() ? places[i] : 0);
         sums.result.weight += weight;
         sums.first += weight * values[i];
@@ -54,20 +61,26 @@ HygResultStatistics HygResultStatistics::ofPlaces(std::span<const double> values
         if (threshold && values[i] > *threshold)
             sums.result.above += weight;
     }
-    return sums.finish(0);
+    return sums.finish();
 }
 
 HygResultStatistics HygResultStatistics::ofCourse(std::span<const double> times, std::span<const double> values,
                                                   std::optional<double> threshold) {
     Sums sums;
     for (std::size_t i = 0; i < std::min(times.size(), values.size()); ++i) {
-        if (std::isnan(values[i]))
+        const double step = i == 0 ? 0 : times[i] - times[i - 1];
+        if (std::isnan(values[i])) {
+            sums.result.missing += step;
             continue;
+        }
         sums.see(values[i], times[i]);
-        if (i == 0 || std::isnan(values[i - 1]))
+        if (i == 0)
             continue;
         const double a = values[i - 1], b = values[i];
-        const double step = times[i] - times[i - 1];
+        if (std::isnan(a)) {
+            sums.result.missing += step;
+            continue;
+        }
         sums.result.weight += step;
         sums.first += step * (a + b) / 2;
         sums.second += step * (a * a + a * b + b * b) / 3;
@@ -79,5 +92,5 @@ HygResultStatistics HygResultStatistics::ofCourse(std::span<const double> times,
         else if (high > *threshold)
             sums.result.above += step * (high - *threshold) / (high - low);
     }
-    return sums.finish(values.empty() ? 0 : values[0]);
+    return sums.finish();
 }

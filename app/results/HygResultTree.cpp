@@ -113,6 +113,12 @@ QString tipOf(const Description & description) {
                                        description.cause);
 }
 
+void describeIn(QTreeWidgetItem & item, const Description & description) {
+    item.setText(2, kindOf(description));
+    for (const int column : {1, 2})
+        item.setToolTip(column, tipOf(description));
+}
+
 } // namespace
 
 HygResultTree::HygResultTree(QWidget * parent) : QTreeWidget(parent) {
@@ -246,6 +252,19 @@ void HygResultTree::refresh() {
     }
 }
 
+void HygResultTree::updateCounts() {
+    m_isFilling = true;
+    for (QTreeWidgetItemIterator item(this); *item != nullptr; ++item) {
+        const QString path = (*item)->data(0, PATH).toString();
+        if (path.isEmpty() || !((*item)->flags() & Qt::ItemIsUserCheckable))
+            continue;
+        const QString text = kindOf(describe(QFileInfo(path)));
+        if (text != (*item)->text(2))
+            describeIn(**item, descriptions()[path]);
+    }
+    m_isFilling = false;
+}
+
 /// Which places the values belong to is told by the geometry, which may be large.
 void HygResultTree::findKinds() {
     QStringList unknown;
@@ -284,9 +303,7 @@ void HygResultTree::takeKinds(const QHash<QString, HygResultFile::Format> & form
             continue;
         Description & description = descriptions()[path];
         description.format = formats[path];
-        (*item)->setText(2, kindOf(description));
-        for (const int column : {1, 2})
-            (*item)->setToolTip(column, tipOf(description));
+        describeIn(**item, description);
     }
     m_isFilling = false;
     findKinds(); // of those that came meanwhile

@@ -20,6 +20,8 @@ public:
     void removeDirectory(const QString & directory);
     /// Looks for files that came or went.
     void refresh();
+    /// Tells how much there is in files that have grown.
+    void updateCounts();
 
     /// Paths of the files that are chosen, in the order of choosing.
     QStringList chosen() const { return m_chosen; }

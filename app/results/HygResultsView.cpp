@@ -1,10 +1,10 @@
 #include "HygResultsView.h"
 
-#include "HygAnimation.h"
 #include "HygCoreMessages.h"
 #include "HygFormat.h"
 #include "HygIconEngine.h"
 #include "HygResultTree.h"
+#include "HygThresholdField.h"
 #include "HygTimeBar.h"
 #include "document/HygProjectHandler.h"
 #include "materials/HygMaterialNotice.h"
@@ -13,25 +13,18 @@
 #include <SCI/Axis.h>
 
 #include <KOR/Exception.h>
-#include <KOR/FileIO.h>
-#include <KOR/Numbers.h>
 #include <KOR/UnitList.h>
 
 #include <QAction>
 #include <QBoxLayout>
-#include <QBuffer>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QEvent>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QInputDialog>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
-#include <QProgressDialog>
-#include <QSignalBlocker>
 #include <QSlider>
 #include <QSpinBox>
 #include <QSplitter>
@@ -47,10 +40,6 @@ using Options = HygResultChart::Options;
 constexpr int FOLLOW_MS = 1000;
 constexpr int CUT_STEPS = 1000;
 constexpr double MM = 1000;
-constexpr int THRESHOLD_DIGITS = 6;
-constexpr int MAX_FRAMES = 2000;
-constexpr QSize FRAME_SIZE{960, 640};
-constexpr QSize PICTURE_SIZE{1200, 800};
 
 /// A switch of the chart, and where it counts.
 struct FlagRow {
@@ -86,8 +75,8 @@ HygResultsView::HygResultsView(HygProjectHandler * projects)
       m_export(new QToolButton(this)), m_layouts(new QToolButton(this)), m_mode(new QComboBox(this)),
       m_unit(new QComboBox(this)), m_place(new QSpinBox(this)), m_placeText(new QLabel(this)),
       m_normal(new QComboBox(this)), m_plane(new QSlider(Qt::Horizontal, this)), m_planeText(new QLabel(this)),
-      m_cut(new QComboBox(this)), m_cutPlace(new QSlider(Qt::Horizontal, this)), m_thresholdLabel(new QLabel(this)),
-      m_threshold(new QLineEdit(this)), m_statistics(new QLabel(this)), m_problems(new QLabel(this)),
+      m_cut(new QComboBox(this)), m_cutPlace(new QSlider(Qt::Horizontal, this)), m_cutText(new QLabel(this)),
+      m_threshold(new HygThresholdField(this)), m_statistics(new QLabel(this)), m_problems(new QLabel(this)),
       m_layoutStory(new QLabel(this)), m_materials(new HygMaterialNotice(*projects, this)), m_timer(new QTimer(this)) {
     setObjectName(QStringLiteral("HygResultsView"));
     auto * right = new QWidget(this);
@@ -188,7 +177,7 @@ QWidget * HygResultsView::makeOptions() {
         {m_planeText,   "planeText"  },
         {m_cut,         "cut"        },
         {m_cutPlace,    "cutPlace"   },
-        {m_threshold,   "threshold"  },
+        {m_cutText,     "cutText"    },
         {m_measured,    "measured"   },
         {m_export,      "export"     },
         {m_layouts,     "layouts"    },
@@ -205,8 +194,6 @@ QWidget * HygResultsView::makeOptions() {
     m_place->setKeyboardTracking(false);
     m_cutPlace->setRange(0, CUT_STEPS);
     m_cutPlace->setMinimumWidth(120);
-    m_threshold->setMaximumWidth(110);
-    m_threshold->setClearButtonEnabled(true);
     m_statistics->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_statistics->setWordWrap(true);
     m_problems->setWordWrap(true);
@@ -217,7 +204,7 @@ QWidget * HygResultsView::makeOptions() {
     connect(m_layoutStory, &QLabel::linkActivated, this, &HygResultsView::undoLayouts);
     m_placeText->setForegroundRole(QPalette::PlaceholderText);
 
-    for (QWidget * widget : std::initializer_list<QWidget *>{m_mode, m_unit, m_thresholdLabel, m_threshold})
+    for (QWidget * widget : std::initializer_list<QWidget *>{m_mode, m_unit, m_threshold})
         first->addWidget(widget);
     for (const FlagRow & row : FLAGS) {
         auto * flag = new QCheckBox(this);
@@ -227,8 +214,8 @@ QWidget * HygResultsView::makeOptions() {
         connect(flag, &QCheckBox::toggled, this, &HygResultsView::takeOptions);
     }
     first->addStretch(1);
-    for (QWidget * widget :
-         std::initializer_list<QWidget *>{m_place, m_placeText, m_normal, m_plane, m_planeText, m_cut, m_cutPlace})
+    for (QWidget * widget : std::initializer_list<QWidget *>{m_place, m_placeText, m_normal, m_plane, m_planeText,
+                                                             m_cut, m_cutPlace, m_cutText})
         second->addWidget(widget);
     second->addStretch(1);
     const std::pair<QToolButton *, const char *> tools[] = {
@@ -262,7 +249,7 @@ QWidget * HygResultsView::makeOptions() {
     connect(m_place, qOverload<int>(&QSpinBox::valueChanged), this, &HygResultsView::takeOptions);
     connect(m_plane, &QSlider::valueChanged, this, &HygResultsView::takeOptions);
     connect(m_cutPlace, &QSlider::valueChanged, this, &HygResultsView::takeOptions);
-    connect(m_threshold, &QLineEdit::textChanged, this, &HygResultsView::takeOptions);
+    connect(m_threshold, &HygThresholdField::changed, this, &HygResultsView::takeOptions);
     return bar;
 }
 
@@ -271,6 +258,11 @@ void HygResultsView::openProject(const QString & projectFile) {
     if (directory != m_outputDirectory) {
         removeMeasured(); // it was laid over the results of the other project
         m_layoutStory->hide();
+        Options options = m_chart->options(); // so are unit and threshold
+        options.unit.clear();
+        options.threshold.reset();
+        m_chart->setOptions(options);
+        m_threshold->setValue({});
     }
     m_outputDirectory = directory;
     m_tree->setProjectDirectory(m_outputDirectory);
@@ -304,7 +296,8 @@ void HygResultsView::openChosen() {
     }
     m_chart->setFiles(std::move(files));
     fillUnits();
-    adaptThreshold();
+    m_threshold->dropNonsense();
+    takeThreshold();
     updateOffers();
     const bool wasShown = m_timeBar->count() > 1;
     m_timeBar->setCount(m_chart->timeCount());
@@ -333,29 +326,14 @@ void HygResultsView::fillUnits() {
     m_isShowing = false;
 }
 
-void HygResultsView::adaptThreshold() {
-    const QString unit = m_unit->currentData().toString();
-    const auto value = KOR::parseDouble(m_threshold->text().replace(',', '.').toStdString());
-    if (value && !m_thresholdUnit.isEmpty() && !unit.isEmpty() && unit != m_thresholdUnit) {
-        const QSignalBlocker blocker(m_threshold);
-        HygResultChart::Options options = m_chart->options();
-        const KOR::Unit before(m_thresholdUnit.toStdString()), now(unit.toStdString());
-        if (before.base() == now.base()) {
-            double converted = *value;
-            KOR::UnitList::instance().convert(before, now, converted);
-            m_threshold->setText(QString::fromStdString(KOR::toString(converted, THRESHOLD_DIGITS)));
-            options.threshold = converted;
-        } else { // it belongs to another quantity
-            m_threshold->clear();
-            options.threshold.reset();
-        }
-        options.unit = unit;
-        m_chart->setOptions(options);
-    }
-    if (!unit.isEmpty())
-        m_thresholdUnit = unit;
-    const QString printed = SCI::printedUnit(unit);
-    m_thresholdLabel->setText(printed.isEmpty() ? tr("Threshold:") : tr("Threshold [%1]:").arg(printed));
+void HygResultsView::takeThreshold() {
+    m_threshold->setUnit(m_unit->currentData().toString());
+    Options options = m_chart->options();
+    if (options.threshold == m_threshold->value())
+        return;
+    options.threshold = m_threshold->value();
+    options.unit = m_unit->currentData().toString();
+    m_chart->setOptions(options);
 }
 
 void HygResultsView::takeOptions() {
@@ -363,24 +341,16 @@ void HygResultsView::takeOptions() {
         return;
     Options options = m_chart->options();
     options.isOverTime = m_mode->currentIndex() == 1;
-    adaptThreshold();
+    m_threshold->setUnit(m_unit->currentData().toString());
     options.unit = m_unit->currentData().toString();
     options.place = static_cast<std::size_t>(std::max(1, m_place->value()) - 1);
     options.normal = m_normal->currentIndex();
     options.plane = static_cast<std::size_t>(m_plane->value());
     options.cut = static_cast<HygResultChart::cut_t>(m_cut->currentIndex());
     options.cutPlace = static_cast<double>(m_cutPlace->value()) / CUT_STEPS;
-    options.threshold = KOR::parseDouble(m_threshold->text().replace(',', '.').toStdString());
+    options.threshold = m_threshold->value();
     for (std::size_t i = 0; i < m_flags.size(); ++i)
         options.*FLAGS[i].member = m_flags[i]->isChecked();
-    // What cannot be read draws no line, and says so.
-    const bool isWrong = !options.threshold && !m_threshold->text().trimmed().isEmpty();
-    QPalette colours;
-    if (isWrong)
-        colours.setColor(QPalette::Base, QtExt::Palette::color(QtExt::Palette::ERROR_BASE));
-    m_threshold->setPalette(colours);
-    m_threshold->setToolTip(isWrong ? tr("'%1' is not a number; no line is drawn.").arg(m_threshold->text())
-                                    : m_threshold->accessibleName());
     m_chart->setOptions(options);
     updateOffers();
 }
@@ -396,7 +366,7 @@ void HygResultsView::showOptions() {
     m_plane->setValue(static_cast<int>(options.plane));
     m_cut->setCurrentIndex(options.cut);
     m_cutPlace->setValue(static_cast<int>(options.cutPlace * CUT_STEPS));
-    m_threshold->setText(options.threshold ? QString::fromStdString(KOR::toString(*options.threshold)) : QString());
+    m_threshold->setValue(options.threshold);
     for (std::size_t i = 0; i < m_flags.size(); ++i)
         m_flags[i]->setChecked(options.*FLAGS[i].member);
     m_isShowing = false;
@@ -435,7 +405,9 @@ void HygResultsView::updateOffers() {
         widget->setVisible(isVolume);
     m_isShowing = false;
     m_cut->setVisible(isField);
-    m_cutPlace->setVisible(isField && m_chart->options().cut != HygResultChart::NoCut);
+    for (QWidget * widget : std::initializer_list<QWidget *>{m_cutPlace, m_cutText})
+        widget->setVisible(isField && m_chart->options().cut != HygResultChart::NoCut);
+    m_cutText->setText(m_chart->cutText());
     m_unit->setEnabled(hasFiles);
     m_threshold->setEnabled(hasFiles);
     m_measured->setEnabled(hasFiles && isOverTime);
@@ -443,6 +415,15 @@ void HygResultsView::updateOffers() {
     for (std::size_t i = 0; i < m_flags.size(); ++i)
         m_flags[i]->setVisible(
             FLAGS[i].use == FlagRow::FIELD ? isField : !isField && (FLAGS[i].use == FlagRow::LINES || isOverTime));
+    for (std::size_t i = 0; i < m_flags.size(); ++i) {
+        // What the files cannot have is not offered, and says why.
+        const QString obstacle = !hasFiles || isField                         ? QString()
+                                 : FLAGS[i].member == &Options::hasDewPoint   ? m_chart->dewPointObstacle()
+                                 : FLAGS[i].member == &Options::hasMouldLimit ? m_chart->mouldLimitObstacle()
+                                                                              : QString();
+        m_flags[i]->setEnabled(obstacle.isEmpty());
+        m_flags[i]->setToolTip(obstacle.isEmpty() ? tr(FLAGS[i].toolTip) : obstacle);
+    }
     m_timeBar->setVisible(hasFiles && !isOverTime);
     m_removeFolder->setEnabled(!m_tree->currentFurtherDirectory().isEmpty());
 }
@@ -462,6 +443,7 @@ void HygResultsView::follow() {
         m_tree->refresh();
         showEmptyText();
     }
+    m_tree->updateCounts();
     const bool wasLast = m_timeBar->index() + 1 >= m_timeBar->count();
     if (!m_chart->refresh())
         return;
@@ -497,174 +479,6 @@ void HygResultsView::loadMeasured(const QString & path) {
             this, tr("Measured values"),
             HygCoreMessages::told(tr("The table '%1' cannot be read:").arg(path), QString::fromUtf8(ex.what())));
     }
-}
-
-bool HygResultsView::exportChart(const QString & path) {
-    try {
-        if (path.endsWith(QLatin1String(".csv"), Qt::CaseInsensitive))
-            m_chart->chart().writeCsv(path);
-        else if (path.endsWith(QLatin1String(".png"), Qt::CaseInsensitive)) { // with the cut, if there is one
-            QBuffer content;
-            content.open(QIODevice::WriteOnly);
-            if (!m_chart->image(PICTURE_SIZE, 2).save(&content, "PNG"))
-                throw KOR::Exception("The picture cannot be made, probably out of memory.",
-                                     "[HygResultsView::exportChart]");
-            KOR::writeFile(path.toStdString(), content.data().toStdString());
-        } else
-            m_chart->chart().writePicture(path, PICTURE_SIZE, 2);
-        return true;
-    } catch (const KOR::Exception & ex) {
-        QMessageBox::critical(
-            this, tr("Export"),
-            HygCoreMessages::told(tr("The file could not be written. Is there room on the disk, and may "
-                                     "files be written in this directory?"),
-                                  QString::fromUtf8(ex.what())));
-        return false;
-    }
-}
-
-void HygResultsView::exportAnimation(const QString & path) {
-    auto * animation = new HygAnimation(*m_chart, path, FRAME_SIZE, MAX_FRAMES, this);
-    auto * progress = new QProgressDialog(tr("Writing the pictures…"), tr("Stop"), 0, animation->frameCount(), this);
-    progress->setObjectName(QStringLiteral("animationProgress"));
-    progress->setWindowModality(Qt::WindowModal);
-    progress->setAutoReset(false);
-    connect(animation, &HygAnimation::progressed, progress, &QProgressDialog::setValue);
-    const auto end = [animation, progress] {
-        animation->deleteLater();
-        progress->deleteLater();
-    };
-    connect(progress, &QProgressDialog::canceled, this, end);
-    connect(animation, &HygAnimation::finished, this, [this, end](const QString & problem) {
-        end();
-        if (!problem.isEmpty())
-            QMessageBox::critical(this, tr("Export"), problem);
-    });
-}
-
-void HygResultsView::fillExport() {
-    QMenu & menu = *m_export->menu();
-    menu.clear();
-    const auto save = [this](const QString & title, const QString & filter, const QString & suffix) {
-        QFileDialog dialog(this, title, m_outputDirectory, filter);
-        dialog.setAcceptMode(QFileDialog::AcceptSave);
-        dialog.setDefaultSuffix(suffix);
-        return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
-    };
-    menu.addAction(tr("Picture…"), this, [this, save] {
-        if (const QString path = save(tr("Export picture"), tr("Pictures (*.png *.svg *.pdf)"), "png"); !path.isEmpty())
-            exportChart(path);
-    });
-    menu.addAction(tr("Table…"), this, [this, save] {
-        if (const QString path = save(tr("Export table"), tr("Tables (*.csv)"), "csv"); !path.isEmpty())
-            exportChart(path);
-    });
-    menu.addAction(tr("Animation…"), this,
-                   [this, save] {
-                       const QString filter = tr("Pictures and films (%1)").arg(HygAnimation::formats().join(' '));
-                       if (const QString path = save(tr("Export animation"), filter, "png"); !path.isEmpty())
-                           exportAnimation(path);
-                   })
-        ->setEnabled(!m_chart->isOverTime());
-    menu.addSeparator();
-    menu.addAction(tr("Copy picture"), this, [this] { m_chart->chart().copyPicture(); });
-    menu.addAction(tr("Copy table"), this, [this] { m_chart->chart().copyCsv(); });
-}
-
-HygResultLayout HygResultsView::layoutOf(const QString & name) const {
-    HygResultLayout layout;
-    layout.name = name;
-    for (const QString & path : m_tree->chosen())
-        layout.files << HygResultLayout::stored(path, m_outputDirectory);
-    layout.directories = m_tree->furtherDirectories();
-    layout.options = m_chart->options();
-    layout.time = m_chart->time(m_timeBar->index());
-    return layout;
-}
-
-void HygResultsView::apply(const HygResultLayout & layout) {
-    if (m_tree->furtherDirectories() != layout.directories)
-        m_tree->setFurtherDirectories(layout.directories);
-    QStringList paths;
-    for (const QString & file : layout.files)
-        paths << HygResultLayout::resolved(file, m_outputDirectory);
-    m_thresholdUnit = layout.options.unit;
-    m_chart->setOptions(layout.options);
-    showOptions();
-    m_tree->choose(paths);
-    showOptions();
-    updateOffers();
-    if (!m_chart->files().empty())
-        m_timeBar->setIndex(m_chart->files()[0]->indexAt(layout.time));
-}
-
-std::vector<HygResultLayout> HygResultsView::layouts() const {
-    return HygResultLayout::read(m_outputDirectory);
-}
-
-bool HygResultsView::writeLayouts(const std::vector<HygResultLayout> & all, const QString & done) {
-    std::vector<HygResultLayout> before = layouts();
-    try {
-        HygResultLayout::write(m_outputDirectory, all);
-    } catch (const KOR::Exception & ex) {
-        QMessageBox::critical(this, tr("Chart layouts"),
-                              HygCoreMessages::told(tr("The layouts could not be saved beside the results."),
-                                                    QString::fromUtf8(ex.what())));
-        return false;
-    }
-    m_layoutsBefore = std::move(before);
-    m_layoutStory->setText(
-        done.isEmpty() ? QString() : done.toHtmlEscaped() + QStringLiteral(" <a href=\"undo\">%1</a>").arg(tr("Undo")));
-    m_layoutStory->setVisible(!done.isEmpty());
-    return true;
-}
-
-void HygResultsView::undoLayouts() {
-    writeLayouts(m_layoutsBefore, {});
-}
-
-bool HygResultsView::saveLayout(const QString & name) {
-    std::vector<HygResultLayout> all = layouts();
-    const bool isNew = std::erase_if(all, [&name](const HygResultLayout & layout) { return layout.name == name; }) == 0;
-    all.push_back(layoutOf(name));
-    return writeLayouts(all, isNew ? QString() : tr("The layout '%1' has been replaced.").arg(name));
-}
-
-void HygResultsView::askForLayout(const QString & name) {
-    const std::vector<HygResultLayout> known = layouts();
-    const bool isTaken =
-        std::any_of(known.begin(), known.end(), [&name](const HygResultLayout & each) { return each.name == name; });
-    if (!name.isEmpty() &&
-        (!isTaken ||
-         QMessageBox::question(this, tr("Chart layouts"),
-                               tr("There is a layout '%1' already. Replace it?").arg(name)) == QMessageBox::Yes))
-        saveLayout(name);
-}
-
-void HygResultsView::removeLayout(const QString & name) {
-    if (QMessageBox::question(this, tr("Chart layouts"), tr("Remove the layout '%1'?").arg(name)) != QMessageBox::Yes)
-        return;
-    std::vector<HygResultLayout> kept = layouts();
-    std::erase_if(kept, [&name](const HygResultLayout & other) { return other.name == name; });
-    writeLayouts(kept, tr("The layout '%1' has been removed.").arg(name));
-}
-
-void HygResultsView::fillLayouts() {
-    QMenu & menu = *m_layouts->menu();
-    menu.clear();
-    const std::vector<HygResultLayout> all = layouts();
-    for (const HygResultLayout & layout : all)
-        menu.addAction(layout.name, this, [this, layout] { apply(layout); });
-    menu.addSeparator();
-    menu.addAction(tr("Save as…"), this,
-                   [this] { askForLayout(QInputDialog::getText(this, tr("Chart layouts"), tr("Name:")).trimmed()); })
-        ->setEnabled(!m_outputDirectory.isEmpty() && !m_chart->files().empty());
-    QMenu * removal = menu.addMenu(tr("Remove"));
-    removal->setEnabled(!all.empty());
-    for (const HygResultLayout & layout : all)
-        removal->addAction(layout.name, this, [this, name = layout.name] { removeLayout(name); });
-    if (!m_layoutStory->isHidden())
-        menu.addAction(tr("Undo"), this, &HygResultsView::undoLayouts);
 }
 
 void HygResultsView::showEvent(QShowEvent * event) {
@@ -706,10 +520,7 @@ void HygResultsView::retranslate() {
     m_cut->setItemText(HygResultChart::AlongY, tr("vertical cut"));
     for (int direction = 0; direction < m_normal->count(); ++direction)
         m_normal->setItemText(direction, tr("plane across %1").arg(QChar('x' + direction)));
-    m_thresholdLabel->setBuddy(m_threshold);
-    m_threshold->setPlaceholderText(tr("none"));
     showEmptyText();
-    adaptThreshold();
     const TextRow rows[] = {
         {m_addFolder,    tr("Shows the results of any directory beside those of the project")                 },
         {m_addProject,   tr("Shows the results of another project for comparison")                            },
@@ -724,7 +535,6 @@ void HygResultsView::retranslate() {
         {m_plane,        tr("Which plane of the construction is shown")                                       },
         {m_cut,          tr("Values along a line through the field")                                          },
         {m_cutPlace,     tr("Where the cut lies")                                                             },
-        {m_threshold,    tr("A value in the unit shown; a line is drawn there and the share above it is told")},
     };
     for (const TextRow & row : rows) {
         row.widget->setToolTip(row.toolTip);
@@ -732,7 +542,6 @@ void HygResultsView::retranslate() {
     }
     for (std::size_t i = 0; i < m_flags.size(); ++i) {
         m_flags[i]->setText(tr(FLAGS[i].label));
-        m_flags[i]->setToolTip(tr(FLAGS[i].toolTip));
     }
     QPalette colours = m_problems->palette();
     colours.setColor(QPalette::WindowText, QtExt::Palette::color(QtExt::Palette::WARNING_TEXT));

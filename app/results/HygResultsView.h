@@ -8,12 +8,12 @@
 class HygMaterialNotice;
 class HygProjectHandler;
 class HygResultTree;
+class HygThresholdField;
 class HygTimeBar;
 class QAction;
 class QCheckBox;
 class QComboBox;
 class QLabel;
-class QLineEdit;
 class QMenu;
 class QSlider;
 class QSpinBox;
@@ -57,7 +57,7 @@ private:
     void openChosen();
     void takeOptions();
     /// The threshold in the unit that is shown now; of another quantity there is none.
-    void adaptThreshold();
+    void takeThreshold();
     void showEmptyText();
     void showOptions();
     void updateOffers();
@@ -96,9 +96,8 @@ private:
     QLabel * m_planeText;
     QComboBox * m_cut;
     QSlider * m_cutPlace;
-    QLabel * m_thresholdLabel;
-    QLineEdit * m_threshold;
-    QString m_thresholdUnit; ///< in which the threshold is given
+    QLabel * m_cutText;
+    HygThresholdField * m_threshold;
     std::vector<QCheckBox *> m_flags;
     QLabel * m_statistics;
     QLabel * m_problems;

@@ -1,3 +1,5 @@
+#include "ResultTesting.h"
+
 #include "HygSettings.h"
 #include "document/HygProjectHandler.h"
 #include "results/HygAnimation.h"
@@ -36,88 +38,10 @@
 
 namespace {
 
-using DATAIO::DataHeader;
 using testing::DoubleNear;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
-
-/// A project with results: a profile of 4 cells, a plane of 3 x 2 cells and fluxes at its sides.
-class HygResultsTest : public testing::Test {
-protected:
-    HygResultsTest() {
-        KOR::MessageHandlerRegistry::instance().setMessageHandler(&m_quiet);
-        EXPECT_TRUE(QDir(m_directory.path()).mkpath("wall/results"));
-        EXPECT_TRUE(m_projects.createProject(m_directory.filePath("wall.h6p")));
-    }
-    ~HygResultsTest() override { KOR::MessageHandlerRegistry::instance().setMessageHandler(nullptr); }
-
-    QString results(const QString & name) const { return m_directory.filePath("wall/results/") + name; }
-
-    /// Writes a geometry of cells of 10, 20, 30... mm and returns it.
-    DATAIO::GeoFile makeGeometry(const char * name, std::size_t nx, std::size_t ny) {
-        DATAIO::GeoFile geometry;
-        geometry.m_materials = {
-            {1, 0xff336699, "Brick"},
-            {2, 0xff999999, "Wool" }
-        };
-        std::vector<double> x, y;
-        for (std::size_t i = 0; i < nx; ++i)
-            x.push_back(0.01 * static_cast<double>(i + 1));
-        for (std::size_t j = 0; j < ny; ++j)
-            y.push_back(0.01 * static_cast<double>(j + 1));
-        geometry.setGrid({x, y, {1.0}});
-        std::vector<std::uint32_t> materials(nx * ny, 1);
-        materials.back() = 2;
-        geometry.makeTables(materials);
-        geometry.write(results(name).toStdString(), true);
-        return geometry;
-    }
-    DataHeader header(const char * geometry, const char * keyword, const char * unit) const {
-        DataHeader h;
-        h.geoFile = geometry;
-        h.geoFileHash = DATAIO::GeoFile::hash(KOR::readFile(results(geometry).toStdString(), 1 << 20));
-        h.quantity = keyword;
-        h.quantityKeyword = keyword;
-        h.valueUnit = unit;
-        h.timeUnit = "h";
-        h.startYear = 2000;
-        h.created = "2026-01-31 12:00:00";
-        return h;
-    }
-    /// Writes records whose values are f(hour, value).
-    template <typename Function>
-    QString write(const char * name, DataHeader h, int hours, const Function & f, bool binary = true) {
-        DATAIO::DataWriter writer(results(name).toStdString(), h, binary);
-        for (int t = 0; t < hours; ++t) {
-            std::vector<double> values;
-            for (std::size_t i = 0; i < h.valueCount(); ++i)
-                values.push_back(f(t, static_cast<double>(i)));
-            writer.append(t, values);
-        }
-        writer.flush();
-        return results(name);
-    }
-    QString writeProfile(const char * name, const char * keyword, const char * unit, double first) {
-        makeGeometry("profile.h6g", 4, 1);
-        DataHeader h = header("profile.h6g", keyword, unit);
-        h.indices = {0, 1, 2, 3};
-        return write(name, h, 10, [first](double t, double i) { return first + t + 0.1 * i; });
-    }
-    QString writeField() {
-        makeGeometry("plane.h6g", 3, 2);
-        DataHeader h = header("plane.h6g", "Temperature", "C");
-        h.indices = {0, 1, 2, 3, 4, 5};
-        return write("Field.h6b", h, 10, [](double t, double i) { return t + i; });
-    }
-
-    struct : KOR::MessageHandler {
-        void writeConsole(const std::string &, int, bool) override {}
-    } m_quiet;
-    QTemporaryDir m_directory;
-    HygSettings m_settings{"KOR", "HygResultsTest"};
-    HygProjectHandler m_projects;
-};
 
 TEST_F(HygResultsTest, TellsWhenTheGeometryIsNotTheirs) {
     const QString path = writeProfile("Temperature.h6b", "Temperature", "C", 10);
@@ -186,7 +110,139 @@ TEST(HygResultStatistics, FiguresOfCoursesAndPlaces) {
     EXPECT_DOUBLE_EQ(p.mean, 1.5);
     EXPECT_DOUBLE_EQ(p.above / p.weight, 0.25);
     EXPECT_EQ(p.count, 2u);
+    EXPECT_DOUBLE_EQ(p.missing, 5);
     EXPECT_EQ(HygResultStatistics::ofCourse({}, {}, {}).count, 0u);
+    const double none = std::nan("");
+    const auto gaps = HygResultStatistics::ofCourse(std::vector{0.0, 1.0, 2.0, 3.0, 7.0},
+                                                    std::vector{none, 4.0, 2.0, none, none}, 3.0);
+    EXPECT_DOUBLE_EQ(gaps.mean, 3);
+    EXPECT_DOUBLE_EQ(gaps.above, 0.5);
+    EXPECT_DOUBLE_EQ(gaps.missing, 6);
+    EXPECT_DOUBLE_EQ(HygResultStatistics::ofCourse(std::vector{0.0, 1.0}, std::vector{none, 4.0}, {}).mean, 4);
+}
+
+TEST_F(HygResultsTest, WhatHasNoValueIsToldAsSuch) {
+    // Humidity in a plane of 3 x 2 cells, of which the middle one below holds no water, and the last from 5 h on.
+    const auto humidity = [](double t, double i) { return i == 1 || (i == 5 && t >= 5) ? std::nan("") : 40 + t + i; };
+    makeGeometry("plane.h6g", 3, 2);
+    DataHeader plane = header("plane.h6g", "RelativeHumidity", "%");
+    plane.indices = {0, 1, 2, 3, 4, 5};
+    makeGeometry("profile.h6g", 3, 1);
+    DataHeader profile = header("profile.h6g", "RelativeHumidity", "%"), temperature = profile;
+    profile.indices = temperature.indices = {0, 1, 2};
+    temperature.quantityKeyword = "Temperature";
+    temperature.valueUnit = "C";
+    const QString air = write("T.h6b", temperature, 10, [](double, double) { return 20; });
+    HygResultsView view(&m_projects);
+    view.resize(1000, 700);
+    view.show();
+    HygResultChart & chart = view.chart();
+    const QLabel & figures = *view.findChild<QLabel *>("statistics");
+    const auto table = [&] { return chart.csv() + figures.text().toStdString() + chart.problems().toStdString(); };
+    for (const bool binary : {true, false}) {
+        const QString field = write(binary ? "Plane.h6b" : "Plane.h6o", plane, 10, humidity, binary);
+        const QString line = write(binary ? "Line.h6b" : "Line.h6o", profile, 10, humidity, binary);
+        view.tree().refresh();
+        view.tree().choose({field});
+        ASSERT_TRUE(chart.isField());
+        view.findChild<QComboBox *>("cut")->setCurrentIndex(HygResultChart::AlongX);
+        view.findChild<QSlider *>("cutPlace")->setValue(0);
+        for (const char * flag : {"smooth", "isolines"})
+            view.findChild<QCheckBox *>(flag)->setChecked(true);
+        view.findChild<QLineEdit *>("threshold")->setText("47.5");
+        view.timeBar().setIndex(9);
+        // Areas in cm2: 1, 2, 3, 2, 4, 6.
+        EXPECT_THAT(figures.text().toStdString(),
+                    HasSubstr("49 % to 53 %, mean 51.8 %, above 47.5 % in 100 % of the extent, no value in 44.44 %"));
+        EXPECT_EQ(chart.chart().range(SCI::Y_RIGHT).from, 40);
+        EXPECT_EQ(chart.chart().range(SCI::Y_RIGHT).to, 53); // 9 h, (1, 1)
+        EXPECT_EQ(chart.chart().valuesAt(20, 5).value(2), "Relative humidity: no value");
+        EXPECT_EQ(chart.cutChart().valuesAt(20).value(1), "Relative humidity: no value");
+        EXPECT_THAT(table(), HasSubstr("\n0.375,20,5,\n0.375,45,5,51\n"));
+        EXPECT_THAT(table(), HasSubstr("\"Plane, y = 0 mm [%]\"\n0.375,5,49\n0.375,20,\n0.375,45,51\n"));
+        EXPECT_THAT(table(), Not(HasSubstr("nan")));
+        EXPECT_FALSE(chart.image({400, 300}).isNull());
+        view.findChild<QLineEdit *>("threshold")->clear();
+        view.findChild<QComboBox *>("chartMode")->setCurrentIndex(1);
+        view.findChild<QSpinBox *>("place")->setValue(6);
+        EXPECT_THAT(figures.text().toStdString(),
+                    HasSubstr("45 % to 49 %, mean 47 %, no value for 55.56 % of the time"));
+        view.findChild<QSpinBox *>("place")->setValue(2);
+        EXPECT_THAT(figures.text().toStdString(), HasSubstr("Brick: no value"));
+        EXPECT_EQ(chart.chart().placeholder(), "The file holds no values that could be drawn.");
+        view.findChild<QComboBox *>("chartMode")->setCurrentIndex(0);
+
+        view.tree().choose({line, air});
+        view.findChild<QCheckBox *>("dewPoint")->setChecked(true);
+        view.timeBar().setIndex(0);
+        EXPECT_EQ(chart.problems(), "");
+        EXPECT_THAT(table(), HasSubstr("\n0,5,40,20,5.98")); // 20 C and 40 %: 5.98 C by the Magnus formula
+        EXPECT_THAT(table(), HasSubstr("\n0,20,,20,\n"));
+        EXPECT_THAT(table(), Not(HasSubstr("nan")));
+        EXPECT_EQ(chart.chart().valuesAt(20).value(1), "Line: no value");
+        QFile::remove(line);
+        QFile::remove(field);
+    }
+    // Reduced series keep their gaps and what is between them.
+    DataHeader one = profile;
+    one.indices = {0};
+    constexpr int COUNT = 3 * static_cast<int>(HygResultFile::MAX_POINTS);
+    const auto values =
+        HygResultFile::readSeries(
+            write("Long.h6b", one, COUNT,
+                  [](int t, double) {
+                      return t % 7 == 0 ? std::nan("") : t == 12346 ? 99.0 : t == 100000 ? -99.0 : std::sin(t);
+                  }),
+            0, false)
+            .values;
+    EXPECT_EQ(std::count(values.begin(), values.end(), 99), 1);
+    EXPECT_EQ(std::count(values.begin(), values.end(), -99), 1);
+    EXPECT_GT(std::count_if(values.begin(), values.end(), [](double v) { return std::isnan(v); }), 1000);
+}
+
+TEST_F(HygResultsTest, WhatAQuantityHasNotIsNotOffered) {
+    makeGeometry("profile.h6g", 4, 1);
+    DataHeader h = header("profile.h6g", "Temperature", "C");
+    h.indices = {3};
+    const QString temperature = write("T.h6b", h, 10, [](double, double) { return 20; });
+    h.quantityKeyword = "MoistureMass";
+    h.valueUnit = "kg";
+    const QString mass = write("Mass.h6b", h, 10, [](double t, double) { return t; });
+    HygResultsView view(&m_projects);
+    const auto & dewPoint = *view.findChild<QCheckBox *>("dewPoint");
+    const auto & mould = *view.findChild<QCheckBox *>("mouldLimit");
+    const auto offers = [&](const QStringList & files) {
+        view.tree().choose(files);
+        return std::pair(dewPoint.isEnabled(), mould.isEnabled());
+    };
+    EXPECT_EQ(offers({mass}), std::pair(false, false));
+    EXPECT_THAT(dewPoint.toolTip().toStdString(), HasSubstr("belongs to temperatures"));
+    EXPECT_THAT(mould.toolTip().toStdString(), HasSubstr("belongs to relative humidities"));
+    EXPECT_EQ(offers({temperature}), std::pair(false, false));
+    EXPECT_THAT(dewPoint.toolTip().toStdString(), HasSubstr("of the same places"));
+    // The mean of the same place, some records behind or ahead; not of another place, an extreme or another time.
+    h.quantityKeyword = "RelativeHumidity";
+    h.valueUnit = "%";
+    h.spaceType = DataHeader::SPACE_MEAN;
+    const auto humidity = [](double, double) { return 50; };
+    DataHeader others[] = {h, h, h};
+    others[0].indices = {2};
+    others[1].timeType = DataHeader::TIME_MAX;
+    others[2].indices = {3, 2};
+    others[2].spaceType = DataHeader::SPACE_MAX;
+    for (const DataHeader & other : others) {
+        const QString path = write("Other.h6b", other, 10, humidity);
+        view.tree().refresh();
+        EXPECT_EQ(offers({path}), std::pair(false, true));
+        EXPECT_EQ(offers({temperature}), std::pair(false, false));
+        QFile::remove(path);
+    }
+    const QString same = write("Same.h6b", h, 8, humidity);
+    view.tree().refresh();
+    EXPECT_EQ(offers({temperature}), std::pair(true, false));
+    view.findChild<QCheckBox *>("dewPoint")->setChecked(true);
+    EXPECT_THAT(view.chart().csv(), HasSubstr("\n0,20,0,9.2")); // 20 C and 50 %: 9.27 C
+    EXPECT_EQ(view.chart().problems(), "");
 }
 
 TEST_F(HygResultsTest, MeasuredTablesOfManyKinds) {
@@ -355,6 +411,47 @@ TEST_F(HygResultsTest, AThresholdBelongsToItsQuantity) {
     view.tree().choose({humidity});
     EXPECT_EQ(threshold.text(), "");
     EXPECT_FALSE(view.chart().options().threshold);
+    threshold.setText("abc"); // goes with the file
+    view.tree().choose({temperature});
+    EXPECT_EQ(threshold.text(), "");
+    EXPECT_EQ(threshold.palette().color(QPalette::Base), QPalette().color(QPalette::Base));
+}
+
+TEST_F(HygResultsTest, LimitsBesideTheValuesAreSeenOrTold) {
+    const QString temperature = writeProfile("Temperature.h6b", "Temperature", "C", 10);
+    HygResultsView view(&m_projects);
+    view.tree().choose({temperature});
+    auto & threshold = *view.findChild<QLineEdit *>("threshold");
+    SCI::Chart & chart = view.chart().chart();
+    for (const int mode : {0, 1}) {
+        view.findChild<QComboBox *>("chartMode")->setCurrentIndex(mode);
+        const SCI::Range before = chart.range(SCI::Y_LEFT);
+        for (const double limit : {25.0, -5.0}) {
+            threshold.setText(QString::number(limit));
+            EXPECT_LT(chart.range(SCI::Y_LEFT).from, std::min(before.from + 1, limit));
+            EXPECT_GT(chart.range(SCI::Y_LEFT).to, std::max(before.to - 1, limit));
+            EXPECT_EQ(view.chart().problems(), "");
+        }
+        threshold.setText("5000");
+        EXPECT_EQ(chart.range(SCI::Y_LEFT), before);
+        EXPECT_THAT(view.chart().problems().toStdString(), HasSubstr("5000 °C lies far from the values"));
+        threshold.setText("25");
+        view.findChild<QComboBox *>("unit")->setCurrentText("K");
+        EXPECT_GT(chart.range(SCI::Y_LEFT).to, 298.15);
+        chart.setRange(SCI::Y_LEFT, {285, 286}); // a look at a part stays
+        view.chart().refresh();
+        threshold.setText("299");
+        view.findChild<QComboBox *>("unit")->setCurrentText("°C");
+        threshold.clear();
+        chart.showAll();
+        EXPECT_NEAR(chart.range(SCI::Y_LEFT).to, before.to, 1);
+    }
+    // Of another project neither unit nor threshold are kept.
+    view.findChild<QComboBox *>("unit")->setCurrentText("K");
+    threshold.setText("291.5");
+    ASSERT_TRUE(m_projects.createProject(m_directory.filePath("other.h6p")));
+    EXPECT_EQ(threshold.text(), "");
+    EXPECT_EQ(view.chart().options().unit, "");
 }
 
 TEST_F(HygResultsTest, TheScaleIsTheSameAtAllTimes) {
@@ -501,6 +598,13 @@ TEST_F(HygResultsTest, TheTreeTellsQuantityKindAndTimes) {
     EXPECT_EQ(text("Humidity"), "Relative humidity [%], profile × 10");
     EXPECT_EQ(view.tree().findItems("Humidity", Qt::MatchRecursive)[0]->toolTip(2),
               "Relative humidity [%]\nprofile, 10 time(s)");
+    // A file that grows, as the run does.
+    view.show();
+    const DataHeader written = HygResultFile(results("Humidity.h6b")).header();
+    auto writer = DATAIO::DataWriter::resume(results("Humidity.h6b").toStdString(), written, 9);
+    writer.append(10, std::vector<double>(4, 1.0));
+    writer.flush();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return text("Humidity") == "Relative humidity [%], profile × 11"; }));
 }
 
 TEST_F(HygResultsTest, ACutStandsBelowTheFieldWithItsLayers) {
@@ -521,6 +625,15 @@ TEST_F(HygResultsTest, ACutStandsBelowTheFieldWithItsLayers) {
     EXPECT_EQ(field.range(SCI::X_BOTTOM), cut.range(SCI::X_BOTTOM));
     field.setRange(SCI::X_BOTTOM, {10, 30}); // a look at a part
     EXPECT_EQ(field.range(SCI::X_BOTTOM), cut.range(SCI::X_BOTTOM));
+    EXPECT_EQ(view.findChild<QLabel *>("cutText")->text(), "y = 15 mm");
+    // A vertical one shows the height of the field and no more.
+    field.showAll();
+    view.findChild<QComboBox *>("cut")->setCurrentIndex(HygResultChart::AlongY);
+    QCoreApplication::processEvents();
+    EXPECT_NEAR(cut.range(SCI::X_BOTTOM).from, 0, 1e-9);
+    EXPECT_NEAR(cut.range(SCI::X_BOTTOM).to, 30, 1e-9);
+    EXPECT_EQ(cut.range(SCI::Y_LEFT), field.range(SCI::Y_RIGHT));
+    EXPECT_EQ(view.findChild<QLabel *>("cutText")->text(), "x = 30 mm");
 }
 
 TEST_F(HygResultsTest, LargeFilesShowSomeAtOnceAndAllOfTheirRange) {
@@ -625,6 +738,15 @@ TEST_F(HygResultsTest, ExportsPicturesTablesAndAnimations) {
     EXPECT_EQ(withCut.size(), alone.size());
     const QRect lower(0, alone.height() * 7 / 10, alone.width(), alone.height() / 5);
     EXPECT_NE(withCut.copy(lower), alone.copy(lower)); // where the cut stands
+    EXPECT_TRUE(view.exportChart(m_directory.filePath("chart.svg")));
+    const std::string svg = KOR::readFile(m_directory.filePath("chart.svg").toStdString(), 1 << 24);
+    const auto first = svg.find(">x [mm]<");
+    EXPECT_NE(first, std::string::npos);
+    EXPECT_NE(svg.find(">x [mm]<", first + 1), std::string::npos);
+    EXPECT_TRUE(view.exportChart(m_directory.filePath("chart.pdf")));
+    EXPECT_TRUE(view.exportChart(m_directory.filePath("chart.csv")));
+    EXPECT_THAT(KOR::readFile(m_directory.filePath("chart.csv").toStdString(), 1 << 20),
+                HasSubstr("\n\nTime [d],x [mm],\"Field, y = 15 mm [°C]\"\n0.166666666666667,5,7\n"));
     view.findChild<QComboBox *>("cut")->setCurrentIndex(HygResultChart::NoCut);
     EXPECT_TRUE(view.exportChart(m_directory.filePath("chart.csv")));
     for (const QString & format : HygAnimation::formats()) {

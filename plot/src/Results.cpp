@@ -262,10 +262,11 @@ void addProfiles(SCI::Chart & chart, Results & results, const Arguments & argume
 }
 
 void addMap(SCI::Chart & chart, std::vector<double> xEdges, std::vector<double> yEdges, std::vector<double> values,
-            const Arguments & arguments) {
+            std::vector<bool> isThere, const Arguments & arguments) {
     SCI::GridStyle style;
     style.hasIsolines = !arguments.isPlain;
-    chart.addGrid(std::make_shared<Cells>(std::move(xEdges), std::move(yEdges), std::move(values)), style);
+    chart.addGrid(std::make_shared<Cells>(std::move(xEdges), std::move(yEdges), std::move(values), std::move(isThere)),
+                  style);
 }
 
 void checkCells(std::size_t columns, std::size_t rows) {
@@ -281,6 +282,7 @@ void addTimeMap(SCI::Chart & chart, Results & results, const Arguments & argumen
     const std::vector<double> & times = results.file.timePoints();
     checkCells(times.size(), centres.size());
     std::vector<double> values(times.size() * centres.size(), std::numeric_limits<double>::quiet_NaN());
+    std::vector<bool> isThere(values.size(), false);
     std::vector<std::size_t> rows;
     for (std::size_t k = 0; k < results.header().indices.size(); ++k)
         rows.push_back(static_cast<std::size_t>(
@@ -288,10 +290,13 @@ void addTimeMap(SCI::Chart & chart, Results & results, const Arguments & argumen
             centres.begin()));
     for (std::size_t i = 0; i < times.size(); ++i) {
         const std::vector<double> record = results.file.data(i);
-        for (std::size_t k = 0; k < record.size(); ++k)
+        for (std::size_t k = 0; k < record.size(); ++k) {
             values[rows[k] * times.size() + i] = record[k];
+            isThere[rows[k] * times.size() + i] = true;
+        }
     }
-    addMap(chart, edges(times, {}), edges(centres, gridEdges(results, direction)), std::move(values), arguments);
+    addMap(chart, edges(times, {}), edges(centres, gridEdges(results, direction)), std::move(values),
+           std::move(isThere), arguments);
 }
 
 /// A plane at one time.
@@ -305,16 +310,19 @@ void addPlane(SCI::Chart & chart, Results & results, const Arguments & arguments
         arguments.times.empty() ? results.file.timeCount() - 1 : recordAt(results, arguments.times.front());
     const std::vector<double> data = results.file.data(record);
     std::vector<double> values(xs.size() * ys.size(), std::numeric_limits<double>::quiet_NaN());
+    std::vector<bool> isThere(values.size(), false);
     const auto index = [](const std::vector<double> & all, double value) {
         return static_cast<std::size_t>(std::lower_bound(all.begin(), all.end(), value) - all.begin());
     };
     for (std::size_t k = 0; k < data.size(); ++k) {
         const auto at = results.place(k);
-        values[index(ys, at[static_cast<std::size_t>(second)]) * xs.size() +
-               index(xs, at[static_cast<std::size_t>(first)])] = data[k];
+        const std::size_t cell = index(ys, at[static_cast<std::size_t>(second)]) * xs.size() +
+                                 index(xs, at[static_cast<std::size_t>(first)]);
+        values[cell] = data[k];
+        isThere[cell] = true;
     }
     addMap(chart, edges(xs, gridEdges(results, first)), edges(ys, gridEdges(results, second)), std::move(values),
-           arguments);
+           std::move(isThere), arguments);
     chart.setTitle(QStringLiteral("%1, %2").arg(translated(results.header().quantity), timeName(results, record)));
 }
 

@@ -112,6 +112,12 @@ public:
     QByteArray picture(format_t format, const QSize & size, double scale = 1) const;
     /// Writes png, svg or pdf, by the name's extension, atomically. Throws KOR::Exception ("[Chart::writePicture]").
     void writePicture(const QString & path, const QSize & size, double scale = 1) const;
+    /// Draws several charts into one picture. The painter's device is as large as the rectangle.
+    using Drawing = std::function<void(QPainter & painter, const QRectF & rectangle)>;
+    static QByteArray picture(format_t format, const QSize & size, double scale, const QString & title,
+                              const Drawing & draw);
+    static void writePicture(const QString & path, const QSize & size, double scale, const QString & title,
+                             const Drawing & draw);
     /// The visible series as a table in the shown units, with points as decimal marks. Throws KOR::Exception beyond
     /// 1 GiB ("[Chart::csv]").
     std::string csv(char separator = ',') const;

@@ -115,11 +115,13 @@ void Chart::align(Chart & upper, Chart & lower, const QSize & upperSize, const Q
     Plot & second = *lower.m->plot;
     first.setIndent(0, 0);
     second.setIndent(0, 0);
-    const auto [firstLeft, firstRight] = first.sides(upperSize);
-    const auto [secondLeft, secondRight] = second.sides(lowerSize);
-    const double left = std::max(firstLeft, secondLeft), right = std::max(firstRight, secondRight);
-    first.setIndent(left - firstLeft, right - firstRight);
-    second.setIndent(left - secondLeft, right - secondRight);
+    for (int pass = 0; pass < 2; ++pass) { // whole pixels: the second pass takes what the first left
+        const auto [firstLeft, firstRight] = first.sides(upperSize);
+        const auto [secondLeft, secondRight] = second.sides(lowerSize);
+        const double left = std::max(firstLeft, secondLeft), right = std::max(firstRight, secondRight);
+        first.setIndent(first.indentLeft() + left - firstLeft, first.indentRight() + right - firstRight);
+        second.setIndent(second.indentLeft() + left - secondLeft, second.indentRight() + right - secondRight);
+    }
     for (Chart * chart : {&upper, &lower}) {
         chart->m->plot->fit(chart->size());
         chart->m->plot->replot();

@@ -7,9 +7,11 @@
 #include <qwt_color_map.h>
 #include <qwt_graphic.h>
 #include <qwt_interval.h>
+#include <qwt_legend_data.h>
 #include <qwt_scale_draw.h>
 #include <qwt_scale_engine.h>
 #include <qwt_scale_widget.h>
+#include <qwt_text.h>
 
 #include <cmath>
 #include <cstring>
@@ -18,7 +20,9 @@ namespace SCI {
 
 namespace {
 
-constexpr int MAX_PIXELS = 20000; ///< in one direction of a picture
+constexpr int MAX_PIXELS = 20000;    ///< in one direction of a picture
+constexpr double HATCH_DISTANCE = 8; ///< along an axis [px]
+constexpr int HATCHED = 1;           ///< entry of the legend
 
 /// Our colours for the bar beside the axis, by the axis's own scale.
 class BarColors : public QwtColorMap {
@@ -51,12 +55,26 @@ GridItem::GridItem(std::shared_ptr<const GridModel> model, const GridStyle & sty
     : SeriesItem(style, number), m_model(std::move(model)), m_style(style) {
     setRenderHint(QwtPlotItem::RenderAntialiased, false);
     setLegendIconSize(QSize(26, 12));
-    setZ(12); // the colours hide the lines of the ticks
+    setItemAttribute(QwtPlotItem::Legend, true); // of cells without a value, whether it has a title or not
+    setZ(12);                                    // the colours hide the lines of the ticks
 }
 
 void GridItem::forgetBounds() {
     SeriesItem::forgetBounds();
     m_values.reset();
+    const std::optional<bool> before = std::exchange(m_hasHatching, std::nullopt);
+    if (before && *before != hasHatching())
+        legendChanged();
+}
+
+bool GridItem::hasHatching() const {
+    if (!m_hasHatching) {
+        m_hasHatching = false;
+        for (std::size_t j = 0; j < m_model->rows() && !*m_hasHatching; ++j)
+            for (std::size_t i = 0; i < m_model->columns() && !*m_hasHatching; ++i)
+                m_hasHatching = m_model->isWithoutValue(i, j);
+    }
+    return *m_hasHatching;
 }
 
 Bounds GridItem::allBounds() const {
@@ -101,7 +119,7 @@ void GridItem::showColorBar(Plot & plot) const {
     bar->setColorMap(QwtInterval(range.from, range.to), new BarColors(m_style.map, colorMap()));
 }
 
-double GridItem::valueAt(double x, double y) const {
+std::optional<std::pair<std::size_t, std::size_t>> GridItem::cellAt(double x, double y) const {
     const auto cell = [](double v, std::size_t n, const auto & edge) {
         std::size_t first = 0;
         std::size_t last = n;
@@ -115,8 +133,9 @@ double GridItem::valueAt(double x, double y) const {
     };
     const std::size_t i = cell(x, m_model->columns(), [this](std::size_t k) { return m_model->xEdge(k); });
     const std::size_t j = cell(y, m_model->rows(), [this](std::size_t k) { return m_model->yEdge(k); });
-    return i < m_model->columns() && j < m_model->rows() ? m_model->value(i, j)
-                                                         : std::numeric_limits<double>::quiet_NaN();
+    if (i >= m_model->columns() || j >= m_model->rows())
+        return std::nullopt;
+    return std::pair(i, j);
 }
 
 template <typename Edge>
@@ -134,8 +153,10 @@ GridItem::Sampling GridItem::sampling(const PixelScale & scale, const Edge & edg
     if (!(end > begin) || count <= 0)
         return result;
     result.cell.resize(static_cast<std::size_t>(count));
-    if (m_style.isSmooth)
+    if (m_style.isSmooth) {
         result.share.resize(static_cast<std::size_t>(count));
+        result.isNext.resize(static_cast<std::size_t>(count));
+    }
     const auto centre = [&edge](std::size_t i) { return (edge(i) + edge(i + 1)) / 2; };
     // Pixels are walked along rising values.
     const bool isRising = b >= a;
@@ -151,6 +172,7 @@ GridItem::Sampling GridItem::sampling(const PixelScale & scale, const Edge & edg
             continue;
         const std::size_t lower = cell > 0 && value < centre(cell) ? cell - 1 : cell;
         result.cell[at] = lower;
+        result.isNext[at] = lower < cell;
         result.share[at] =
             lower + 1 < cells ? std::clamp((value - centre(lower)) / (centre(lower + 1) - centre(lower)), 0.0, 1.0) : 0;
     }
@@ -163,21 +185,20 @@ double GridItem::sample(const Sampling & x, std::size_t i, const Sampling & y, s
     // Of four cells; those without a value leave the others their weight, but a hole keeps its shape.
     const double right = x.share[i];
     const double up = y.share[j];
-    const bool isNearRight = right >= 0.5;
-    const bool isNearUp = up >= 0.5;
     double sum = 0;
     double weight = 0;
     for (int k = 0; k < 4; ++k) {
         const bool isRight = (k & 1) != 0;
         const bool isUp = (k & 2) != 0;
         const double w = (isRight ? right : 1 - right) * (isUp ? up : 1 - up);
-        if (w == 0)
+        const bool isOwn = isRight == x.isNext[i] && isUp == y.isNext[j];
+        if (w == 0 && !isOwn)
             continue;
         const double v = m_model->value(x.cell[i] + (isRight ? 1 : 0), y.cell[j] + (isUp ? 1 : 0));
         if (!std::isnan(v)) {
             sum += w * v;
             weight += w;
-        } else if (isRight == isNearRight && isUp == isNearUp) {
+        } else if (isOwn) {
             return v;
         }
     }
@@ -237,8 +258,69 @@ void GridItem::draw(QPainter * painter, const QwtScaleMap & xMap, const QwtScale
     painter->drawImage(QRectF(across.first / resolution, down.first / resolution, image.width() / resolution,
                               image.height() / resolution),
                        image);
+    if (hasHatching())
+        drawHatching(*painter, x, y, canvas, resolution);
     if (m_style.hasIsolines)
         drawIsolines(*painter, x, y, canvas);
+}
+
+namespace {
+
+/// Grey with lines to the upper right, which go on from one rectangle to the next. Line by line, since not every format
+/// of pictures has patterns.
+void hatch(QPainter & painter, const QRectF & box, const Theme & theme) {
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.fillRect(box, theme.hatching);
+    std::vector<QLineF> lines;
+    const double first = std::ceil((box.left() + box.top()) / HATCH_DISTANCE) * HATCH_DISTANCE;
+    for (double sum = first; sum < box.right() + box.bottom(); sum += HATCH_DISTANCE) { // where x + y is the same
+        const double left = std::max(box.left(), sum - box.bottom()), right = std::min(box.right(), sum - box.top());
+        lines.emplace_back(left, sum - left, right, sum - right);
+    }
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    painter.setPen(QPen(theme.mutedText, 1));
+    painter.drawLines(lines.data(), static_cast<int>(lines.size()));
+}
+
+} // namespace
+
+void GridItem::drawHatching(QPainter & painter, const PixelScale & x, const PixelScale & y, const QRectF & canvas,
+                            double resolution) const {
+    // Cells on the canvas that are seen, with the pixels of their edges.
+    struct Span {
+        std::size_t cell;
+        double from, to;
+    };
+    const auto spans = [resolution](std::size_t cells, const auto & pixelOf, double low, double high) {
+        std::vector<Span> all;
+        for (std::size_t i = 0; i < cells; ++i) {
+            const double a = std::round(std::clamp(pixelOf(i), low, high) * resolution) / resolution;
+            const double b = std::round(std::clamp(pixelOf(i + 1), low, high) * resolution) / resolution;
+            if (a != b)
+                all.push_back({i, std::min(a, b), std::max(a, b)});
+        }
+        return all;
+    };
+    const auto across = spans(
+        m_model->columns(), [&](std::size_t i) { return x.pixel(m_model->xEdge(i)); }, canvas.left(),
+        canvas.right() + 1);
+    const auto down = spans(
+        m_model->rows(), [&](std::size_t j) { return y.pixel(m_model->yEdge(j)); }, canvas.top(), canvas.bottom() + 1);
+    painter.save();
+    for (const Span & row : down)
+        for (std::size_t i = 0; i < across.size();) {
+            if (!m_model->isWithoutValue(across[i].cell, row.cell)) {
+                ++i;
+                continue;
+            }
+            const std::size_t first = i;
+            while (i < across.size() && m_model->isWithoutValue(across[i].cell, row.cell))
+                ++i;
+            const double left = std::min(across[first].from, across[i - 1].from);
+            const double right = std::max(across[first].to, across[i - 1].to);
+            hatch(painter, QRectF(left, row.from, right - left, row.to - row.from), chartPlot().theme());
+        }
+    painter.restore();
 }
 
 std::vector<double> GridItem::levels() const {
@@ -282,7 +364,31 @@ void GridItem::drawIsolines(QPainter & painter, const PixelScale & x, const Pixe
     }
 }
 
-QwtGraphic GridItem::legendIcon(int, const QSizeF & size) const {
+QList<QwtLegendData> GridItem::legendData() const {
+    QList<QwtLegendData> all;
+    if (!title().text().isEmpty())
+        all = SeriesItem::legendData();
+    if (plot() != nullptr && hasHatching()) {
+        QwtText text(Plot::tr("no value"), QwtText::PlainText);
+        text.setFont(chartPlot().font());
+        text.setColor(chartPlot().theme().text);
+        QwtLegendData hatched;
+        hatched.setValue(QwtLegendData::TitleRole, QVariant::fromValue(text));
+        hatched.setValue(QwtLegendData::ModeRole, QwtLegendData::ReadOnly);
+        hatched.setValue(QwtLegendData::IconRole, QVariant::fromValue(legendIcon(HATCHED, legendIconSize())));
+        all << hatched;
+    }
+    return all;
+}
+
+QwtGraphic GridItem::legendIcon(int index, const QSizeF & size) const {
+    if (index == HATCHED) {
+        QwtGraphic icon;
+        icon.setDefaultSize(size);
+        QPainter painter(&icon);
+        hatch(painter, QRectF(QPointF(0, 0), size), chartPlot().theme());
+        return icon;
+    }
     QLinearGradient gradient(0, 0, size.width(), 0);
     const ColorMap colors(m_style.map);
     for (int i = 0; i <= 8; ++i)

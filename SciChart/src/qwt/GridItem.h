@@ -25,8 +25,11 @@ public:
     void showColorBar(Plot & plot) const;
     /// The values on the isolines that were drawn last, for above all series.
     const std::vector<IsolineLabel> & labels() const { return m_labels; }
-    /// The value of the cell at a place in data units; NaN outside.
-    double valueAt(double x, double y) const;
+    /// The cell at a place in data units, as column and row; nothing outside.
+    std::optional<std::pair<std::size_t, std::size_t>> cellAt(double x, double y) const;
+    /// Whether there are cells without a value, which the legend explains.
+    bool hasHatching() const;
+    QList<QwtLegendData> legendData() const override;
 
 protected:
     Bounds allBounds() const override;
@@ -37,6 +40,7 @@ private:
     struct Sampling {
         std::vector<std::size_t> cell; ///< a pixel's cell; with interpolation the lower of two
         std::vector<double> share;     ///< of the next cell; empty without interpolation
+        std::vector<bool> isNext;      ///< whether the pixel lies in the next cell; empty without interpolation
         int first = 0;                 ///< pixel of entry 0
     };
     template <typename Edge>
@@ -45,12 +49,15 @@ private:
     QwtScaleMap colorMap() const;
     double sample(const Sampling & x, std::size_t i, const Sampling & y, std::size_t j) const;
     QImage picture(const Sampling & x, const Sampling & y) const;
+    void drawHatching(QPainter & painter, const PixelScale & x, const PixelScale & y, const QRectF & canvas,
+                      double resolution) const;
     std::vector<double> levels() const;
     void drawIsolines(QPainter & painter, const PixelScale & x, const PixelScale & y, const QRectF & canvas) const;
 
     std::shared_ptr<const GridModel> m_model;
     GridStyle m_style;
     mutable std::optional<std::pair<double, double>> m_values;
+    mutable std::optional<bool> m_hasHatching;
     mutable std::vector<IsolineLabel> m_labels;
 };
 

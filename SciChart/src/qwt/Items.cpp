@@ -145,12 +145,13 @@ void LineItem::draw(QPainter * painter, const QwtScaleMap & xMap, const QwtScale
     painter->setRenderHint(QPainter::Antialiasing, !isDense);
     const QRectF clip = canvas.adjusted(-100, -100, 100, 100);
     QPolygonF line;
+    std::vector<QPointF> lonely; // between two gaps
     // Filling the outline of a line that goes to and fro takes time with the square of its points.
     const bool isInPieces = !isDense && linePen.style() == Qt::SolidLine && painter->paintEngine() != nullptr &&
                             painter->paintEngine()->type() == QPaintEngine::Raster;
     const auto drawLine = [&] {
         if (line.size() == 1) {
-            painter->drawPoint(line.first());
+            lonely.push_back(line.first());
         } else if (line.size() > 1) {
             const QPolygonF clipped = QwtClipper::clipPolygonF(clip, line, false);
             const int piece = isInPieces ? PIECE : std::max(PIECE, clipped.size());
@@ -178,6 +179,10 @@ void LineItem::draw(QPainter * painter, const QwtScaleMap & xMap, const QwtScale
             marks.push_back(point);
     }
     drawLine();
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(color());
+    for (const QPointF & point : lonely)
+        painter->drawEllipse(point, linePen.widthF(), linePen.widthF());
     // Points without a line are all there is to see.
     if (m_style.pen != Qt::NoPen && static_cast<double>(marks.size()) * MARK_DISTANCE > canvas.width())
         return;

@@ -20,28 +20,34 @@ constexpr double WHEEL_STEP = 0.8; ///< of the range that is left after one clic
 constexpr double KEY_STEP = 0.1;   ///< of the canvas that an arrow key moves
 constexpr int SMALLEST_DRAG = 8;   ///< less in one direction zooms along the other only [px]
 constexpr std::size_t MAX_HISTORY = 100;
+constexpr double GAP = std::numeric_limits<double>::quiet_NaN();
 constexpr qint64 BURST_MS = 800; ///< longer pauses begin another step of the history
 
 bool isHorizontal(axis_t id) {
     return id == X_BOTTOM || id == X_TOP;
 }
 
-/// The y pixel of the drawn line at an x pixel; nothing beside the series and in gaps.
+/// The y pixel of the drawn line at an x pixel; nothing beside the series, NaN in gaps.
 std::optional<double> lineAt(const PointModel & points, const PixelScale & x, const PixelScale & y, double pixel) {
     if (!points.isSorted() || points.count() == 0)
         return std::nullopt;
+    const auto known = [](double place, bool isGap) -> std::optional<double> {
+        if (isGap)
+            return GAP;
+        return std::isfinite(place) ? std::optional(place) : std::nullopt; // a 0 lies nowhere on a logarithmic axis
+    };
     const std::size_t i = lowerIndex(points, x.value(pixel));
     if (i == points.count())
         return std::nullopt;
     const QPointF right(x.pixel(points.x(i)), y.pixel(points.y(i)));
     if (std::abs(right.x() - pixel) < 1e-6)
-        return std::isfinite(right.y()) ? std::optional(right.y()) : std::nullopt;
+        return known(right.y(), std::isnan(points.y(i)));
     if (i == 0)
         return std::nullopt;
     const QPointF left(x.pixel(points.x(i - 1)), y.pixel(points.y(i - 1)));
     const double share = (pixel - left.x()) / (right.x() - left.x());
     const double place = left.y() + share * (right.y() - left.y());
-    return std::isfinite(place) ? std::optional(place) : std::nullopt;
+    return known(place, std::isnan(points.y(i)) || std::isnan(points.y(i - 1)));
 }
 
 QString withUnit(const Plot & plot, axis_t axis, double shown) {
@@ -58,6 +64,9 @@ QStringList valuesAtPixel(const Plot & plot, const QPointF & pixel) {
         return name.isEmpty() ? withUnit(plot, axis, shown)
                               : QStringLiteral("%1: %2").arg(name, withUnit(plot, axis, shown));
     };
+    const auto noValue = [](const QString & name) {
+        return name.isEmpty() ? Plot::tr("no value") : QStringLiteral("%1: %2").arg(name, Plot::tr("no value"));
+    };
     QStringList lines;
     lines << line(plot.state(X_BOTTOM).axis.title, X_BOTTOM, plot.canvasMap(X_BOTTOM).invTransform(pixel.x()));
     for (const QwtPlotItem * item : plot.itemList()) {
@@ -70,16 +79,23 @@ QStringList valuesAtPixel(const Plot & plot, const QPointF & pixel) {
         const PixelScale y{plot.state(series->yId()).unit, yMap};
         QString name = series->title().text();
         if (const auto * grid = dynamic_cast<const GridItem *>(series)) {
-            const double value = grid->valueAt(x.value(pixel.x()), y.value(pixel.y()));
             const axis_t axis = grid->colorAxis();
             lines << line(plot.state(series->yId()).axis.title, series->yId(), yMap.invTransform(pixel.y()));
-            lines << line(name.isEmpty() ? plot.state(axis).axis.title : name, axis,
-                          plot.state(axis).unit.shown(value));
+            const auto cell = grid->cellAt(x.value(pixel.x()), y.value(pixel.y()));
+            if (!cell)
+                continue;
+            if (name.isEmpty())
+                name = plot.state(axis).axis.title;
+            const double value = grid->grid().value(cell->first, cell->second);
+            if (std::isfinite(value))
+                lines << line(name, axis, plot.state(axis).unit.shown(value));
+            else if (grid->grid().isWithoutValue(cell->first, cell->second))
+                lines << noValue(name);
         } else if (const PointModel * points = series->points()) {
             if (name.isEmpty())
                 name = plot.state(series->yId()).axis.title;
             if (const auto at = lineAt(*points, x, y, pixel.x()))
-                lines << line(name, series->yId(), yMap.invTransform(*at));
+                lines << (std::isfinite(*at) ? line(name, series->yId(), yMap.invTransform(*at)) : noValue(name));
         }
     }
     return lines;
